@@ -1,0 +1,37 @@
+// Pixels in memory, independent of any display.
+#pragma once
+
+#include "toolkit/geometry/QsdRect.h"
+
+#include <cstdint>
+
+/// A colour of 8-bit components.
+struct QsdRGB {
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+
+    friend bool operator==(const QsdRGB&, const QsdRGB&) = default;
+};
+
+/// A rectangle of pixels that can be read and written one by one and in areas.
+class QsdBitmapData {
+public:
+    virtual ~QsdBitmapData() = default;
+
+    [[nodiscard]] std::uint32_t width() const { return _width; }
+    [[nodiscard]] std::uint32_t height() const { return _height; }
+    /// The pixel at column `x` of row `y`; black outside.
+    [[nodiscard]] virtual QsdRGB pixel(std::uint32_t x, std::uint32_t y) const = 0;
+    /// Changes a pixel; outside nothing happens.
+    virtual void setPixel(std::uint32_t x, std::uint32_t y, QsdRGB color) = 0;
+    /// Copies the area `from` of `source` to `to`, as far as both have pixels there.
+    virtual void copy(const QsdBitmapData& source, const QsdRect& from, const QsdPoint& to);
+
+protected:
+    QsdBitmapData(std::uint32_t width, std::uint32_t height) : _width(width), _height(height) {}
+
+private:
+    std::uint32_t _width;
+    std::uint32_t _height;
+};

@@ -1,0 +1,21 @@
+// Colours.
+#pragma once
+
+#include "toolkit/graphics/QsdResource.h"
+
+#include <cstdint>
+
+/// An unchanging colour of three 16-bit components (0 to 65535).
+class QsdColor : public QsdResource {
+public:
+    QsdColor(std::uint16_t red, std::uint16_t green, std::uint16_t blue) : _red(red), _green(green), _blue(blue) {}
+
+    [[nodiscard]] std::uint16_t red() const { return _red; }
+    [[nodiscard]] std::uint16_t green() const { return _green; }
+    [[nodiscard]] std::uint16_t blue() const { return _blue; }
+
+private:
+    std::uint16_t _red;
+    std::uint16_t _green;
+    std::uint16_t _blue;
+};

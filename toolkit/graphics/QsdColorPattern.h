@@ -1,0 +1,29 @@
+// Coloured fill patterns.
+#pragma once
+
+#include "toolkit/graphics/QsdResource.h"
+
+#include <cstdint>
+#include <vector>
+
+/// An unchanging tile of pixels in the layout of a display's image data: at a depth of 1 eight pixels a byte, up to 8
+/// one colour table index a byte, above 8 four bytes a pixel with red, green and blue in bytes 1 to 3.
+/// QsdDisplay::createColorPattern makes one that suits a display.
+class QsdColorPattern : public QsdResource {
+public:
+    /// Copies `size` bytes of `data`: `height` rows of size / height bytes. Width and height from 1.
+    QsdColorPattern(std::uint16_t width, std::uint16_t height, std::uint16_t depth, const unsigned char* data,
+                    unsigned long size);
+
+    [[nodiscard]] std::uint16_t width() const { return _width; }
+    [[nodiscard]] std::uint16_t height() const { return _height; }
+    [[nodiscard]] std::uint16_t depth() const { return _depth; }
+    /// A new copy of the pixels; `size` is set to their length in bytes. Release it with QsFree.
+    [[nodiscard]] unsigned char* getBitmapData(unsigned long& size) const;
+
+private:
+    std::uint16_t _width;
+    std::uint16_t _height;
+    std::uint16_t _depth;
+    std::vector<unsigned char> _data;
+};

@@ -1,0 +1,26 @@
+// Direct colour pixels in memory.
+#pragma once
+
+#include "toolkit/graphics/QsdBitmapData.h"
+
+#include <vector>
+
+/// Pixels of four bytes, an unused one and red, green and blue, row by row without padding.
+class QsdRGBBitmapData : public QsdBitmapData {
+public:
+    /// Black pixels. Throws std::bad_alloc when there is no memory for them.
+    QsdRGBBitmapData(std::uint32_t width, std::uint32_t height);
+
+    [[nodiscard]] QsdRGB pixel(std::uint32_t x, std::uint32_t y) const override;
+    void setPixel(std::uint32_t x, std::uint32_t y, QsdRGB color) override;
+    void copy(const QsdBitmapData& source, const QsdRect& from, const QsdPoint& to) override;
+
+    /// The bytes, 4 * width a row; valid as long as the object.
+    [[nodiscard]] const unsigned char* data() const { return _data.data(); }
+    [[nodiscard]] unsigned char* data() { return _data.data(); }
+
+private:
+    [[nodiscard]] std::size_t offset(std::uint32_t x, std::uint32_t y) const;
+
+    std::vector<unsigned char> _data;
+};

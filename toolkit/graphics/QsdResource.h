@@ -1,0 +1,70 @@
+// Counted objects that several holders share.
+#pragma once
+
+#include <cstdint>
+#include <utility>
+
+/// Base of every shared graphic object (colours, fonts, line styles, patterns, palettes). An object lives as long as
+/// somebody holds a reference, so while it is held its address identifies it and nothing else.
+/// A new object has one reference, which belongs to whoever made it. Not for use from several threads at once.
+class QsdResource {
+public:
+    QsdResource(const QsdResource&) = delete;
+    QsdResource& operator=(const QsdResource&) = delete;
+
+    /// Takes one more reference.
+    void reference() const { ++_references; }
+    /// Gives one reference back; the last one deletes the object.
+    virtual void destroy() const;
+    /// Number of references held.
+    [[nodiscard]] std::uint32_t references() const { return _references; }
+
+protected:
+    QsdResource() = default;
+    virtual ~QsdResource() = default;
+
+private:
+    mutable std::uint32_t _references = 1;
+};
+
+/// Holds one reference to a resource, or none.
+template <class Resource>
+class QsdHandle {
+public:
+    QsdHandle() = default;
+    /// Shares `resource` (null allowed): takes a reference of its own.
+    explicit QsdHandle(Resource* resource) : _resource(resource)
+    {
+        if (_resource != nullptr) {
+            _resource->reference();
+        }
+    }
+    /// Takes over the reference that the caller holds, typically that of a new object.
+    [[nodiscard]] static QsdHandle Adopt(Resource* resource)
+    {
+        QsdHandle handle;
+        handle._resource = resource;
+        return handle;
+    }
+    QsdHandle(const QsdHandle& other) : QsdHandle(other._resource) {}
+    QsdHandle(QsdHandle&& other) noexcept : _resource(std::exchange(other._resource, nullptr)) {}
+    QsdHandle& operator=(QsdHandle other) noexcept
+    {
+        std::swap(_resource, other._resource);
+        return *this;
+    }
+    ~QsdHandle()
+    {
+        if (_resource != nullptr) {
+            _resource->destroy();
+        }
+    }
+
+    [[nodiscard]] Resource* get() const { return _resource; }
+    Resource* operator->() const { return _resource; }
+    Resource& operator*() const { return *_resource; }
+    explicit operator bool() const { return _resource != nullptr; }
+
+private:
+    Resource* _resource = nullptr;
+};
