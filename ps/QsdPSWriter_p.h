@@ -1,0 +1,97 @@
+// The one place where the device's numbers, separators and line ends are formatted.
+#pragma once
+
+#include "toolkit/base/QsdNumbers.h"
+#include "toolkit/geometry/QsdPoint.h"
+
+#include <charconv>
+#include <concepts>
+#include <cstddef>
+#include <cstring>
+#include <iosfwd>
+#include <string_view>
+
+/// Ends a line and flushes the stream, as every line of a document does.
+struct QsdPSLineEnd {};
+inline constexpr QsdPSLineEnd EOL;
+
+/// Collects text in a buffer of its own and hands it to the stream when it is full, at a line end, and when it goes.
+/// Numbers do not pass through the stream's formatting, so its locale and flags do not matter. Let it go, or commit,
+/// before anything else writes to the stream. A null stream discards everything.
+class QsdPSWriter {
+public:
+    explicit QsdPSWriter(std::ostream* stream) : _stream(stream) {}
+    QsdPSWriter(const QsdPSWriter&) = delete;
+    QsdPSWriter& operator=(const QsdPSWriter&) = delete;
+    ~QsdPSWriter() { commit(); }
+
+    QsdPSWriter& operator<<(std::string_view text)
+    {
+        if (text.size() > Size - _used) {
+            commit();
+            if (text.size() > Size) {
+                write(text.data(), text.size());
+                return *this;
+            }
+        }
+        std::memcpy(_buffer + _used, text.data(), text.size());
+        _used += text.size();
+        return *this;
+    }
+
+    /// An integer in plain decimal.
+    template <class Integer>
+        requires(std::integral<Integer> && sizeof(Integer) >= 2)
+    QsdPSWriter& operator<<(Integer value)
+    {
+        reserve(NumberSize);
+        _used = static_cast<std::size_t>(std::to_chars(_buffer + _used, _buffer + Size, value).ptr - _buffer);
+        return *this;
+    }
+
+    /// Six significant digits, in the shorter of the fixed and the exponent form, without trailing zeros.
+    QsdPSWriter& operator<<(double value)
+    {
+        reserve(NumberSize);
+        _used = static_cast<std::size_t>(
+            std::to_chars(_buffer + _used, _buffer + Size, value, std::chars_format::general, 6).ptr - _buffer);
+        return *this;
+    }
+
+    /// Two integers with a separator between them.
+    QsdPSWriter& operator<<(const QsdPoint& point) { return *this << point.x << QsdSpc() << point.y; }
+
+    QsdPSWriter& operator<<(QsdPSLineEnd)
+    {
+        *this << std::string_view("\n", 1);
+        commit();
+        flush();
+        return *this;
+    }
+
+    /// Hands everything collected to the stream.
+    void commit()
+    {
+        if (_used != 0) {
+            write(_buffer, _used);
+            _used = 0;
+        }
+    }
+
+private:
+    static constexpr std::size_t Size = 512;
+    static constexpr std::size_t NumberSize = 32;
+
+    void reserve(std::size_t size)
+    {
+        if (Size - _used < size) {
+            commit();
+        }
+    }
+    void write(const char* text, std::size_t size);
+    void flush();
+
+    std::ostream* _stream;
+    std::size_t _used = 0;
+    char _buffer[Size];
+};
