@@ -13,14 +13,16 @@ class QsdPSFontNames_;
 /// Turns drawing calls into one PostScript document per initDevice and end.
 ///
 /// Order of use: construct; set paper, level, colour model, encoder; initDevice; draw, with newPage between pages; end;
-/// then the same again for the next document. The document is complete when end has returned and writeFailed() is false.
-/// Every line written ends with a newline and a flush of the stream. Drawing without an open document is reported with
-/// the message "&QsdMsg015101" through QsdFatalError and writes nothing. One document at a time in a process.
+/// then the same again for the next document. The document is complete when end has returned and writeFailed() is
+/// false. Every line written ends with a newline and a flush of the stream. Drawing without an open document is
+/// reported with the message "&QsdMsg015101" through QsdFatalError and writes nothing. One document at a time in a
+/// process.
 class QsdPSDevice : public QsdPort {
 public:
-    /// A device for `display` (not owned), which is asked for the resources "paperWidth" and "paperHeight" (points above
-    /// 0, else 595 and 842) and, process-wide, for the font scales: environment QSDPSFONTSCALE or resource "PSFontScale",
-    /// and QSDPSEUCFONTSCALE or "PSEUCFontScale" (percent from 1; anything else is a warning and changes nothing).
+    /// A device for `display` (not owned), which is asked for the resources "paperWidth" and "paperHeight" (points
+    /// above 0, else 595 and 842) and, process-wide, for the font scales: environment QSDPSFONTSCALE or resource
+    /// "PSFontScale", and QSDPSEUCFONTSCALE or "PSEUCFontScale" (percent from 1; anything else is a warning and changes
+    /// nothing).
     QsdPSDevice(QsdDisplay* display, QsdPSColorModel model);
     /// Closes an open stream without finishing the document.
     ~QsdPSDevice() override;
@@ -41,8 +43,8 @@ public:
     void setTransformer(const QsdTransformer& t) override;
     /// Writes `text` and a line end into the document, unchanged.
     void send(const char* text) const override;
-    /// Sets the clip in the space of the current transformer; null or a full region: none. Nothing is written when it is
-    /// the clip in force.
+    /// Sets the clip in the space of the current transformer; null or a full region: none. Nothing is written when it
+    /// is the clip in force.
     void clip(const QsdRect* rect) const override;
     void clip(const QsdRegion* region) const override;
 
@@ -110,7 +112,8 @@ public:
     virtual std::ostream* openStream(const char* fileName);
     /// Takes the stream back. The default deletes it; null is allowed.
     virtual void closeStream(std::ostream* stream);
-    /// Sets the map from device coordinates to points on the paper for the next document. Set it after the paper height.
+    /// Sets the map from device coordinates to points on the paper for the next document. Set it after the paper
+    /// height.
     virtual void setPageTransformer(const QsdTransformer& t);
     /// Writes the colour of the palette's foreground.
     virtual void setForeground(const QsdPalette* palette) const;
@@ -140,13 +143,13 @@ public:
     /// the next document, whose prolog depends on it.
     void setPostScriptLevel(unsigned long level);
     [[nodiscard]] unsigned long getPostScriptLevel() const { return _level; }
-    /// Gives the device an encoder of image data, which it owns from now on; the one before is deleted first. At level 1
-    /// the argument is deleted and hexadecimal data stays. Null is allowed at other levels: then draw no images.
+    /// Gives the device an encoder of image data, which it owns from now on; the one before is deleted first. At level
+    /// 1 the argument is deleted and hexadecimal data stays. Null is allowed at other levels: then draw no images.
     void setEncoder(QsdPostScriptEncoder* encoder);
     [[nodiscard]] QsdPostScriptEncoder* getEncoder() const { return _encoder.get(); }
 
-    /// Writes whether the widths of the lines that follow grow with the drawing (true, as at the start of a document) or
-    /// are measured in points.
+    /// Writes whether the widths of the lines that follow grow with the drawing (true, as at the start of a document)
+    /// or are measured in points.
     void setZoomableLineWidths(bool zoomable);
 
     /// Writes `region` as the clip unless it is in force already.
@@ -182,29 +185,31 @@ protected:
     [[nodiscard]] std::ostream* stream() const { return _stream; }
 
 private:
-    class ClipRestorer;
-    struct Arc;
-
-    void readPaperSize();
-    void readFontScales();
     void writeHeader(const QsdRect* bbox);
     void loadFontMapFile();
     void initFile();
+    void forgetPalette() const;
+
     void sendCurrentTransformer() const;
-    [[nodiscard]] QsdRegion restrictedClip(const QsdPalette* palette, const QsdRect* clip) const;
-    void downloadFont(const char* fileName, const char* name, const char* suffix) const;
-    void paintBackground(const QsdPalette* palette) const;
-    void writeMaskPattern(const QsdPalette* palette, const unsigned char* data, unsigned long size) const;
+    void removeClip() const;
+    void restrictClip(const QsdPalette* palette, const QsdRect* rect) const;
+
+    void writeOpaqueStart(const QsdPalette* palette) const;
+    void writeMaskTile(const QsdPalette* palette, const char* level1Start) const;
     void writeColorPattern(const QsdPalette* palette) const;
-    void writePatternEnd(unsigned long width, unsigned long height, const QsdPalette* palette) const;
-    void beginArc(const Arc& arc, bool fromCentre) const;
-    void writeCurves(unsigned long count, const QsdPoint* points, bool fill) const;
+
+    void writeArc(const QsdPalette* palette, const QsdRect& rect, float start, float range, bool fill) const;
+    void writeClosedCurves(unsigned long count, const QsdPoint* points, bool fill) const;
+
+    void writeFontFile(const char* fileName, const char* name, const char* suffix) const;
     void openString(const QsdPalette* palette, const QsdPoint& at, const char* opening) const;
-    void closeString(const QsdPalette* palette, QsdPosition position) const;
-    [[nodiscard]] QsdTransformer verticalTransformer(const QsdFont& font) const;
-    void imageSource(const char* level2, const char* others) const;
-    void writeMaskBitmap(const QsdSystemPort* source, const QsdRect& rect, const QsdPoint& at, bool opaque) const;
-    void writeStrip(unsigned long width, long x, long y) const;
+
+    void writeBitmapMask(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
+                         const char* level2Operator) const;
+    void stretchMask(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
+                     const QsdTransformer& t) const;
+    void stretchStrips(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
+                       const QsdSystemPort* mask, const QsdTransformer& t) const;
 
     mutable std::ostream* _stream = nullptr;
     bool _open = false;

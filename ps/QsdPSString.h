@@ -9,6 +9,7 @@
 extern QsEncoding CurrentEncoding;
 
 /// Writes what stands between the parentheses of a string literal for `length` bytes of `text` (negative: up to the
-/// terminating zero) in CurrentEncoding: escaped for Latin texts, split into runs for the composite font for Japanese EUC,
-/// in octal throughout for Shift-JIS. A null or empty text, or a length of 0, writes nothing; so does a null `out`.
+/// terminating zero) in CurrentEncoding: escaped for Latin texts, split into runs for the composite font for Japanese
+/// EUC, in octal throughout for Shift-JIS. A null or empty text, or a length of 0, writes nothing; so does a null
+/// `out`.
 void WriteOutPSString(const char* text, std::ostream* out, int length);

@@ -11,8 +11,8 @@ void QsdPSWriter::write(const char* text, std::size_t size)
     }
     bool written = false;
     try {
-        written = _stream->rdbuf()->sputn(text, static_cast<std::streamsize>(size)) ==
-                  static_cast<std::streamsize>(size);
+        written =
+            _stream->rdbuf()->sputn(text, static_cast<std::streamsize>(size)) == static_cast<std::streamsize>(size);
     } catch (...) {
         written = false;
     }

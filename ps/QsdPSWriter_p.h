@@ -41,8 +41,7 @@ public:
 
     /// An integer in plain decimal.
     template <class Integer>
-        requires(std::integral<Integer> && sizeof(Integer) >= 2)
-    QsdPSWriter& operator<<(Integer value)
+    requires(std::integral<Integer> && sizeof(Integer) >= 2) QsdPSWriter& operator<<(Integer value)
     {
         reserve(NumberSize);
         _used = static_cast<std::size_t>(std::to_chars(_buffer + _used, _buffer + Size, value).ptr - _buffer);

@@ -1,0 +1,73 @@
+// The PostScript names of one font family.
+#pragma once
+
+#include "toolkit/base/QsEncoding.h"
+
+#include <cstdint>
+
+/// The four faces of a style: which bits of bold and italic are set.
+enum class QsdPSFace : unsigned { Normal = 0, Bold = 1, Italic = 2, BoldItalic = 3 };
+
+/// What one toolkit family in one encoding is called in PostScript, face by face, and which font files bring the faces
+/// into a document. The record owns copies of its texts.
+class QsdPSFontNames_ {
+public:
+    /// Copies the texts; each may be null: a null name is derived from the normal one when a face is selected, a null
+    /// file means that the font is the printer's.
+    QsdPSFontNames_(QsEncoding encoding, const char* family, const char* normalName, const char* boldName,
+                    const char* italicName, const char* boldItalicName, const char* normalFile, const char* boldFile,
+                    const char* italicFile, const char* boldItalicFile);
+    QsdPSFontNames_(const QsdPSFontNames_&) = delete;
+    QsdPSFontNames_& operator=(const QsdPSFontNames_&) = delete;
+    ~QsdPSFontNames_();
+
+    /// Each setter frees the old text and keeps a copy of the new one; null is allowed.
+    void setFamily(const char* family);
+    void setNormalName(const char* name);
+    void setBoldName(const char* name);
+    void setItalicName(const char* name);
+    void setBoldItalicName(const char* name);
+    void setNormalDownloadFileName(const char* fileName);
+    void setBoldDownloadFileName(const char* fileName);
+    void setItalicDownloadFileName(const char* fileName);
+    void setBoldItalicDownloadFileName(const char* fileName);
+
+    [[nodiscard]] QsEncoding encoding() const { return _encoding; }
+    [[nodiscard]] const char* family() const { return _family; }
+    [[nodiscard]] const char* normalName() const { return _normalName; }
+    [[nodiscard]] const char* boldName() const { return _boldName; }
+    [[nodiscard]] const char* italicName() const { return _italicName; }
+    [[nodiscard]] const char* boldItalicName() const { return _boldItalicName; }
+    [[nodiscard]] const char* normalDownloadFileName() const { return _normalDownloadFileName; }
+    [[nodiscard]] const char* boldDownloadFileName() const { return _boldDownloadFileName; }
+    [[nodiscard]] const char* italicDownloadFileName() const { return _italicDownloadFileName; }
+    [[nodiscard]] const char* boldItalicDownloadFileName() const { return _boldItalicDownloadFileName; }
+
+    /// The name and the file of a face; null where there is none.
+    [[nodiscard]] const char* name(QsdPSFace face) const;
+    [[nodiscard]] const char* downloadFileName(QsdPSFace face) const;
+
+    /// Whether the file of a face was copied into the current document, or tried.
+    [[nodiscard]] bool isDownloaded(QsdPSFace face) const { return _downloaded[static_cast<unsigned>(face)] != 0; }
+    void setDownloaded(QsdPSFace face) { _downloaded[static_cast<unsigned>(face)] = 1; }
+    /// Clears the marks of all four faces.
+    void resetDownloaded();
+
+    /// Whether the record is to become its encoding's default, while it is being read from a file.
+    [[nodiscard]] bool isDefault() const { return _asDefault != 0; }
+    void setDefault(bool asDefault) { _asDefault = asDefault ? 1 : 0; }
+
+private:
+    QsEncoding _encoding;
+    char* _family = nullptr;
+    char* _normalName = nullptr;
+    char* _boldName = nullptr;
+    char* _italicName = nullptr;
+    char* _boldItalicName = nullptr;
+    char* _normalDownloadFileName = nullptr;
+    char* _boldDownloadFileName = nullptr;
+    char* _italicDownloadFileName = nullptr;
+    char* _boldItalicDownloadFileName = nullptr;
+    std::uint32_t _downloaded[4] = {}; ///< by face
+    std::uint32_t _asDefault = 0;
+};

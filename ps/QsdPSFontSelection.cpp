@@ -1,0 +1,117 @@
+// Which PostScript font stands for a toolkit font.
+#include "ps/QsdPSDevice.h"
+
+#include "ps/QsdPSFonts_.h"
+#include "ps/QsdPSString.h"
+#include "ps/QsdPSWriter_p.h"
+#include "toolkit/base/QsLocale.h"
+#include "toolkit/base/QsdMessages.h"
+
+#include <fstream>
+#include <string>
+#include <string_view>
+
+namespace {
+
+/// The family in a name of the form "-foundry-family-..."; false for a name that does not begin so.
+bool familyOfXName(std::string_view name, std::string& family)
+{
+    if (name.empty() || name.front() != '-') {
+        return false;
+    }
+    const std::size_t second = name.find('-', 1);
+    family = second == std::string_view::npos
+                 ? std::string()
+                 : std::string(name.substr(second + 1, name.find('-', second + 1) - second - 1));
+    return true;
+}
+
+QsdPSFontNames_* findByXNames(const QsdFont& font)
+{
+    std::string family;
+    for (const QsString& name : font.windowSystemNames()) {
+        if (familyOfXName(name.view(), family)) {
+            if (QsdPSFontNames_* const names =
+                    QsdPSFonts_::GetInstance()->getPSFontNames(CurrentEncoding, family.c_str())) {
+                return names;
+            }
+        }
+    }
+    return nullptr;
+}
+
+/// The record for a font, by family or, for want of it, by encoding; null when even that fails.
+QsdPSFontNames_* findNames(const QsdFont& font)
+{
+    const QsdPSFonts_& registry = *QsdPSFonts_::GetInstance();
+    const char* const family = font.style() == QsdFontByXName ? nullptr : font.getFamily();
+    QsdPSFontNames_* names = nullptr;
+    if (font.style() == QsdFontByXName) {
+        names = findByXNames(font);
+    } else if (family != nullptr) {
+        names = registry.getPSFontNames(CurrentEncoding, family);
+    }
+    if (names == nullptr) {
+        names = registry.getDefaultFontNames(CurrentEncoding);
+    }
+    if (names == nullptr) {
+        names = registry.getPSFontNames(CurrentEncoding, nullptr);
+    }
+    if (names == nullptr && CurrentEncoding != QsEncodingLatin1 && family != nullptr) {
+        names = registry.getPSFontNames(QsEncodingLatin1, family);
+    }
+    return names;
+}
+
+QsdPSFace faceOf(const QsdFont& font)
+{
+    const unsigned bold = (font.style() & QsdFontBold) != 0 ? 1 : 0;
+    const unsigned italic = (font.style() & QsdFontItalic) != 0 ? 2 : 0;
+    return static_cast<QsdPSFace>(bold + italic);
+}
+
+/// What is put behind the normal name when a face has none of its own, by face.
+constexpr const char* FaceSuffixes[] = {"", "-Bold", "-Oblique", "-BoldOblique"};
+
+} // namespace
+
+void QsdPSDevice::setFont(const QsdPalette* palette) const
+{
+    const QsdFont& font = *palette->font();
+    const int size = font.size() != 0 ? font.size() : font.ascent() + font.descent() - 1;
+    QsdPSFontNames_* const names = findNames(font);
+    if (names == nullptr || names->normalName() == nullptr) {
+        QsdPSWriter(_stream) << size << "/Helvetica qsdsf" << EOL;
+        return;
+    }
+    const QsdPSFace face = faceOf(font);
+    const char* const ownName = names->name(face);
+    const char* const name = ownName != nullptr ? ownName : names->normalName();
+    const char* const suffix = ownName != nullptr ? "" : FaceSuffixes[static_cast<unsigned>(face)];
+
+    if (names->downloadFileName(face) != nullptr && !names->isDownloaded(face)) {
+        writeFontFile(names->downloadFileName(face), name, suffix);
+        names->setDownloaded(face);
+    }
+    const bool multiByte = _QsdGetMaxCharSize() > 1 && names->encoding() != QsEncodingLatin1;
+    QsdPSWriter(_stream) << size << "/" << name << suffix << (multiByte ? " qsdjsf" : " qsdsf") << EOL;
+}
+
+void QsdPSDevice::writeFontFile(const char* fileName, const char* name, const char* suffix) const
+{
+    std::ifstream file(fileName, std::ios_base::in | std::ios_base::binary);
+    // A directory can be opened, but not read.
+    const bool readable = file.is_open() && (file.peek(), !file.bad());
+    if (!readable) {
+        QsdWarning("Couldn't open font file %s", fileName);
+        return;
+    }
+    QsdPSWriter out(_stream);
+    out << EOL << "%%BeginFont: " << name << suffix << EOL;
+    char block[4096];
+    while (file.good()) {
+        file.read(block, sizeof block);
+        out << std::string_view(block, static_cast<std::size_t>(file.gcount()));
+    }
+    out << EOL << "%%EndFont" << EOL;
+}

@@ -1,0 +1,126 @@
+#include "ps/QsdPSFonts_.h"
+
+#include "ps/QsdPSBuiltInFonts_p.h"
+#include "toolkit/base/QsMalloc.h"
+
+#include <algorithm>
+#include <cstring>
+#include <strings.h>
+#include <utility>
+
+namespace {
+
+const void* defaultsKey(QsEncoding encoding)
+{
+    return reinterpret_cast<const void*>(std::uintptr_t{encoding});
+}
+
+/// A record without a family is entered by programs only; it counts as one of an empty name.
+const char* familyOf(const QsdPSFontNames_* names)
+{
+    return names->family() == nullptr ? "" : names->family();
+}
+
+QsdPSFontNames_** allocate(QsdPSFontNames_** old, std::size_t slots)
+{
+    return static_cast<QsdPSFontNames_**>(QsRealloc(old, slots * sizeof(QsdPSFontNames_*)));
+}
+
+} // namespace
+
+QsdPSFonts_* QsdPSFonts_::GetInstance()
+{
+    static QsdPSFonts_ instance(20);
+    return &instance;
+}
+
+QsdPSFonts_::QsdPSFonts_(unsigned capacity)
+    : _fonts(static_cast<QsdPSFontNames_**>(QsMalloc(std::max(capacity, 1U) * sizeof(QsdPSFontNames_*)))),
+      _capacity(std::max(capacity, 1U))
+{
+    std::fill_n(_fonts, _capacity, nullptr);
+    basicLoad();
+}
+
+QsdPSFonts_::~QsdPSFonts_()
+{
+    for (std::uint32_t i = 0; i < _count; ++i) {
+        delete _fonts[i];
+    }
+    _count = 0;
+    QsFree(_fonts);
+}
+
+QsdPSFontNames_* QsdPSFonts_::getPSFontNames(QsEncoding encoding, const char* family) const
+{
+    const auto matches = [=](const QsdPSFontNames_* names) {
+        return names->encoding() == encoding && (family == nullptr || strcasecmp(familyOf(names), family) == 0);
+    };
+    QsdPSFontNames_* const* const found = std::find_if(_fonts, _fonts + _count, matches);
+    return found == _fonts + _count ? nullptr : *found;
+}
+
+int QsdPSFonts_::getPSFontNames(const QsdPSFontNames_* names) const
+{
+    const auto equals = [=](const QsdPSFontNames_* entered) {
+        return std::strcmp(familyOf(entered), familyOf(names)) == 0 && entered->encoding() == names->encoding();
+    };
+    QsdPSFontNames_* const* const found = std::find_if(_fonts, _fonts + _count, equals);
+    return found == _fonts + _count ? -1 : static_cast<int>(found - _fonts);
+}
+
+QsdPSFontNames_* QsdPSFonts_::getDefaultFontNames(QsEncoding encoding) const
+{
+    return static_cast<QsdPSFontNames_*>(_defaults.get(defaultsKey(encoding)));
+}
+
+void QsdPSFonts_::setDefault(QsdPSFontNames_* names)
+{
+    if (!_defaults.replace(defaultsKey(names->encoding()), names)) {
+        _defaults.append(defaultsKey(names->encoding()), names);
+    }
+}
+
+void QsdPSFonts_::add(QsdPSFontNames_* names, bool asDefault)
+{
+    if (getPSFontNames(names) < 0) {
+        if (_count == _capacity) {
+            _fonts = allocate(_fonts, std::size_t{_capacity} * 2);
+            std::fill_n(_fonts + _capacity, _capacity, nullptr);
+            _capacity *= 2;
+        }
+        _fonts[_count++] = names;
+    }
+    if (asDefault) {
+        setDefault(names);
+    }
+}
+
+void QsdPSFonts_::addOrReplace(QsdPSFontNames_* names, bool asDefault)
+{
+    const int index = getPSFontNames(names);
+    if (index < 0) {
+        add(names, false);
+    } else {
+        QsdPSFontNames_* const old = std::exchange(_fonts[index], names);
+        _defaults.remove(defaultsKey(old->encoding()), old);
+        delete old;
+    }
+    if (asDefault) {
+        setDefault(names);
+    }
+}
+
+void QsdPSFonts_::resetDownloaded()
+{
+    std::for_each(_fonts, _fonts + _count, [](QsdPSFontNames_* names) { names->resetDownloaded(); });
+}
+
+void QsdPSFonts_::basicLoad()
+{
+    for (const QsdPSBuiltInFont& font : QsdPSBuiltInFonts) {
+        add(new QsdPSFontNames_(font.encoding, font.family, font.normalName, font.boldName, font.italicName,
+                                font.boldItalicName, nullptr, nullptr, nullptr, nullptr),
+            font.asDefault);
+    }
+}

@@ -1,0 +1,24 @@
+// Where an image operator gets its samples from, and what it is given besides.
+#pragma once
+
+#include "ps/QsdPSWriter_p.h"
+#include "toolkit/encoder/QsdPostScriptEncoder.h"
+#include "toolkit/port/QsdBitmap.h"
+
+/// Writes the data source of level 2: the document itself, read through the encoder's decoding filter.
+inline void writeFilteredSource(QsdPSWriter& out, const QsdPostScriptEncoder* encoder)
+{
+    out << " currentfile " << QsdPostScriptEncoder::GetFullDecoderString(encoder).view();
+}
+
+/// Bytes of a row of one-bit samples.
+constexpr unsigned long QsdPSBitRowBytes(unsigned long width)
+{
+    return (width + 7) >> 3;
+}
+
+/// The mask of a drawable: null for null, for a drawable that is not a bitmap, and for a bitmap without one.
+inline const QsdSystemPort* QsdPSMaskOf(const QsdSystemPort* source)
+{
+    return source != nullptr && source->isABitmap() ? static_cast<const QsdBitmap*>(source)->mask() : nullptr;
+}

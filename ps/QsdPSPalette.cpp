@@ -1,0 +1,90 @@
+// Font, colour, dashes and line width: written when they differ from what is in force.
+#include "ps/QsdPSDevice.h"
+
+#include "ps/QsdPSGrey_p.h"
+#include "ps/QsdPSWriter_p.h"
+#include "toolkit/base/QsdMessages.h"
+#include "toolkit/port/QsdDisplay.h"
+
+// Shared objects are compared by identity. The cached palette holds references, so an address in it cannot come to mean
+// another object.
+void QsdPSDevice::setCurrentPalette(const QsdPalette* palette) const
+{
+    if (_stream == nullptr) {
+        QsdFatalError("%s", display()->getMessage("&QsdMsg015101"));
+    }
+    if (_currentPalette == nullptr) {
+        _currentPalette = new QsdPalette(palette);
+        setFont(palette);
+        setLineStyle(palette);
+        setForeground(palette);
+        setLineWidth(palette);
+        return;
+    }
+    QsdPalette& current = *_currentPalette;
+    bool changed = false;
+    if (palette->font() != current.font()) {
+        setFont(palette);
+        current.setFont(palette->font());
+        changed = true;
+    }
+    if (palette->foreground() != current.foreground()) {
+        setForeground(palette);
+        current.setForeground(palette->foreground());
+        changed = true;
+    }
+    if (palette->lineStyle() != current.lineStyle()) {
+        setLineStyle(palette);
+        current.setLineStyle(palette->lineStyle(), current.lineWidth());
+        changed = true;
+    }
+    if (palette->lineWidth() != current.lineWidth()) {
+        setLineWidth(palette);
+        current.setLineStyle(current.lineStyle(), palette->lineWidth());
+        changed = true;
+    }
+    if (changed) {
+        QsdPSWriter(_stream) << EOL;
+    }
+}
+
+void QsdPSDevice::setForeground(const QsdPalette* palette) const
+{
+    const auto share = [](std::uint16_t component) { return component / 65535.0; };
+    const QsdColor& color = *palette->foreground();
+    QsdSetLocaleC(true);
+    QsdPSWriter out(_stream);
+    if (color.red() == color.green() && color.green() == color.blue()) {
+        out << share(color.green()) << " setgray";
+    } else if (_colorModel != QsdPSGrey) {
+        out << share(color.red()) << QsdSpc() << share(color.green()) << QsdSpc() << share(color.blue())
+            << " setrgbcolor";
+    } else {
+        out << QsdPSGreyOf(color.red() >> 8, color.green() >> 8, color.blue() >> 8) / 255.0 << " setgray";
+    }
+    out << EOL;
+    QsdSetLocaleC(false);
+}
+
+// The number of dashes stands where the operator takes the offset into them; documents have always been so.
+void QsdPSDevice::setLineStyle(const QsdPalette* palette) const
+{
+    const QsdLineStyle* const style = palette->lineStyle();
+    QsdPSWriter out(_stream);
+    if (style == palette->display()->solidLineStyle()) {
+        out << "[] 0";
+    } else {
+        out << "[";
+        for (std::uint16_t i = 0; i < style->count(); ++i) {
+            out << unsigned{style->dashes()[i]} << QsdSpc();
+        }
+        out << "] " << style->count();
+    }
+    out << " setdash" << EOL;
+}
+
+void QsdPSDevice::setLineWidth(const QsdPalette* palette) const
+{
+    const unsigned long width = palette->lineWidth() == 0 ? _defaultLineWidth : palette->lineWidth();
+    QsdPSWriter(_stream) << width << " slw" << EOL;
+}

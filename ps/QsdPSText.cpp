@@ -1,0 +1,186 @@
+// Text. Every call writes a block of its own: a save level, the anchor, an axis turned upright again, the string, its
+// alignment, and a show procedure of the prolog.
+#include "ps/QsdPSDevice.h"
+
+#include "ps/QsdPSBackground_p.h"
+#include "ps/QsdPSClipRestorer_p.h"
+#include "ps/QsdPSString.h"
+#include "ps/QsdPSWriter_p.h"
+#include "toolkit/base/QsLocale.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <cwchar>
+#include <string>
+
+namespace {
+
+/// A Shift-JIS font whose family begins with an at sign writes from top to bottom.
+bool isVertical(const QsdFont& font)
+{
+    return CurrentEncoding == QsEncodingShiftJIS && font.getFamily() != nullptr && *font.getFamily() == '@';
+}
+
+QsdTransformer verticalTransformer(const QsdFont& font)
+{
+    QsdTransformer t;
+    t.translate(-(font.ascent() + font.descent()) * 0.5, -static_cast<double>(font.ascent()));
+    t.rotate(-90);
+    return t;
+}
+
+/// Writes the four factors of a matrix, without a translation, and puts it in force.
+void writeFactors(QsdPSWriter& out, double x11, double x12, double x21, double x22)
+{
+    out << " M[" << x11 << QsdSpc() << x21 << QsdSpc() << x12 << QsdSpc() << x22 << " 0 0]concat" << EOL;
+}
+
+const char* alignment(QsdPosition position)
+{
+    switch (position) {
+    case QsdPositionRight:
+        return "dup stringwidth pop -1 mul 0 rM ";
+    case QsdPositionCenter:
+        return "dup stringwidth pop -2 div 0 rM ";
+    default:
+        return "";
+    }
+}
+
+const char* showProcedure(const QsdFont& font)
+{
+    const bool multiByte = _QsdGetMaxCharSize() > 1;
+    if (font.isUnderlined()) {
+        return multiByte ? "qsdjushow g" : "qsdushow g";
+    }
+    return multiByte ? "qsdjshow g" : "qsdshow g";
+}
+
+/// The bytes of `length` wide characters in the C library's encoding; empty when they cannot be converted.
+std::string multiByteText(const wchar_t* text, int length)
+{
+    const std::wstring wide(text, wcsnlen(text, static_cast<std::size_t>(length)));
+    const std::size_t limit =
+        std::min((static_cast<std::size_t>(length) + 1) * static_cast<std::size_t>(_QsdGetMaxCharSize()),
+                 wide.size() * MB_LEN_MAX);
+    std::string bytes(limit + 1, '\0');
+    const std::size_t converted = std::wcstombs(bytes.data(), wide.c_str(), limit);
+    bytes.resize(converted == static_cast<std::size_t>(-1) ? 0 : converted);
+    return bytes;
+}
+
+} // namespace
+
+// Writes from the save level to the opening parenthesis; `opening` is what stands in front of the coordinates.
+void QsdPSDevice::openString(const QsdPalette* palette, const QsdPoint& at, const char* opening) const
+{
+    const QsdFont& font = *palette->font();
+    QsdPSWriter out(_stream);
+    if (!isVertical(font)) {
+        out << opening << at << " M 1 -1 scale(";
+        return;
+    }
+    double x11, x12, x21, x22, x0, y0;
+    verticalTransformer(font).getValues(x11, x12, x21, x22, x0, y0);
+    QsdSetLocaleC(true);
+    // The ordinate has always been written unsigned, so one above the page comes out as a large number.
+    const auto y =
+        static_cast<std::uint32_t>(std::int64_t{at.y} - font.ascent() + ((font.ascent() + font.descent()) >> 1));
+    out << "G " << at.x << QsdSpc() << y;
+    writeFactors(out, x11, x12, x21, x22);
+    out << " 1 -1 scale(";
+    QsdSetLocaleC(false);
+}
+
+void QsdPSDevice::drawString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
+                             QsdPosition position) const
+{
+    checkClip(palette->clipRegion());
+    setCurrentPalette(palette);
+    openString(palette, at, "G ");
+    WriteOutPSString(text, _stream, length);
+    QsdPSWriter(_stream) << ")" << alignment(position) << showProcedure(*palette->font()) << EOL;
+}
+
+// The background is the box of the glyphs' outlines; the string waits on the operand stack while it is filled.
+void QsdPSDevice::drawIString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
+                              QsdPosition position) const
+{
+    checkClip(palette->clipRegion());
+    setCurrentPalette(palette);
+    openString(palette, at, CurrentEncoding == QsEncodingShiftJIS ? "G " : " G n ");
+    WriteOutPSString(text, _stream, length);
+    QsdPSWriter(_stream) << ")" << alignment(position) << EOL //
+                         << "G dup true charpath pathbbox n 4 2 roll 2 copy M" << EOL
+                         << "3 index exch L 3 -1 roll 2 index L exch L c ";
+    setForeground(QsdPSBackground(palette).get());
+    QsdPSWriter(_stream) << " fill g " << showProcedure(*palette->font()) << EOL;
+}
+
+void QsdPSDevice::drawTransformedString(const QsdPalette* palette, const char* text, int length,
+                                        const QsdTransformer& t, const QsdRegion* clip) const
+{
+    if (text == nullptr || *text == '\0' || length == 0) {
+        return;
+    }
+    checkClip(palette->clipRegion());
+    setCurrentPalette(palette);
+    QsdPSWriter(_stream) << " G " << EOL;
+    const QsdPSClipRestorer restorer(*this, _clipCache);
+    restrictClip(palette, clip == nullptr ? nullptr : &clip->boundingRect());
+
+    const QsdFont& font = *palette->font();
+    QsdTransformer matrix = t;
+    if (isVertical(font)) {
+        matrix = verticalTransformer(font).compose(t);
+    }
+    double x11, x12, x21, x22, x0, y0;
+    matrix.getValues(x11, x12, x21, x22, x0, y0);
+    QsdSetLocaleC(true);
+    {
+        // The move by the ascent puts the top of the text at the transformed origin.
+        QsdPSWriter out(_stream);
+        out << x0 << QsdSpc() << y0;
+        writeFactors(out, x11, x12, x21, x22);
+        out << "0 " << font.ascent() << " rM 1 -1 scale(";
+    }
+    QsdSetLocaleC(false);
+    WriteOutPSString(text, _stream, length);
+    QsdPSWriter(_stream) << ")" << showProcedure(font) << EOL;
+}
+
+void QsdPSDevice::drawWChar(const QsdPalette* palette, const QsdPoint& at, const wchar_t* text, int length,
+                            QsdPosition position) const
+{
+    if (length <= 0 || text == nullptr) {
+        return;
+    }
+    const std::string bytes = multiByteText(text, length);
+    if (!bytes.empty()) {
+        checkClip(palette->clipRegion());
+        drawString(palette, at, bytes.c_str(), static_cast<int>(bytes.size()), position);
+    }
+}
+
+void QsdPSDevice::drawIWChar(const QsdPalette* palette, const QsdPoint& at, const wchar_t* text, int length,
+                             QsdPosition position) const
+{
+    if (length <= 0 || text == nullptr) {
+        return;
+    }
+    const std::string bytes = multiByteText(text, length);
+    if (!bytes.empty()) {
+        checkClip(palette->clipRegion());
+        drawIString(palette, at, bytes.c_str(), static_cast<int>(bytes.size()), position);
+    }
+}
+
+void QsdPSDevice::drawString(const QsdPalette*, const QsdPoint&, const QsdBidiString*, int, QsdPosition) const {}
+
+void QsdPSDevice::drawIString(const QsdPalette*, const QsdPoint&, const QsdBidiString*, int, QsdPosition) const {}
+
+void QsdPSDevice::drawTransformedString(const QsdPalette*, const QsdBidiString*, int, const QsdTransformer&,
+                                        const QsdRegion*) const
+{
+}
