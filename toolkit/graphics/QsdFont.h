@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 /// Bits of a font's style.
 enum QsdFontStyle : std::uint16_t {
@@ -36,6 +37,9 @@ public:
     /// The advance of `length` bytes of `text` (negative: up to its terminating zero) in units. Single-byte texts are
     /// measured character by character; two-byte characters count as one size, half-width ones as half of it.
     [[nodiscard]] virtual double stringWidth(const char* text, int length) const;
+    /// The names by which the font's window system knows it, one for each font of a set ("-foundry-family-..."); none
+    /// for a font that no window system made.
+    [[nodiscard]] virtual std::vector<QsString> windowSystemNames() const { return {}; }
 
 protected:
     /// A font with metrics from elsewhere.
