@@ -7,4 +7,7 @@
 void QsdSetLocaleC(bool classic);
 
 /// The separator between two numbers in a document: a single blank.
-[[nodiscard]] inline const char* QsdSpc() { return " "; }
+[[nodiscard]] inline const char* QsdSpc()
+{
+    return " ";
+}

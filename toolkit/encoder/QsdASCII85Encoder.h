@@ -19,17 +19,22 @@ public:
     [[nodiscard]] QsString getDecoderString() const override;
 
 private:
-    void putGroup(const unsigned char* bytes);
-    void putChars(const char* chars, std::size_t count);
+    struct Cursor;
+
+    void putGroups(std::size_t count, const unsigned char* bytes);
     void flush();
 
     static constexpr std::size_t LineLength = 78;
+    static constexpr std::size_t GroupLength = 5;
+    /// What one group may take at most: itself, a blank before and a line end behind it; and, after the last one, the
+    /// end mark.
+    static constexpr std::size_t GroupRoom = 2 * GroupLength;
     static constexpr std::size_t BufferSize = 4096;
 
     std::ostream* _stream;
     std::size_t _pending = 0; ///< bytes of the group under way
     unsigned char _group[4] = {};
-    std::size_t _column = 0;  ///< characters on the current line
+    std::size_t _column = 0; ///< characters on the current line
     std::size_t _used = 0;
     char _buffer[BufferSize];
 };

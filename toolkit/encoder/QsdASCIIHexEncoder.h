@@ -20,12 +20,15 @@ public:
     [[nodiscard]] QsString getDecoderString() const override;
 
 private:
-    void flushLine();
+    void endLine();
+    void flush();
 
     static constexpr std::size_t LineLength = 78;
+    static constexpr std::size_t BufferSize = 4096;
 
     std::ostream* _stream;
     bool _endMark;
+    std::size_t _column = 0; ///< characters on the current line
     std::size_t _used = 0;
-    char _line[LineLength + 1];
+    char _buffer[BufferSize];
 };

@@ -27,7 +27,7 @@ public:
     [[nodiscard]] const QsdPoint* points() const;
 
 private:
-    [[nodiscard]] const std::vector<QsdPoint>& resolved() const;
+    [[nodiscard]] const QsdPointArray& resolved() const;
 
     std::vector<QsdPoint> _points;
     const QsdPointArray* _other = nullptr;

@@ -53,12 +53,10 @@ public:
     friend bool operator==(const QsdRegion& a, const QsdRegion& b);
 
 private:
-    [[nodiscard]] bool isCanonical() const { return _canonical; }
-    void canonicalize();
-    void updateBounds();
+    void setCanonical(std::vector<QsdRect> rects);
 
     std::vector<QsdRect> _rects;
     QsdRect _bounds;
     bool _full = false;
-    bool _canonical = true;
+    bool _canonical = true; ///< whether the list is known to be in the canonical form
 };

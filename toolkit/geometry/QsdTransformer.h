@@ -9,7 +9,8 @@ class QsdTransformer {
 public:
     QsdTransformer() = default;
     QsdTransformer(double x11, double x12, double x21, double x22, double x0, double y0);
-    /// The map that takes the rectangle `from` onto `to` without turning it; a side of `from` of length 0 is taken as 1.
+    /// The map that takes the rectangle `from` onto `to` without turning it; a side of `from` of length 0 is taken
+    /// as 1.
     QsdTransformer(const QsdRect& from, const QsdRect& to);
 
     /// Reads the six values.
