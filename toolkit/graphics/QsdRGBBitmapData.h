@@ -13,7 +13,6 @@ public:
 
     [[nodiscard]] QsdRGB pixel(std::uint32_t x, std::uint32_t y) const override;
     void setPixel(std::uint32_t x, std::uint32_t y, QsdRGB color) override;
-    void copy(const QsdBitmapData& source, const QsdRect& from, const QsdPoint& to) override;
 
     /// The bytes, 4 * width a row; valid as long as the object.
     [[nodiscard]] const unsigned char* data() const { return _data.data(); }

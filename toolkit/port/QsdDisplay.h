@@ -3,19 +3,19 @@
 
 #include "toolkit/base/QsString.h"
 #include "toolkit/geometry/QsdRect.h"
-#include "toolkit/graphics/QsdPalette.h"
+#include "toolkit/port/QsdPalette.h"
+#include "toolkit/raster/QsdColorTable.h"
 
 #include <cstdint>
 #include <memory>
-#include <string>
 
 class QsdBitmapData;
 class QsdPaletteCache;
 class QsdResourceTable;
 class QsdSystemPort;
 
-/// A display: the embedded one in memory (QsdMemoryDisplay) or one of a window system. Ports and palettes refer to their
-/// display without owning it.
+/// A display: the embedded one in memory (QsdMemoryDisplay) or one of a window system. Ports and palettes refer to
+/// their display without owning it.
 class QsdDisplay {
 public:
     virtual ~QsdDisplay();
@@ -32,19 +32,21 @@ public:
     void setResource(const char* name, const char* value);
 
     /// The text of a message, a printf format, by its key ("&QsdMsg015100"): from the message file "qsdmessages" on the
-    /// data path, else the built-in text, else the key itself. A text of the file whose conversions are not those of the
-    /// built-in one is not used. Never null.
+    /// data path, else the built-in text, else the key itself. A text of the file whose conversions are not those of
+    /// the built-in one is not used. Never null.
     [[nodiscard]] const char* getMessage(const char* key) const;
 
     /// Looks for the file `name` (a relative path) in the folders of the data path: those of the environment variable
-    /// QSDPATH (separated by ':'), the installed data folder, the data folder of the source tree. Returns the path of the
-    /// first one that is there, empty when there is none. With `warn`, a missing file is reported as a warning.
+    /// QSDPATH (separated by ':'), the installed data folder, the data folder of the source tree. Returns the path of
+    /// the first one that is there, empty when there is none. With `warn`, a missing file is reported as a warning.
     [[nodiscard]] QsString findInPath(const char* name, bool warn) const;
 
     /// Fills three arrays with the components (0 to 65535) of the first `count` colour table entries; entries beyond
     /// those of the display are black.
     virtual void colorTable(unsigned short count, unsigned short* reds, unsigned short* greens,
                             unsigned short* blues) const = 0;
+    /// The same table as 256 colours of 8-bit components.
+    [[nodiscard]] QsdColorTable colors() const;
     /// Bits per pixel: 1, up to 8 (colour table), above 8 (direct colour).
     [[nodiscard]] virtual unsigned short screenDepth() const = 0;
     /// Reads the pixels of `rect` of a drawable of this display, row by row: at a port depth of 1 eight pixels a byte,
@@ -72,16 +74,17 @@ public:
 
     /// A font of this display. The caller owns the reference.
     [[nodiscard]] virtual QsdFont* createFont(const char* family, std::uint16_t style, std::uint16_t size) const;
-    /// A colour pattern of the pixels of `data` in this display's layout (nearest colours at a depth up to 8; at a depth
-    /// of 1 light pixels are set). Width and height 1 to 65,535. The caller owns the reference.
+    /// A colour pattern of the pixels of `data` in this display's layout (nearest colours at a depth up to 8; at a
+    /// depth of 1 light pixels are set). Width and height 1 to 65,535. The caller owns the reference.
     [[nodiscard]] QsdColorPattern* createColorPattern(const QsdBitmapData& data) const;
 
 protected:
     QsdDisplay();
 
 private:
-    std::unique_ptr<QsdResourceTable> _resources;
-    std::unique_ptr<QsdResourceTable> _messages;
+    std::unique_ptr<QsdResourceTable> _settings;          ///< set by the program
+    mutable std::unique_ptr<QsdResourceTable> _resources; ///< of the resource file, read when first asked for
+    mutable std::unique_ptr<QsdResourceTable> _messages;  ///< of the message file, read when first asked for
     QsdHandle<const QsdPattern> _solidPattern;
     QsdHandle<const QsdLineStyle> _solidLineStyle;
     QsdHandle<const QsdFont> _defaultFont;

@@ -6,8 +6,8 @@
 #include "toolkit/geometry/QsdRect.h"
 #include "toolkit/geometry/QsdRegion.h"
 #include "toolkit/geometry/QsdTransformer.h"
-#include "toolkit/graphics/QsdPalette.h"
 #include "toolkit/graphics/QsdPosition.h"
+#include "toolkit/port/QsdPalette.h"
 
 class QsdBidiString;
 class QsdBitmap;
@@ -30,10 +30,10 @@ enum QsdMarkerType {
 };
 
 /// A drawing port: a window, a pixmap, a bitmap in memory, or a document. Coordinates are integers with the origin at
-/// the top left and y downwards; a palette gives each call its colours, line, font, pattern and clip. Angles are degrees,
-/// 0 along +x, positive ranges counter-clockwise as seen.
-/// A palette, and every array of points with its stated count, must be there; lengths of texts count bytes (wide
-/// characters in the wide forms), a negative length of a narrow text means up to its terminating zero.
+/// the top left and y downwards; a palette gives each call its colours, line, font, pattern and clip. Angles are
+/// degrees, 0 along +x, positive ranges counter-clockwise as seen. A palette, and every array of points with its stated
+/// count, must be there; lengths of texts count bytes (wide characters in the wide forms), a negative length of a
+/// narrow text means up to its terminating zero.
 class QsdPort {
 public:
     virtual ~QsdPort();
@@ -80,8 +80,8 @@ public:
     virtual void drawArc(const QsdPalette* palette, const QsdRect& rect, float start, float range) const = 0;
     /// Fills it as a pie slice or a chord, by the palette's arc mode.
     virtual void fillArc(const QsdPalette* palette, const QsdRect& rect, float start, float range) const = 0;
-    /// Copies the area `rect` of a drawable so that its top left corner comes to `at`. Of a one-bit source, set bits get
-    /// the foreground and the others the background.
+    /// Copies the area `rect` of a drawable so that its top left corner comes to `at`. Of a one-bit source, set bits
+    /// get the foreground and the others the background.
     virtual void drawBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
                             const QsdPoint& at) const = 0;
     /// The same for set bits, or pixels inside the mask of a colour bitmap, alone.
@@ -114,8 +114,8 @@ public:
     virtual void drawBitmap(const QsdPalette* palette, const QsdBitmap* bitmap, const QsdRect& dest,
                             const QsdRegion* clip, QsdPosition position, bool transparent) const;
     /// The same with the area `from` of the bitmap.
-    virtual void drawBitmap(const QsdPalette* palette, const QsdBitmap* bitmap, const QsdRect& from, const QsdRect& dest,
-                            const QsdRegion* clip, QsdPosition position, bool transparent) const;
+    virtual void drawBitmap(const QsdPalette* palette, const QsdBitmap* bitmap, const QsdRect& from,
+                            const QsdRect& dest, const QsdRegion* clip, QsdPosition position, bool transparent) const;
     /// Draws a wide text; it is converted by the C library's locale.
     virtual void drawWChar(const QsdPalette* palette, const QsdPoint& at, const wchar_t* text, int length,
                            QsdPosition position) const = 0;
@@ -152,21 +152,21 @@ public:
                             unsigned short size) const;
     virtual void drawMarkers(const QsdPalette* palette, unsigned long count, const QsdPoint* points, QsdMarkerType type,
                              unsigned short size) const;
-    /// Draws a rectangle or diamond that seems to stand out of the page: `face` fills it, `light` draws the upper and left
-    /// edges and `dark` the others, `thickness` units wide.
+    /// Draws a rectangle or diamond that seems to stand out of the page: `face` fills it, `light` draws the upper and
+    /// left edges and `dark` the others, `thickness` units wide.
     virtual void drawReliefRectangle(const QsdPalette* face, const QsdPalette* light, const QsdPalette* dark,
                                      const QsdRect& rect, unsigned short thickness) const;
     virtual void drawReliefDiamond(const QsdPalette* face, const QsdPalette* light, const QsdPalette* dark,
                                    const QsdRect& rect, unsigned short thickness) const;
     /// Draws a groove: a dark line over a light one, each `thickness` units wide.
-    virtual void drawReliefLine(const QsdPalette* light, const QsdPalette* dark, const QsdPoint& from, const QsdPoint& to,
-                                unsigned short thickness) const;
-    /// Draws a filled rectangle that casts a shadow of `thickness` units to the corner that `position` names (bottom right
-    /// when it names none).
+    virtual void drawReliefLine(const QsdPalette* light, const QsdPalette* dark, const QsdPoint& from,
+                                const QsdPoint& to, unsigned short thickness) const;
+    /// Draws a filled rectangle that casts a shadow of `thickness` units to the corner that `position` names (bottom
+    /// right when it names none).
     virtual void drawShadowRectangle(const QsdPalette* face, const QsdPalette* shadow, const QsdRect& rect,
                                      unsigned short thickness, QsdPosition position) const;
-    /// Draws a text of one or several lines (separated by newlines) inside `rect` by `position`, limited to `rect` and to
-    /// `clip` (null: none).
+    /// Draws a text of one or several lines (separated by newlines) inside `rect` by `position`, limited to `rect` and
+    /// to `clip` (null: none).
     virtual void drawLabel(const QsdPalette* palette, const QsdRect& rect, const char* text, int length,
                            const QsdRegion* clip, QsdPosition position) const;
     /// Draws the outline of each sub-path, closed.

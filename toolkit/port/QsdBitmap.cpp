@@ -1,0 +1,97 @@
+#include "toolkit/port/QsdBitmap.h"
+
+#include "toolkit/port/QsdDisplay.h"
+
+#include <cstring>
+#include <utility>
+
+namespace {
+
+std::uint16_t depthFor(const QsdDisplay& display, std::uint16_t depth)
+{
+    return depth == 1 ? depth : display.screenDepth();
+}
+
+unsigned char reversed(unsigned char bits)
+{
+    unsigned char result = 0;
+    for (int i = 0; i < 8; ++i) {
+        result = static_cast<unsigned char>(result << 1 | ((bits >> i) & 1));
+    }
+    return result;
+}
+
+} // namespace
+
+QsdBitmap::QsdBitmap(QsdDisplay* display, std::uint32_t width, std::uint32_t height, std::uint16_t depth)
+    : QsdSystemPort(display, width, height), _pixels(width, height, depthFor(*display, depth))
+{
+}
+
+QsdBitmap::QsdBitmap(QsdDisplay* display, const QsdBitmapData& data)
+    : QsdBitmap(display, data.width(), data.height(), display->screenDepth())
+{
+    _pixels.assign(data, display->colors());
+}
+
+std::unique_ptr<QsdBitmap> QsdBitmap::FromBits(QsdDisplay* display, std::uint32_t width, std::uint32_t height,
+                                               const unsigned char* bits)
+{
+    auto bitmap = std::make_unique<QsdBitmap>(display, width, height, std::uint16_t{1});
+    if (width != 0 && height != 0) {
+        std::memcpy(bitmap->_pixels.row(0), bits, bitmap->_pixels.bytes().size());
+    }
+    return bitmap;
+}
+
+std::unique_ptr<QsdBitmap> QsdBitmap::FromXBM(QsdDisplay* display, std::uint32_t width, std::uint32_t height,
+                                              const unsigned char* bits)
+{
+    std::unique_ptr<QsdBitmap> bitmap = FromBits(display, width, height, bits);
+    for (std::uint32_t y = 0; y < height; ++y) {
+        unsigned char* const row = bitmap->_pixels.row(y);
+        for (std::size_t i = 0; i < bitmap->_pixels.rowBytes(); ++i) {
+            row[i] = reversed(row[i]);
+        }
+    }
+    return bitmap;
+}
+
+QsdBitmap::~QsdBitmap() = default;
+
+void QsdBitmap::setMask(std::unique_ptr<QsdBitmap> mask)
+{
+    _mask = std::move(mask);
+}
+
+void QsdBitmap::setTransformer(const QsdTransformer& t)
+{
+    _transformer = t;
+}
+
+void QsdBitmap::clip(const QsdRect* rect) const
+{
+    _clip = rect == nullptr ? QsdRegion::Full() : QsdRegion(*rect);
+}
+
+void QsdBitmap::clip(const QsdRegion* region) const
+{
+    _clip = region == nullptr ? QsdRegion::Full() : *region;
+}
+
+// A bitmap has no glyphs.
+
+void QsdBitmap::drawString(const QsdPalette*, const QsdPoint&, const char*, int, QsdPosition) const {}
+void QsdBitmap::drawIString(const QsdPalette*, const QsdPoint&, const char*, int, QsdPosition) const {}
+void QsdBitmap::drawTransformedString(const QsdPalette*, const char*, int, const QsdTransformer&,
+                                      const QsdRegion*) const
+{
+}
+void QsdBitmap::drawWChar(const QsdPalette*, const QsdPoint&, const wchar_t*, int, QsdPosition) const {}
+void QsdBitmap::drawIWChar(const QsdPalette*, const QsdPoint&, const wchar_t*, int, QsdPosition) const {}
+void QsdBitmap::drawString(const QsdPalette*, const QsdPoint&, const QsdBidiString*, int, QsdPosition) const {}
+void QsdBitmap::drawIString(const QsdPalette*, const QsdPoint&, const QsdBidiString*, int, QsdPosition) const {}
+void QsdBitmap::drawTransformedString(const QsdPalette*, const QsdBidiString*, int, const QsdTransformer&,
+                                      const QsdRegion*) const
+{
+}

@@ -1,0 +1,22 @@
+// Curves as chains of straight lines.
+#pragma once
+
+#include <vector>
+
+/// A position between the pixels' corners.
+struct QsdRealPoint {
+    double x = 0;
+    double y = 0;
+
+    friend bool operator==(const QsdRealPoint&, const QsdRealPoint&) = default;
+};
+
+/// One chain of lines.
+using QsdChain = std::vector<QsdRealPoint>;
+
+/// Adds the cubic curve from the last point of `chain` (which is there) to `end`, exact to about a tenth of a unit.
+void QsdFlattenCurve(QsdChain& chain, QsdRealPoint control1, QsdRealPoint control2, QsdRealPoint end);
+
+/// The arc of an ellipse around `center`: `start` and `range` in degrees, counter-clockwise as seen with y downwards; a
+/// range of more than a turn is one turn.
+[[nodiscard]] QsdChain QsdFlattenArc(QsdRealPoint center, double radiusX, double radiusY, double start, double range);
