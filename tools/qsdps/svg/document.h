@@ -1,0 +1,56 @@
+// A parsed file: its elements, what they are called, and where they stand.
+#pragma once
+
+#include "svg/css_match.h"
+#include "svg/tags.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include <pugixml.hpp>
+
+namespace qsdps::svg {
+
+/// The element's name without its prefix.
+[[nodiscard]] std::string_view localName(const pugi::xml_node& element);
+/// The attribute's value; empty where there is none.
+[[nodiscard]] std::string_view attribute(const pugi::xml_node& element, const char* name);
+/// The target of href, or of xlink:href under whatever prefix; empty where there is none.
+[[nodiscard]] std::string_view href(const pugi::xml_node& element);
+
+class Document {
+public:
+    /// Parses a file, compressed or not; null with a reason in `error` ("line N: ..." where known).
+    [[nodiscard]] static std::unique_ptr<Document> load(std::string bytes, std::string& error);
+
+    [[nodiscard]] const pugi::xml_node& root() const { return _root; }
+    [[nodiscard]] const StyleSheets& styleSheets() const { return _styleSheets; }
+    /// The first element with this id; null where there is none.
+    [[nodiscard]] pugi::xml_node byId(std::string_view id) const;
+    /// The element that href names inside this file; null for other files and missing ids.
+    [[nodiscard]] pugi::xml_node target(const pugi::xml_node& element) const;
+    /// What the element is; Unknown for everything outside the SVG namespace.
+    [[nodiscard]] Tag tag(const pugi::xml_node& element) const;
+    /// The line the element begins on, 0 where unknown.
+    [[nodiscard]] int line(const pugi::xml_node& element) const;
+
+private:
+    bool parse(std::string& error);
+    void index();
+    [[nodiscard]] int lineAt(std::ptrdiff_t offset) const;
+
+    std::string _text;
+    pugi::xml_document _xml;
+    pugi::xml_node _root;
+    StyleSheets _styleSheets;
+    std::vector<std::size_t> _lineStarts;
+    std::unordered_map<std::string_view, pugi::xml_node> _ids;
+    std::unordered_set<std::string_view> _prefixes; ///< bound to the SVG namespace
+};
+
+} // namespace qsdps::svg

@@ -1,0 +1,55 @@
+// Drawings in SVG: opened once, drawn on any canvas.
+#pragma once
+
+#include "drawing/canvas.h"
+#include "drawing/geometry.h"
+#include "drawing/report.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace qsdps {
+
+namespace svg {
+class Document;
+}
+
+struct SvgOptions {
+    std::string fileName;                        ///< for messages
+    std::filesystem::path baseFolder;            ///< images beside the drawing are read inside it only; empty: none
+    double dpi = 96;                             ///< CSS pixels in an inch of the drawing, above 0
+    Box fallbackViewport{0, 0, 300, 150};        ///< what percentages are of, where the drawing has no size at all
+    std::vector<std::string> languages = {"en"}; ///< that the user reads, most wanted first
+};
+
+/// One drawing in memory. Drawing it reads the parsed file and leaves nothing behind, so memory stays bounded by the
+/// file.
+class SvgDrawing {
+public:
+    /// Parses an SVG file, gzipped or not. Null with a reason in `error` ("line N: ..." where known).
+    [[nodiscard]] static std::unique_ptr<SvgDrawing> load(std::string bytes, const SvgOptions& options,
+                                                          std::string& error);
+    ~SvgDrawing();
+    SvgDrawing(const SvgDrawing&) = delete;
+    SvgDrawing& operator=(const SvgDrawing&) = delete;
+
+    /// The drawing's own size in CSS pixels: from width and height, else from viewBox, else from what is drawn.
+    [[nodiscard]] double width() const { return _width; }
+    [[nodiscard]] double height() const { return _height; }
+    /// The content of the title element; empty where there is none.
+    [[nodiscard]] std::string title() const;
+    /// Draws everything in painting order; what cannot be drawn as asked is counted in `report`.
+    void draw(Canvas& canvas, Report& report) const;
+
+private:
+    SvgDrawing(std::unique_ptr<svg::Document> document, const SvgOptions& options);
+
+    std::unique_ptr<svg::Document> _document;
+    SvgOptions _options;
+    double _width = 0;
+    double _height = 0;
+};
+
+} // namespace qsdps

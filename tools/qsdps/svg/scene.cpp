@@ -1,0 +1,82 @@
+#include "svg/scene.h"
+
+#include <algorithm>
+
+namespace qsdps::svg {
+
+Scene::Scene(const Document& document, const SvgOptions& options, Report& report, Budget& budget, Size page)
+    : _document(document), _options(options), _report(report), _budget(budget), _page(page)
+{
+    _rootFontSize = styleOf(document.root()).fontSize;
+}
+
+Element Scene::resolve(const pugi::xml_node& node, const Style& parent)
+{
+    return resolveElement(_document, node, {parent, _rootFontSize, _options.dpi},
+                          [&](std::string_view name) { badInput("bad value of " + std::string(name), node); });
+}
+
+const Style& Scene::styleOf(const pugi::xml_node& node)
+{
+    const auto known = _styles.find(node.hash_value());
+    if (known != _styles.end())
+        return *known->second;
+    std::vector<pugi::xml_node> line;
+    for (pugi::xml_node at = node; at.type() == pugi::node_element && line.size() < kMaxDepth; at = at.parent())
+        line.push_back(at);
+    Style style;
+    for (auto at = line.rbegin(); at != line.rend(); ++at)
+        style = resolve(*at, style).style;
+    return *_styles.emplace(node.hash_value(), std::make_unique<Style>(style)).first->second;
+}
+
+LengthBase Scene::lengthBase(const Style& style, Size viewport) const
+{
+    return {viewport, style.fontSize, _rootFontSize, _options.dpi};
+}
+
+bool Scene::spendReferences(std::size_t cost)
+{
+    if (cost <= _budget.references) {
+        _budget.references -= cost;
+        return true;
+    }
+    _budget.references = 0;
+    if (!_budgetReported)
+        _report.notDrawn("further reference (too many in all)");
+    _budgetReported = true;
+    return false;
+}
+
+bool Scene::spendMeasuring(std::size_t cost)
+{
+    const bool enough = cost <= _budget.measured;
+    _budget.measured -= std::min(cost, _budget.measured);
+    return enough;
+}
+
+void Scene::reportDepth(const pugi::xml_node& node)
+{
+    if (!_budget.depthReported)
+        badInput("elements nested too deep, inner ones not drawn", node);
+    _budget.depthReported = true;
+}
+
+void Scene::badInput(std::string_view what, const pugi::xml_node& node)
+{
+    _report.badInput(what, _document.line(node));
+}
+
+Scene::Expansion::Expansion(Scene& scene, const pugi::xml_node& node)
+    : _scene(scene),
+      _cyclic(std::find(scene._expanding.begin(), scene._expanding.end(), node) != scene._expanding.end())
+{
+    _scene._expanding.push_back(node);
+}
+
+Scene::Expansion::~Expansion()
+{
+    _scene._expanding.pop_back();
+}
+
+} // namespace qsdps::svg
