@@ -27,13 +27,12 @@ public:
 
     QsdPSWriter& operator<<(std::string_view text)
     {
-        if (text.size() > Size - _used) {
+        if (text.size() >= Size) {
             commit();
-            if (text.size() > Size) {
-                write(text.data(), text.size());
-                return *this;
-            }
+            write(text.data(), text.size());
+            return *this;
         }
+        reserve(text.size());
         std::memcpy(_buffer + _used, text.data(), text.size());
         _used += text.size();
         return *this;

@@ -1,0 +1,165 @@
+#include "tests/unit/ps/TestDevice.h"
+
+#include "ps/QsdPSFonts_.h"
+#include "toolkit/base/QsdGlobalContext.h"
+#include "toolkit/base/QsdMessages.h"
+
+#include <cstdio>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace {
+
+/// A font known by the names of a window system.
+class NamedFont : public QsdFont {
+public:
+    explicit NamedFont(std::vector<QsString> names)
+        : QsdFont(nullptr, QsdFontByXName, 14, 10, 3), _names(std::move(names))
+    {
+    }
+    std::vector<QsString> windowSystemNames() const override { return _names; }
+
+private:
+    std::vector<QsString> _names;
+};
+
+class BareFont : public QsdFont {
+public:
+    BareFont() : QsdFont("helvetica", QsdFontPlain, 0, 10, 3) {}
+};
+
+class FontSelection : public ::testing::Test {
+protected:
+    std::string selected(const QsdFont* font)
+    {
+        const auto held = QsdHandle<const QsdFont>::Adopt(font);
+        open.palette->setFont(font);
+        open.device.setFont(open.palette.get());
+        return open.device.taken();
+    }
+    std::string selected(const char* family, std::uint16_t style = QsdFontPlain)
+    {
+        return selected(open.display.createFont(family, style, 12));
+    }
+    std::string named(std::vector<QsString> names) { return selected(new NamedFont(std::move(names))); }
+    void use(QsEncoding encoding)
+    {
+        QsdGlobalContext::GetInstance().setLocale(QsLocale("test", encoding));
+        open.device.end();
+        open.device.initDevice("unused", nullptr);
+        open.device.taken();
+    }
+    void add(const char* family, const char* file)
+    {
+        QsdPSFonts_::GetInstance()->add(new QsdPSFontNames_(QsEncodingLatin1, family, "Mine", nullptr, nullptr, nullptr,
+                                                            file, nullptr, nullptr, nullptr),
+                                        false);
+    }
+
+    OpenDevice open;
+};
+
+TEST_F(FontSelection, NamesOfTheRecord)
+{
+    EXPECT_EQ(selected("times"), "12/Times-Roman qsdsf\n");
+    EXPECT_EQ(selected("times", QsdFontBold), "12/Times-Bold qsdsf\n");
+    EXPECT_EQ(selected("times", QsdFontItalic), "12/Times-Italic qsdsf\n");
+    EXPECT_EQ(selected("times", QsdFontBold | QsdFontItalic), "12/Times-BoldItalic qsdsf\n");
+    EXPECT_EQ(selected("TIMES", QsdFontUnderlined), "12/Times-Roman qsdsf\n");
+    EXPECT_EQ(selected("symbol", QsdFontBold), "12/Symbol qsdsf\n");
+}
+
+TEST_F(FontSelection, DerivedNames)
+{
+    EXPECT_EQ(selected("courier", QsdFontItalic), "12/Courier-Oblique qsdsf\n");
+    EXPECT_EQ(selected("helvetica", QsdFontBold), "12/Helvetica-Bold qsdsf\n");
+    EXPECT_EQ(selected("courier", QsdFontBold | QsdFontItalic), "12/Courier-BoldOblique qsdsf\n");
+}
+
+TEST_F(FontSelection, UnknownFamiliesGetTheDefault)
+{
+    EXPECT_EQ(selected("no such family", QsdFontBold), "12/Helvetica-Bold qsdsf\n");
+    EXPECT_EQ(selected(nullptr, QsdFontPlain), "12/Helvetica qsdsf\n");
+}
+
+TEST_F(FontSelection, EncodingsWithoutRecordsFallBack)
+{
+    use(static_cast<QsEncoding>(99));
+    EXPECT_EQ(selected("no such family", QsdFontBold), "12/Helvetica qsdsf\n");
+    EXPECT_EQ(selected("times", QsdFontBold), "12/Times-Bold qsdsf\n");
+    EXPECT_EQ(selected(nullptr, QsdFontPlain), "12/Helvetica qsdsf\n");
+}
+
+TEST_F(FontSelection, SizeZeroIsTakenFromTheMetrics)
+{
+    EXPECT_EQ(selected(new BareFont), "12/Helvetica qsdsf\n");
+}
+
+TEST_F(FontSelection, JapaneseFontsAreNotReencoded)
+{
+    use(QsEncodingEUCJP);
+    EXPECT_EQ(selected("fixed"), "12/Ryumin-Light-QSD-H qsdjsf\n");
+    EXPECT_EQ(selected("gothic medium bbb", QsdFontBold), "12/GothicBBB-Medium-QSD-H qsdjsf\n");
+    EXPECT_EQ(selected("times"), "12/Ryumin-Light-QSD-H qsdjsf\n");
+    use(QsEncodingShiftJIS);
+    EXPECT_EQ(selected("anything", QsdFontBold), "12/Ryumin-Light-RKSJ-H-Bold qsdjsf\n");
+}
+
+TEST_F(FontSelection, WindowSystemNamesAreParsed)
+{
+    EXPECT_EQ(named({"-adobe-times-medium-r-normal--14-"}), "14/Times-Roman qsdsf\n");
+    EXPECT_EQ(named({"-adobe-courier"}), "14/Courier qsdsf\n");
+    EXPECT_EQ(named({"fixed", "-x-nothing-", "-adobe-courier-bold"}), "14/Courier qsdsf\n");
+    EXPECT_EQ(named({"times"}), "14/Helvetica qsdsf\n");
+    EXPECT_EQ(named({"-times"}), "14/Helvetica qsdsf\n");
+    EXPECT_EQ(named({"", "-", "--", "--times"}), "14/Times-Roman qsdsf\n");
+    EXPECT_EQ(named({}), "14/Helvetica qsdsf\n");
+}
+
+class FontFile : public FontSelection {
+protected:
+    FontFile() : path(::testing::TempDir() + "dravonset-font-file") {}
+    ~FontFile() override { std::remove(path.c_str()); }
+
+    const std::string path;
+};
+
+TEST_F(FontFile, IsCopiedOncePerDocument)
+{
+    const std::string content("%!PS\n\0\r\xFF binary", 17);
+    std::ofstream(path, std::ios::binary) << content;
+    add("mine", path.c_str());
+    const std::string copied = "\n%%BeginFont: Mine\n" + content + "\n%%EndFont\n12/Mine qsdsf\n";
+    EXPECT_EQ(selected("mine"), copied);
+    EXPECT_EQ(selected("mine"), "12/Mine qsdsf\n");
+    EXPECT_EQ(selected("mine", QsdFontBold), "12/Mine-Bold qsdsf\n");
+    open.device.end();
+    open.device.initDevice("unused", nullptr);
+    open.device.taken();
+    EXPECT_EQ(selected("mine"), copied);
+}
+
+TEST_F(FontFile, MissingIsWarnedAboutOncePerDocument)
+{
+    std::vector<std::string> warnings;
+    QsdSetWarningHandler(
+        [](const char* message, void* data) { static_cast<std::vector<std::string>*>(data)->push_back(message); },
+        &warnings);
+    add("mine", path.c_str());
+    add("folder", "/");
+    EXPECT_EQ(selected("mine"), "12/Mine qsdsf\n");
+    EXPECT_EQ(selected("mine"), "12/Mine qsdsf\n");
+    EXPECT_EQ(selected("folder"), "12/Mine qsdsf\n");
+    EXPECT_EQ(warnings, (std::vector<std::string>{"Couldn't open font file " + path, "Couldn't open font file /"}));
+    QsdSetWarningHandler(nullptr, nullptr);
+}
+
+TEST_F(FontFile, EmptyIsCopiedEmpty)
+{
+    std::ofstream(path, std::ios::binary).flush();
+    add("mine", path.c_str());
+    EXPECT_EQ(selected("mine"), "\n%%BeginFont: Mine\n\n%%EndFont\n12/Mine qsdsf\n");
+}
+
+} // namespace

@@ -1,0 +1,86 @@
+#include "tests/unit/ps/TestDevice.h"
+
+#include "tests/unit/ps/RecordingEncoder.h"
+
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace {
+
+class Image : public ::testing::Test {
+protected:
+    std::string calls(QsdPSColorModel model, unsigned long depth, unsigned long width, unsigned long height,
+                      const std::vector<unsigned char>& data)
+    {
+        std::string recorded;
+        TestDevice device(&display, model);
+        device.initDevice("unused", nullptr);
+        device.setEncoder(new RecordingEncoder(recorded));
+        device.writeImage(&display, depth, width, height, data.data(), data.size());
+        device.end();
+        return recorded;
+    }
+
+    QsdMemoryDisplay display{8};
+};
+
+TEST_F(Image, WithoutAreaNothingIsStarted)
+{
+    EXPECT_EQ(calls(QsdPSRGB, 1, 0, 5, {1, 2, 3, 4, 5}), "");
+    EXPECT_EQ(calls(QsdPSRGB, 24, 5, 0, {1, 2, 3, 4, 5}), "");
+}
+
+TEST_F(Image, OneBitRowsPassUnchanged)
+{
+    EXPECT_EQ(calls(QsdPSRGB, 1, 9, 2, {0xA5, 0x80, 0x5A, 0x7F}), "start [A5 80] [5A 7F] end");
+    EXPECT_EQ(calls(QsdPSGrey, 1, 8, 1, {0xA5}), "start [A5] end");
+}
+
+TEST_F(Image, RowPaddingIsSkipped)
+{
+    EXPECT_EQ(calls(QsdPSRGB, 1, 8, 2, {0xA5, 0xEE, 0x5A, 0xEE}), "start [A5] [5A] end");
+    EXPECT_EQ(calls(QsdPSRGB, 24, 1, 2, {0, 1, 2, 3, 9, 9, 0, 4, 5, 6, 9, 9}), "start [01 02 03] [04 05 06] end");
+}
+
+TEST_F(Image, IndicesGoThroughTheColourTable)
+{
+    display.setColors(QsdColorTable({{1, 2, 3}, {255, 0, 0}}));
+    for (const unsigned long depth : {0UL, 2UL, 8UL}) {
+        EXPECT_EQ(calls(QsdPSRGB, depth, 2, 1, {1, 0}), "start FF 00 00 01 02 03 end");
+        EXPECT_EQ(calls(QsdPSGrey, depth, 2, 1, {1, 255}), "start 57 00 end");
+    }
+}
+
+TEST_F(Image, ComponentsKeepTheirHighByte)
+{
+    class Odd : public QsdMemoryDisplay {
+    public:
+        void colorTable(unsigned short count, unsigned short* reds, unsigned short* greens,
+                        unsigned short* blues) const override
+        {
+            EXPECT_EQ(count, 256);
+            std::fill_n(reds, count, static_cast<unsigned short>(0x12FF));
+            std::fill_n(greens, count, static_cast<unsigned short>(0xFF00));
+            std::fill_n(blues, count, static_cast<unsigned short>(0x00FF));
+        }
+    };
+    const Odd odd;
+    std::string recorded;
+    TestDevice device(&display, QsdPSRGB);
+    device.initDevice("unused", nullptr);
+    device.setEncoder(new RecordingEncoder(recorded));
+    const unsigned char index = 0;
+    device.writeImage(&odd, 8, 1, 1, &index, 1);
+    EXPECT_EQ(recorded, "start 12 FF 00 end");
+    device.end();
+}
+
+TEST_F(Image, DirectPixels)
+{
+    const std::vector<unsigned char> pixels = {7, 255, 255, 255, 7, 255, 0, 0, 7, 0, 255, 0, 7, 0, 0, 255};
+    EXPECT_EQ(calls(QsdPSRGB, 9, 4, 1, pixels), "start [FF FF FF] [FF 00 00] [00 FF 00] [00 00 FF] end");
+    EXPECT_EQ(calls(static_cast<QsdPSColorModel>(5), 32, 1, 1, {7, 1, 2, 3}), "start [01 02 03] end");
+    EXPECT_EQ(calls(QsdPSGrey, 24, 4, 1, pixels), "start FF 57 7F 27 end");
+}
+
+} // namespace

@@ -1,0 +1,222 @@
+#include "tests/unit/ps/TestDevice.h"
+
+#include "ps/QsdPSString.h"
+#include "toolkit/base/QsdGlobalContext.h"
+#include "toolkit/graphics/QsdBidiString.h"
+
+#include <clocale>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+namespace {
+
+class Text : public ::testing::Test {
+protected:
+    void use(const char* locale)
+    {
+        QsdGlobalContext::GetInstance().setLocale(QsLocale(locale));
+        open.device.end();
+        open.device.initDevice("unused", nullptr);
+    }
+    void useFont(const char* family, std::uint16_t style = QsdFontPlain)
+    {
+        const auto font = QsdHandle<QsdFont>::Adopt(open.display.createFont(family, style, 12));
+        open.palette->setFont(font.get());
+    }
+    std::string string(const char* text, QsdPosition position = QsdPositionNone, QsdPoint at = {10, 20})
+    {
+        open.settle();
+        open.device.drawString(open.palette.get(), at, text, -1, position);
+        return open.device.taken();
+    }
+    std::string opaque(const char* text, QsdPosition position = QsdPositionNone)
+    {
+        open.settle();
+        open.device.drawIString(open.palette.get(), {10, 20}, text, -1, position);
+        return open.device.taken();
+    }
+    std::string transformed(const char* text, const QsdTransformer& t, const QsdRegion* clip = nullptr, int length = -1)
+    {
+        open.settle();
+        open.device.drawTransformedString(open.palette.get(), text, length, t, clip);
+        return open.device.taken();
+    }
+
+    OpenDevice open;
+};
+
+TEST_F(Text, PlainString)
+{
+    EXPECT_EQ(string("Hi"), "G 10 20 M 1 -1 scale(Hi)qsdshow g\n");
+}
+
+TEST_F(Text, Alignment)
+{
+    EXPECT_EQ(string("ab", QsdPositionCenter), "G 10 20 M 1 -1 scale(ab)dup stringwidth pop -2 div 0 rM qsdshow g\n");
+    EXPECT_EQ(string("ab", QsdPositionRight), "G 10 20 M 1 -1 scale(ab)dup stringwidth pop -1 mul 0 rM qsdshow g\n");
+    EXPECT_EQ(string("ab", QsdPositionLeft), "G 10 20 M 1 -1 scale(ab)qsdshow g\n");
+    EXPECT_EQ(string("ab", QsdPositionTopRight), "G 10 20 M 1 -1 scale(ab)qsdshow g\n");
+}
+
+TEST_F(Text, LengthIsPassedOn)
+{
+    open.settle();
+    open.device.drawString(open.palette.get(), {10, 20}, "abc", 2, QsdPositionNone);
+    EXPECT_EQ(open.device.taken(), "G 10 20 M 1 -1 scale(ab)qsdshow g\n");
+    open.device.drawString(open.palette.get(), {10, 20}, static_cast<const char*>(nullptr), -1, QsdPositionNone);
+    EXPECT_EQ(open.device.taken(), "G 10 20 M 1 -1 scale()qsdshow g\n");
+}
+
+TEST_F(Text, ShowProcedures)
+{
+    useFont("helvetica", QsdFontUnderlined);
+    EXPECT_EQ(string("x"), "G 10 20 M 1 -1 scale(x)qsdushow g\n");
+    use("ja_JP.eucJP");
+    EXPECT_EQ(string("x"), "G 10 20 M 1 -1 scale(x)qsdjushow g\n");
+    useFont("fixed");
+    EXPECT_EQ(string("x"), "G 10 20 M 1 -1 scale(x)qsdjshow g\n");
+}
+
+TEST_F(Text, OpaqueStringFillsTheBoxOfItsGlyphs)
+{
+    EXPECT_EQ(opaque("Hi"), " G n 10 20 M 1 -1 scale(Hi)\n"
+                            "G dup true charpath pathbbox n 4 2 roll 2 copy M\n"
+                            "3 index exch L 3 -1 roll 2 index L exch L c 1 setgray\n"
+                            " fill g qsdshow g\n");
+    EXPECT_EQ(opaque("Hi", QsdPositionRight), " G n 10 20 M 1 -1 scale(Hi)dup stringwidth pop -1 mul 0 rM \n"
+                                              "G dup true charpath pathbbox n 4 2 roll 2 copy M\n"
+                                              "3 index exch L 3 -1 roll 2 index L exch L c 1 setgray\n"
+                                              " fill g qsdshow g\n");
+}
+
+TEST_F(Text, OpaqueStringInShiftJISStartsDifferently)
+{
+    use("ja_JP.SJIS");
+    useFont("mincho", QsdFontUnderlined);
+    EXPECT_EQ(opaque("A"), "G 10 20 M 1 -1 scale(\\101)\n"
+                           "G dup true charpath pathbbox n 4 2 roll 2 copy M\n"
+                           "3 index exch L 3 -1 roll 2 index L exch L c 1 setgray\n"
+                           " fill g qsdjushow g\n");
+}
+
+TEST_F(Text, VerticalFontsAreTurned)
+{
+    use("ja_JP.SJIS");
+    useFont("@mincho");
+    const QsdFont& font = *open.palette->font();
+    const unsigned y = 20U - font.ascent() + ((font.ascent() + font.descent()) >> 1);
+    const std::string anchor = "G 10 " + std::to_string(y) + " M[0 1 -1 0 0 0]concat\n 1 -1 scale(\\101)";
+    EXPECT_EQ(string("A"), anchor + "qsdjshow g\n");
+    EXPECT_EQ(opaque("A").substr(0, anchor.size()), anchor);
+}
+
+TEST_F(Text, VerticalOrdinateAboveThePageIsWrittenUnsigned)
+{
+    use("ja_JP.SJIS");
+    useFont("@mincho");
+    EXPECT_EQ(string("A", QsdPositionNone, {10, -100}).substr(0, 10), "G 10 42949");
+}
+
+TEST_F(Text, AtSignsMatterInShiftJISAlone)
+{
+    useFont("@mincho");
+    EXPECT_EQ(string("A"), "G 10 20 M 1 -1 scale(A)qsdshow g\n");
+}
+
+TEST_F(Text, TransformedString)
+{
+    const unsigned ascent = open.palette->font()->ascent();
+    EXPECT_EQ(transformed("Hi", QsdTransformer(1, 2, 3, 4, 5.5, 6)),
+              " G \n5.5 6 M[1 3 2 4 0 0]concat\n0 " + std::to_string(ascent) + " rM 1 -1 scale(Hi)qsdshow g\n");
+    useFont("helvetica", QsdFontUnderlined);
+    EXPECT_TRUE(transformed("Hi", QsdTransformer()).ends_with("(Hi)qsdushow g\n"));
+}
+
+TEST_F(Text, EmptyTransformedStringWritesNothing)
+{
+    OpenDevice fresh;
+    fresh.device.drawTransformedString(fresh.palette.get(), static_cast<const char*>(nullptr), -1, QsdTransformer(),
+                                       nullptr);
+    fresh.device.drawTransformedString(fresh.palette.get(), "text", 0, QsdTransformer(), nullptr);
+    fresh.device.drawTransformedString(fresh.palette.get(), "", -1, QsdTransformer(), nullptr);
+    EXPECT_EQ(fresh.device.taken(), "");
+}
+
+TEST_F(Text, TransformedStringIsClippedForItsCallAlone)
+{
+    const QsdRegion clip(QsdRect{1, 2, 30, 40});
+    const std::string text = transformed("Hi", QsdTransformer(), &clip);
+    EXPECT_EQ(text.find(" G \n rc gsave  n 30 40 1 2 rect clip n\n0 0 M["), 0U);
+    EXPECT_TRUE(text.ends_with("(Hi)qsdshow g\n rc gsave\n"));
+}
+
+TEST_F(Text, ClipBeforeATransformedStringComesBack)
+{
+    open.palette->setClipRegion(QsdRegion(QsdRect{0, 0, 50, 50}));
+    const QsdRegion clip(QsdRect{10, 10, 100, 100});
+    const std::string text = transformed("Hi", QsdTransformer(), &clip);
+    EXPECT_NE(text.find(" rc gsave  n 40 40 10 10 rect clip n\n"), std::string::npos);
+    EXPECT_TRUE(text.ends_with(" rc gsave\n rc gsave  n 50 50 0 0 rect clip n\n"));
+}
+
+TEST_F(Text, ClipComesBackWhenAnExceptionPasses)
+{
+    class Throwing : public TestDevice {
+    public:
+        using QsdPSDevice::clip;
+        using TestDevice::TestDevice;
+        void clip(const QsdRegion* region) const override
+        {
+            QsdPSDevice::clip(region);
+            if (region != nullptr && region->boundingRect() == QsdRect{1, 1, 2, 2}) {
+                throw std::runtime_error("no");
+            }
+        }
+    };
+    Throwing device(&open.display);
+    device.initDevice("unused", nullptr);
+    const QsdRegion clip(QsdRect{1, 1, 2, 2});
+    EXPECT_THROW(device.drawTransformedString(open.palette.get(), "x", -1, QsdTransformer(), &clip),
+                 std::runtime_error);
+    EXPECT_TRUE(device.taken().ends_with(" rc gsave  n 2 2 1 1 rect clip n\n rc gsave\n"));
+    device.end();
+}
+
+TEST_F(Text, WideStringsAreConverted)
+{
+    open.settle();
+    open.device.drawWChar(open.palette.get(), {1, 2}, L"ab", 2, QsdPositionNone);
+    EXPECT_EQ(open.device.taken(), "G 1 2 M 1 -1 scale(ab)qsdshow g\n");
+    open.device.drawIWChar(open.palette.get(), {1, 2}, L"ab", 2, QsdPositionNone);
+    EXPECT_EQ(open.device.taken().find(" G n 1 2 M 1 -1 scale(ab)\n"), 0U);
+}
+
+TEST_F(Text, WideStringsThatCannotBeConvertedDrawNothing)
+{
+    open.settle();
+    open.device.drawWChar(open.palette.get(), {1, 2}, L"ab", 0, QsdPositionNone);
+    open.device.drawWChar(open.palette.get(), {1, 2}, L"ab", -1, QsdPositionNone);
+    open.device.drawIWChar(open.palette.get(), {1, 2}, L"ab", 0, QsdPositionNone);
+    open.device.drawWChar(open.palette.get(), {1, 2}, L"", 1, QsdPositionNone);
+    open.device.drawWChar(open.palette.get(), {1, 2}, L"\x3042", 1, QsdPositionNone);
+    EXPECT_EQ(open.device.taken(), "");
+}
+
+TEST_F(Text, WideStringsAreReadToTheirLengthAlone)
+{
+    open.settle();
+    open.device.drawWChar(open.palette.get(), {1, 2}, L"abcdef", 2, QsdPositionNone);
+    EXPECT_EQ(open.device.taken(), "G 1 2 M 1 -1 scale(ab)qsdshow g\n");
+}
+
+TEST_F(Text, BidirectionalStringsAreNotDrawn)
+{
+    OpenDevice fresh;
+    const QsdBidiString text(L"abc", QsdBidiString::LeftToRight);
+    fresh.device.drawString(fresh.palette.get(), {0, 0}, &text, 3, QsdPositionNone);
+    fresh.device.drawIString(fresh.palette.get(), {0, 0}, &text, 3, QsdPositionNone);
+    fresh.device.drawTransformedString(fresh.palette.get(), &text, 3, QsdTransformer(), nullptr);
+    EXPECT_EQ(fresh.device.taken(), "");
+}
+
+} // namespace

@@ -1,0 +1,130 @@
+#include "ps/QsdPSWriter_p.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+std::string written(double value)
+{
+    std::ostringstream out;
+    QsdPSWriter(&out) << value;
+    return out.str();
+}
+
+std::string defaultForm(double value)
+{
+    std::ostringstream out;
+    out << value;
+    return out.str();
+}
+
+TEST(Writer, FloatsHaveTheStreamsDefaultForm)
+{
+    for (const double value : {0.0, -0.0, 1.0, -1.5, 0.1, 123456.0, 1234567.0, 1e-4, 1e-5, 999999.5, 1e300, 5e-324,
+                               std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()}) {
+        EXPECT_EQ(written(value), defaultForm(value));
+    }
+    EXPECT_EQ(written(std::nan("")), "nan");
+}
+
+TEST(Writer, RandomFloatsHaveTheStreamsDefaultForm)
+{
+    std::mt19937_64 random(20);
+    for (int i = 0; i < 20000; ++i) {
+        const double value = std::ldexp(static_cast<double>(random()) - 9e18, static_cast<int>(random() % 200) - 100);
+        ASSERT_EQ(written(value), defaultForm(value));
+    }
+}
+
+TEST(Writer, IntegersAreDecimal)
+{
+    std::ostringstream out;
+    out << std::hex << std::showbase;
+    QsdPSWriter(&out) << INT32_MIN << QsdSpc() << UINT32_MAX << QsdSpc() << INT64_MIN << QsdSpc() << UINT64_MAX
+                      << QsdSpc() << std::int16_t{-7};
+    EXPECT_EQ(out.str(), "-2147483648 4294967295 -9223372036854775808 18446744073709551615 -7");
+}
+
+TEST(Writer, LongTextsPassThrough)
+{
+    std::ostringstream out;
+    const std::string text(5000, 'x');
+    QsdPSWriter(&out) << "a" << text << "b";
+    EXPECT_EQ(out.str(), "a" + text + "b");
+}
+
+TEST(Writer, ManyShortTextsFillTheBufferInOrder)
+{
+    std::ostringstream out;
+    std::string expected;
+    {
+        QsdPSWriter writer(&out);
+        for (int i = 0; i < 1000; ++i) {
+            writer << i << QsdSpc();
+            expected += std::to_string(i) + " ";
+        }
+    }
+    EXPECT_EQ(out.str(), expected);
+}
+
+/// Counts flushes; fails where it is told to.
+class FlushCounter : public std::stringbuf {
+public:
+    int sync() override
+    {
+        if (throws) {
+            throw std::runtime_error("no");
+        }
+        ++flushes;
+        return fails ? -1 : 0;
+    }
+
+    int flushes = 0;
+    bool fails = false;
+    bool throws = false;
+};
+
+TEST(Writer, EachLineIsFlushed)
+{
+    FlushCounter buffer;
+    std::ostream out(&buffer);
+    QsdPSWriter(&out) << "one" << EOL << "two" << EOL << "rest";
+    EXPECT_EQ(buffer.flushes, 2);
+    EXPECT_EQ(buffer.str(), "one\ntwo\nrest");
+}
+
+TEST(Writer, FailedFlushesMakeTheStreamBad)
+{
+    FlushCounter buffer;
+    std::ostream out(&buffer);
+    buffer.fails = true;
+    QsdPSWriter(&out) << "one" << EOL << "two" << EOL;
+    EXPECT_TRUE(out.bad());
+    EXPECT_EQ(buffer.str(), "one\n");
+}
+
+TEST(Writer, WhatABufferThrowsStaysInside)
+{
+    FlushCounter buffer;
+    std::ostream out(&buffer);
+    buffer.throws = true;
+    QsdPSWriter(&out) << "one" << EOL;
+    EXPECT_TRUE(out.bad());
+}
+
+TEST(Writer, NullAndFailedStreamsTakeNothing)
+{
+    QsdPSWriter(nullptr) << "one" << 2 << EOL << std::string(5000, 'x');
+    std::ostringstream out;
+    out.setstate(std::ios_base::failbit);
+    QsdPSWriter(&out) << "one" << EOL;
+    EXPECT_EQ(out.str(), "");
+}
+
+} // namespace
