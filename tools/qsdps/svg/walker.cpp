@@ -7,6 +7,7 @@
 #include "svg/transform_list.h"
 #include "svg/viewport.h"
 
+#include <cstring>
 #include <string>
 
 namespace qsdps::svg {
@@ -79,9 +80,12 @@ bool Walker::spend(const pugi::xml_node& node, const State& state)
         return _scene.spendMeasuring(1);
     if (!state.referenced)
         return true;
-    // Long paths are read anew each time they are referred to.
-    constexpr std::size_t kShortData = 1024;
-    return _scene.spendReferences(1 + attribute(node, "d").size() / kShortData);
+    // Attributes are read anew each time they are referred to; long ones cost more than the element.
+    constexpr std::size_t kShortText = 512;
+    std::size_t size = 0;
+    for (const pugi::xml_attribute& text : node.attributes())
+        size += std::strlen(text.value());
+    return _scene.spendReferences(1 + size / kShortText);
 }
 
 void Walker::drawElement(const pugi::xml_node& node, const State& parent, const Element* use)

@@ -56,8 +56,10 @@ Walker::Clip Walker::makeClip(std::string_view id, const State& state, const Bou
     std::size_t children = 0;
     for (const pugi::xml_node& child : node.children()) {
         // The first outline of each use of a clip is free, so that ordinary drawings are never short of budget.
-        if (child.type() != pugi::node_element || (children++ > 0 && !_scene.spendReferences(1)))
+        if (child.type() != pugi::node_element)
             continue;
+        if (children++ > 0 && !_scene.spendReferences(1))
+            break;
         addClipChild(child, inner, *clip);
     }
     return clip;
@@ -198,8 +200,10 @@ Walker::Clip Walker::makeMaskClip(std::string_view id, const State& state, const
         inner.viewport = {1, 1};
     }
     for (const pugi::xml_node& child : node.children()) {
-        if (child.type() != pugi::node_element || !_scene.spendReferences(1))
+        if (child.type() != pugi::node_element)
             continue;
+        if (!_scene.spendReferences(1))
+            break;
         const std::size_t before = clip->outlines.size();
         addClipChild(child, inner, *clip);
         // A mask is painted, so it is the fill rule that counts.

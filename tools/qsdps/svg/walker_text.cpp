@@ -18,7 +18,8 @@ std::vector<std::string> familyList(std::string_view text)
 {
     std::vector<std::string> families;
     Scanner scanner(text);
-    while (!scanner.atEnd()) {
+    constexpr std::size_t kMostFamilies = 32;
+    while (!scanner.atEnd() && families.size() < kMostFamilies) {
         std::string_view name = trim(scanner.upTo(','));
         if (name.size() >= 2 && (name.front() == '"' || name.front() == '\'') && name.back() == name.front())
             name = trim(name.substr(1, name.size() - 2));
@@ -80,7 +81,7 @@ public:
         useSpan();
         for (const pugi::xml_node& child : element.node.children()) {
             if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
-                _builder.add(child.value());
+                addText(child.value(), state);
             else if (child.type() == pugi::node_element && inner(child, state, shift, opacity))
                 useSpan();
         }
@@ -93,6 +94,13 @@ public:
     [[nodiscard]] std::vector<TextChunk> finish() { return _builder.finish(); }
 
 private:
+    void addText(std::string_view text, const State& state)
+    {
+        constexpr std::size_t kShortText = 128;
+        if (!state.referenced || _walker._scene.spendReferences(text.size() / kShortText))
+            _builder.add(text);
+    }
+
     /// A span inside; true when it may have changed what the builder writes with.
     bool inner(const pugi::xml_node& node, const State& parent, double shift, double opacity)
     {
