@@ -1,10 +1,10 @@
 #include "toolkit/graphics/QsdFont.h"
 
-#include "toolkit/base/QsdGlobalContext.h"
+#include "toolkit/base/QsLocale.h"
+#include "toolkit/graphics/QsdCharacters_p.h"
 #include "toolkit/graphics/QsdFontMetrics_p.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 
 namespace {
@@ -18,26 +18,6 @@ std::uint16_t scaled(std::uint16_t thousandths, std::uint16_t size)
 {
     const unsigned units = (unsigned{thousandths} * size + 500) / 1000;
     return static_cast<std::uint16_t>(std::min<unsigned>(units, std::numeric_limits<std::uint16_t>::max()));
-}
-
-/// Bytes of the character that `lead` begins, and whether it is half as wide as the size.
-struct MultiByte {
-    int bytes;
-    bool half;
-};
-
-MultiByte characterAt(unsigned char lead, QsEncoding encoding)
-{
-    if (lead < 0x80) {
-        return {1, true};
-    }
-    if (encoding == QsEncodingShiftJIS) {
-        return lead >= 0xA1 && lead <= 0xDF ? MultiByte{1, true} : MultiByte{2, false};
-    }
-    if (encoding == QsEncodingEUCJP && lead == 0x8E) {
-        return {2, true};
-    }
-    return {encoding == QsEncodingEUCJP && lead == 0x8F ? 3 : 2, false};
 }
 
 } // namespace
@@ -57,25 +37,17 @@ QsdFont::QsdFont(const char* family, std::uint16_t style, std::uint16_t size, st
 
 double QsdFont::stringWidth(const char* text, int length) const
 {
-    if (text == nullptr) {
-        return 0;
-    }
-    const std::size_t count = length < 0 ? std::strlen(text) : static_cast<std::size_t>(length);
     const double size = _size != 0 ? _size : _ascent + _descent;
-    const QsLocale& locale = QsdGlobalContext::GetInstance().getLocale();
     const QsdFontMetrics& metrics = metricsOf(getFamily(), _style);
-    const bool multiByte = locale.getMaxCharSize() > 1;
+    const bool multiByte = _QsdGetMaxCharSize() > 1;
     double thousandths = 0;
-    for (std::size_t i = 0; i < count;) {
-        const auto byte = static_cast<unsigned char>(text[i]);
+    QsdForEachCharacter(text, length, [&](const QsdCharacter& character) {
+        const auto code = static_cast<unsigned char>(*character.bytes);
         if (multiByte) {
-            const MultiByte character = characterAt(byte, locale.getEncoding());
             thousandths += character.half ? 500 : 1000;
-            i += static_cast<std::size_t>(character.bytes);
         } else {
-            thousandths += byte < 32 ? 0 : metrics.advances[byte - 32];
-            ++i;
+            thousandths += code < 32 ? 0 : metrics.advances[code - 32];
         }
-    }
+    });
     return thousandths * size / 1000;
 }

@@ -44,7 +44,14 @@ QsdMemoryDisplay::QsdMemoryDisplay(unsigned short screenDepth)
 
 void QsdMemoryDisplay::setColors(QsdColorTable colors)
 {
-    _colors = std::move(colors);
+    if (colors.size() != 0) {
+        _colors = std::move(colors);
+    }
+}
+
+unsigned short QsdMemoryDisplay::colorCount() const
+{
+    return _screenDepth > 8 ? std::uint16_t{0} : static_cast<unsigned short>(_colors.size());
 }
 
 void QsdMemoryDisplay::colorTable(unsigned short count, unsigned short* reds, unsigned short* greens,

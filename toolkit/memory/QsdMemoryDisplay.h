@@ -12,11 +12,13 @@ public:
     /// greys) or above (direct colour). 0 is taken for 1.
     explicit QsdMemoryDisplay(unsigned short screenDepth = 24);
 
-    /// Replaces the colour table; tables of fewer than 256 colours are fine.
+    /// Replaces the colour table, of which the first 256 entries count; one without any changes nothing. The pixels of
+    /// bitmaps keep their indices.
     void setColors(QsdColorTable colors);
 
     void colorTable(unsigned short count, unsigned short* reds, unsigned short* greens,
                     unsigned short* blues) const override;
+    [[nodiscard]] unsigned short colorCount() const override;
     [[nodiscard]] unsigned short screenDepth() const override { return _screenDepth; }
     /// Reads bitmaps; other drawables have no pixels here.
     [[nodiscard]] unsigned char* getBitmapData(const QsdSystemPort* port, unsigned long& size,

@@ -79,19 +79,32 @@ void QsdBitmap::clip(const QsdRegion* region) const
     _clip = region == nullptr ? QsdRegion::Full() : *region;
 }
 
-// A bitmap has no glyphs.
-
-void QsdBitmap::drawString(const QsdPalette*, const QsdPoint&, const char*, int, QsdPosition) const {}
-void QsdBitmap::drawIString(const QsdPalette*, const QsdPoint&, const char*, int, QsdPosition) const {}
-void QsdBitmap::drawTransformedString(const QsdPalette*, const char*, int, const QsdTransformer&,
-                                      const QsdRegion*) const
+// Clips are given before the transformer, which takes them along; a turned rectangle is no region any more, so the one
+// around it stands in.
+QsdRegion QsdBitmap::mapped(const QsdRegion& region) const
 {
+    if (region.isFull() || _transformer.isIdentity()) {
+        return region;
+    }
+    QsdRegion result;
+    for (std::uint16_t i = 0; i < region.count(); ++i) {
+        result.add(_transformer.transform(region.rects()[i]));
+    }
+    return result;
 }
-void QsdBitmap::drawWChar(const QsdPalette*, const QsdPoint&, const wchar_t*, int, QsdPosition) const {}
-void QsdBitmap::drawIWChar(const QsdPalette*, const QsdPoint&, const wchar_t*, int, QsdPosition) const {}
-void QsdBitmap::drawString(const QsdPalette*, const QsdPoint&, const QsdBidiString*, int, QsdPosition) const {}
-void QsdBitmap::drawIString(const QsdPalette*, const QsdPoint&, const QsdBidiString*, int, QsdPosition) const {}
-void QsdBitmap::drawTransformedString(const QsdPalette*, const QsdBidiString*, int, const QsdTransformer&,
-                                      const QsdRegion*) const
+
+QsdRegion QsdBitmap::visibleRegion(const QsdPalette& palette) const
 {
+    QsdRegion region = _clip;
+    region.intersect(palette.clipRegion());
+    return mapped(region);
+}
+
+QsdPixels::Value QsdBitmap::valueOf(const QsdColor& color) const
+{
+    const QsdRGB rgb{static_cast<std::uint8_t>(color.red() >> 8), static_cast<std::uint8_t>(color.green() >> 8),
+                     static_cast<std::uint8_t>(color.blue() >> 8)};
+    // Only a depth with a colour table needs the table made.
+    const bool indexed = depth() != 1 && depth() <= 8;
+    return QsdPixels::ValueOf(rgb, depth(), indexed ? display()->colors() : QsdColorTable());
 }

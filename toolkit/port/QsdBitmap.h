@@ -7,10 +7,15 @@
 #include <cstdint>
 #include <memory>
 
+class QsdBitmapPath;
+
 /// A drawable whose pixels the program holds itself, on any display: one-bit, or of the display's screen depth, and
-/// then with a one-bit mask of its opaque pixels if it likes. It can be drawn into like every port, but for texts,
-/// since a bitmap has no glyphs: text operations paint nothing. At a depth of 1, dark colours set bits. Alpha and
-/// antialiasing of palettes do not count.
+/// then with a one-bit mask of its opaque pixels if it likes. It can be drawn into like every port. Colours become the
+/// nearest that the depth has; at a depth of 1, colours below half of full light set bits. Areas cover the pixels whose
+/// centres they contain; lines go through the centres of the pixels that their points name, and their width follows the
+/// scale of the transformer. Texts are drawn with a plain alphabet of lines for Latin letters, whatever the family, in
+/// the advances of the palette's font; a character of several bytes is drawn as a box. Alpha and antialiasing of
+/// palettes do not count.
 class QsdBitmap : public QsdSystemPort {
 public:
     /// A bitmap of zero pixels; `depth` is 1, or anything else for the screen depth of `display`. Throws std::bad_alloc
@@ -82,6 +87,7 @@ public:
     void drawBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const override;
     void drawClosedBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const override;
     void fillBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const override;
+    /// Of a text with directions, `length` counts the characters from its logical beginning; negative: all.
     void drawString(const QsdPalette* palette, const QsdPoint& at, const QsdBidiString* text, int length,
                     QsdPosition position) const override;
     void drawIString(const QsdPalette* palette, const QsdPoint& at, const QsdBidiString* text, int length,
@@ -92,7 +98,17 @@ public:
                            const QsdRect& dest, bool smooth) const override;
 
 private:
-    class Painter;
+    [[nodiscard]] QsdRegion mapped(const QsdRegion& region) const;
+    [[nodiscard]] QsdRegion visibleRegion(const QsdPalette& palette) const;
+    [[nodiscard]] QsdPixels::Value valueOf(const QsdColor& color) const;
+    void stroke(const QsdPalette& palette, const QsdBitmapPath& path, bool closed) const;
+    void fill(const QsdPalette& palette, const QsdBitmapPath& path) const;
+    void drawImage(const QsdPalette& palette, const QsdSystemPort& source, const QsdRect& from,
+                   const QsdTransformer& placing, const QsdRect* clip, bool transparent) const;
+    void drawTextAt(const QsdPalette& palette, const QsdPoint& at, const char* text, int length, QsdPosition position,
+                    bool opaque) const;
+    void drawText(const QsdPalette& palette, const char* text, int length, const QsdTransformer& placing,
+                  const QsdRegion& visible, bool opaque) const;
 
     mutable QsdPixels _pixels; ///< drawing is const in a port, which stands for what is drawn on
     std::unique_ptr<QsdBitmap> _mask;

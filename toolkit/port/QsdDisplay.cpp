@@ -8,8 +8,10 @@
 #include "toolkit/port/QsdResourceTable_p.h"
 #include "toolkit/raster/QsdPixels.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -119,16 +121,21 @@ QsdPalette* QsdDisplay::getPalette(const QsdColor* background, const QsdColor* f
                                  lineWidth, fillStyle, arcMode, fillRule, alpha, antialiasing});
 }
 
+unsigned short QsdDisplay::colorCount() const
+{
+    return screenDepth() > 8 ? std::uint16_t{0} : static_cast<unsigned short>(1U << screenDepth());
+}
+
 QsdColorTable QsdDisplay::colors() const
 {
-    constexpr unsigned short Count = 256;
-    std::vector<unsigned short> components(std::size_t{Count} * 3);
+    const std::size_t count = colorCount();
+    std::vector<unsigned short> components(count * 3);
     unsigned short* const reds = components.data();
-    colorTable(Count, reds, reds + Count, reds + 2 * Count);
+    colorTable(static_cast<unsigned short>(count), reds, reds + count, reds + 2 * count);
     std::vector<QsdRGB> table;
-    for (std::size_t i = 0; i < Count; ++i) {
-        table.push_back({static_cast<std::uint8_t>(reds[i] >> 8), static_cast<std::uint8_t>(reds[i + Count] >> 8),
-                         static_cast<std::uint8_t>(reds[i + 2 * Count] >> 8)});
+    for (std::size_t i = 0; i < count; ++i) {
+        table.push_back({static_cast<std::uint8_t>(reds[i] >> 8), static_cast<std::uint8_t>(reds[i + count] >> 8),
+                         static_cast<std::uint8_t>(reds[i + 2 * count] >> 8)});
     }
     return QsdColorTable(std::move(table));
 }
@@ -142,6 +149,11 @@ QsdColorPattern* QsdDisplay::createColorPattern(const QsdBitmapData& data) const
 {
     QsdPixels pixels(data.width(), data.height(), screenDepth());
     pixels.assign(data, colors());
+    std::vector<unsigned char> bytes = pixels.bytes();
+    if (screenDepth() == 1) {
+        // Set bits of a bitmap are ink, but those of a one-bit colour are light.
+        std::transform(bytes.begin(), bytes.end(), bytes.begin(), std::bit_not<unsigned char>());
+    }
     return new QsdColorPattern(static_cast<std::uint16_t>(data.width()), static_cast<std::uint16_t>(data.height()),
-                               screenDepth(), pixels.bytes().data(), pixels.bytes().size());
+                               screenDepth(), bytes.data(), bytes.size());
 }

@@ -45,7 +45,10 @@ public:
     /// those of the display are black.
     virtual void colorTable(unsigned short count, unsigned short* reds, unsigned short* greens,
                             unsigned short* blues) const = 0;
-    /// The same table as 256 colours of 8-bit components.
+    /// The number of colour table entries that pixels may stand for; by default 2 to the power of the screen depth, and
+    /// 0 above a depth of 8.
+    [[nodiscard]] virtual unsigned short colorCount() const;
+    /// The same entries as colours of 8-bit components.
     [[nodiscard]] QsdColorTable colors() const;
     /// Bits per pixel: 1, up to 8 (colour table), above 8 (direct colour).
     [[nodiscard]] virtual unsigned short screenDepth() const = 0;

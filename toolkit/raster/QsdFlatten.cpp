@@ -15,6 +15,17 @@ int steps(double count)
 
 } // namespace
 
+QsdChain QsdTamed(const QsdChain& chain, double farthest)
+{
+    QsdChain tamed;
+    for (const QsdRealPoint& p : chain) {
+        if (!std::isnan(p.x) && !std::isnan(p.y)) {
+            tamed.push_back({std::clamp(p.x, -farthest, farthest), std::clamp(p.y, -farthest, farthest)});
+        }
+    }
+    return tamed;
+}
+
 void QsdFlattenCurve(QsdChain& chain, QsdRealPoint control1, QsdRealPoint control2, QsdRealPoint end)
 {
     const QsdRealPoint begin = chain.back();

@@ -14,6 +14,10 @@ struct QsdRealPoint {
 /// One chain of lines.
 using QsdChain = std::vector<QsdRealPoint>;
 
+/// The points of a chain that are numbers, with their coordinates held between -farthest and farthest, so that they can
+/// be reckoned with safely.
+[[nodiscard]] QsdChain QsdTamed(const QsdChain& chain, double farthest);
+
 /// Adds the cubic curve from the last point of `chain` (which is there) to `end`, exact to about a tenth of a unit.
 void QsdFlattenCurve(QsdChain& chain, QsdRealPoint control1, QsdRealPoint control2, QsdRealPoint end);
 

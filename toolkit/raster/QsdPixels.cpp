@@ -120,3 +120,12 @@ QsdPixels::Value QsdPixels::ValueOf(QsdRGB color, std::uint16_t depth, const Qsd
     }
     return Value{color.red} << 16 | Value{color.green} << 8 | Value{color.blue};
 }
+
+QsdRGB QsdPixels::ColorOf(Value value, std::uint16_t depth, const QsdColorTable& colors)
+{
+    if (depth <= 8) {
+        return colors.color(value);
+    }
+    return {static_cast<std::uint8_t>(value >> 16), static_cast<std::uint8_t>(value >> 8),
+            static_cast<std::uint8_t>(value)};
+}

@@ -40,6 +40,8 @@ public:
 
     /// The value that stands for a colour at `depth`: at 1, whether it is dark (below half of full light).
     [[nodiscard]] static Value ValueOf(QsdRGB color, std::uint16_t depth, const QsdColorTable& colors);
+    /// The colour that a value stands for at a depth other than 1.
+    [[nodiscard]] static QsdRGB ColorOf(Value value, std::uint16_t depth, const QsdColorTable& colors);
     /// Bytes of a row of `width` pixels.
     [[nodiscard]] static std::size_t RowBytes(std::uint32_t width, std::uint16_t depth);
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <utility>
 
 namespace {
@@ -39,14 +38,12 @@ void addEdge(std::vector<Edge>& edges, QsdRealPoint a, QsdRealPoint b, const Qsd
 
 std::vector<Edge> edgesOf(const std::vector<QsdChain>& rings, const QsdRect& area)
 {
+    constexpr double Farthest = 1e15;
     std::vector<Edge> edges;
-    QsdChain finite;
     for (const QsdChain& ring : rings) {
-        finite.clear();
-        std::copy_if(ring.begin(), ring.end(), std::back_inserter(finite),
-                     [](const QsdRealPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
-        for (std::size_t i = 0; i < finite.size(); ++i) {
-            addEdge(edges, finite[i], finite[(i + 1) % finite.size()], area);
+        const QsdChain points = QsdTamed(ring, Farthest);
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            addEdge(edges, points[i], points[(i + 1) % points.size()], area);
         }
     }
     std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a.firstRow < b.firstRow; });

@@ -12,7 +12,7 @@
 using QsdSpanReceiver = std::function<void(std::int32_t y, std::int32_t left, std::int32_t right)>;
 
 /// Fills closed rings together: calls `receive` for each run of pixels of `area` whose centres lie inside, by the
-/// even-odd or the non-zero winding rule, from top to bottom and left to right. Points that are no finite numbers are
-/// left out.
+/// even-odd or the non-zero winding rule, from top to bottom and left to right. Points that are no numbers are left
+/// out.
 void QsdFillPolygons(const std::vector<QsdChain>& rings, bool evenOdd, const QsdRect& area,
                      const QsdSpanReceiver& receive);

@@ -1,13 +1,19 @@
 // Lines as areas.
 #pragma once
 
+#include "toolkit/geometry/QsdRect.h"
 #include "toolkit/raster/QsdFlatten.h"
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
-/// The area of a line of `width` units along `chain`, as rings to be filled together by the winding rule: butt ends,
-/// mitred corners (cut where a mitre would be longer than ten widths). `dashes` are lengths of dashes and gaps in turn,
-/// none: a solid line; the pattern starts `offset` units in. The ends of a closed chain are joined.
-[[nodiscard]] std::vector<QsdChain> QsdStrokeArea(const QsdChain& chain, bool closed, double width,
-                                                  const std::vector<std::uint8_t>& dashes, double offset);
+/// Receives a convex piece of a line's area.
+using QsdPieceReceiver = std::function<void(const QsdChain& piece)>;
+
+/// Cuts the area of a line of `width` units along `chain` into convex pieces, which may overlap: butt ends, mitred
+/// corners (cut where a mitre would be longer than ten widths). `dashes` are lengths of dashes and gaps in turn, which
+/// begin anew with every chain; none: a solid line. The ends of a closed chain are joined. A chain without length is a
+/// square dot. Pieces outside `area` are left out, so a dashed line of any length costs no more than what is seen.
+void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vector<std::uint8_t>& dashes,
+               const QsdRect& area, const QsdPieceReceiver& receive);
