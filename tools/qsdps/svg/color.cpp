@@ -111,7 +111,7 @@ std::optional<Color> parseFunction(std::string_view name, std::string_view argum
         return Color{fromHsl(c[0].value, c[1].value / 100, c[2].value / 100), alpha};
     if (!equalsNoCase(name, "rgb") && !equalsNoCase(name, "rgba"))
         return {};
-    const auto channel = [](const Component& v) { return toByte(v.percent ? v.value * 2.55 : v.value); };
+    const auto channel = [](const Component& v) { return toByte(v.percent ? v.value * 255 / 100 : v.value); };
     return Color{{channel(c[0]), channel(c[1]), channel(c[2])}, alpha};
 }
 

@@ -1,0 +1,71 @@
+// Groups, uses, nested viewports and choices.
+#include "recording_canvas.h"
+
+#include <gtest/gtest.h>
+
+namespace qsdps {
+namespace {
+
+TEST(Groups, AreComposedOnlyWhereTheyMust)
+{
+    EXPECT_EQ(linesOf("<g opacity='.5'><path d='M0 0H1'/><path d='M0 0H2'/></g>"),
+              (Lines{"group 0.5", "fill #000000 M0,0 L1,0", "fill #000000 M0,0 L2,0", "endGroup"}));
+    EXPECT_EQ(linesOf("<g opacity='.5'><title>t</title><g><path d='M0 0H1'/></g></g>"),
+              (Lines{"fill #000000*0.5 M0,0 L1,0"}));
+}
+
+TEST(Groups, TransformTheirContent)
+{
+    EXPECT_EQ(linesOf("<g transform='translate(10 0)'><path d='M0 0H1' transform='scale(2)'/></g>"),
+              (Lines{"fill #000000 M10,0 L12,0"}));
+    EXPECT_EQ(linesOf("<g transform='scale(0)'><path d='M0 0H1'/></g>"), Lines{});
+}
+
+TEST(Uses, DrawWhatTheyReferTo)
+{
+    EXPECT_EQ(linesOf("<defs><path id='p' d='M0 0H1'/></defs><use href='#p' x='5' fill='red' "
+                      "transform='scale(2)'/><use xlink:href='#p' y='1'/>"),
+              (Lines{"fill #ff0000 M10,0 L12,0", "fill #000000 M0,1 L1,1"}));
+    EXPECT_EQ(draw("<use href='#none'/>").messages, "in:1: warning: use refers to nothing in this file\n");
+}
+
+TEST(Uses, GiveSymbolsAViewport)
+{
+    EXPECT_EQ(linesOf("<symbol id='s' viewBox='0 0 10 10'><path d='M0 0H10'/></symbol>"
+                      "<use href='#s' x='20' width='20' height='20'/>"),
+              (Lines{"clip M20,0 L40,0 L40,20 L20,20 Z", "fill #000000 M20,0 L40,0", "popClip"}));
+    EXPECT_EQ(linesOf("<symbol id='s' overflow='visible'><path d='M0 0H10'/></symbol><use href='#s'/>"),
+              (Lines{"fill #000000 M0,0 L10,0"}));
+}
+
+TEST(Viewports, NestWithTheirOwnPercentages)
+{
+    EXPECT_EQ(linesOf("<svg x='10' y='10' width='50%' height='40'><rect width='50%' height='50%'/></svg>"),
+              (Lines{"clip M10,10 L60,10 L60,50 L10,50 Z", "fill #000000 M10,10 L35,10 L35,30 L10,30 Z", "popClip"}));
+    EXPECT_EQ(linesOf("<svg width='0'><rect width='5' height='5'/></svg>"), Lines{});
+}
+
+TEST(Switches, TakeTheFirstThatFits)
+{
+    EXPECT_EQ(linesOf("<switch><path systemLanguage='fr' d='M0 0H1'/><path systemLanguage='de, en-GB' d='M0 0H2'/>"
+                      "<path d='M0 0H3'/></switch>"),
+              (Lines{"fill #000000 M0,0 L2,0"}));
+    EXPECT_EQ(linesOf("<switch><foreignObject requiredExtensions='urn:x'/><g><path d='M0 0H3'/></g></switch>"),
+              (Lines{"fill #000000 M0,0 L3,0"}));
+    EXPECT_EQ(linesOf("<path systemLanguage='fr' d='M0 0H1'/>"), Lines{});
+}
+
+TEST(Reports, NameWhatIsNotDrawn)
+{
+    EXPECT_EQ(draw("<foreignObject/><flowRoot/>").messages,
+              "in: warning: 1 x flowed text not drawn\nin: warning: 1 x foreignObject not drawn\n");
+    EXPECT_EQ(draw("<filter id='b'><feGaussianBlur/></filter><filter id='n'><feTurbulence/></filter>"
+                   "<path d='M0 0H1' filter='url(#b)'/><path d='M0 0H1' filter='url(#n)'/>"
+                   "<path d='M0 0H1' style='mix-blend-mode:multiply'/>")
+                  .messages,
+              "in: warning: 1 x filter not drawn\nin: warning: 1 x blend mode approximated\n"
+              "in: warning: 1 x filter approximated\n");
+}
+
+} // namespace
+} // namespace qsdps
