@@ -153,7 +153,7 @@ public:
     virtual void drawMarkers(const QsdPalette* palette, unsigned long count, const QsdPoint* points, QsdMarkerType type,
                              unsigned short size) const;
     /// Draws a rectangle or diamond that seems to stand out of the page: `face` fills it, `light` draws the upper and
-    /// left edges and `dark` the others, `thickness` units wide.
+    /// left edges (of a diamond the two upper ones) and `dark` the others, `thickness` units wide.
     virtual void drawReliefRectangle(const QsdPalette* face, const QsdPalette* light, const QsdPalette* dark,
                                      const QsdRect& rect, unsigned short thickness) const;
     virtual void drawReliefDiamond(const QsdPalette* face, const QsdPalette* light, const QsdPalette* dark,

@@ -27,7 +27,9 @@ protected:
         _root = name;
         fs::create_directories(_root / "a" / "sub");
         fs::create_directories(_root / "b");
-        setenv("QSDPATH", (":" + (_root / "a").string() + "::" + (_root / "b").string()).c_str(), 1);
+        std::string folders(":");
+        folders.append(path("a")).append("::").append(path("b"));
+        setenv("QSDPATH", folders.c_str(), 1);
     }
     void TearDown() override
     {
