@@ -1,6 +1,7 @@
 #include "toolkit/raster/QsdDashes_p.h"
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 
 namespace {
@@ -37,30 +38,52 @@ private:
     double _rest;
 };
 
+/// From where to where something reaches.
 struct Stretch {
     double begin;
     double end;
 };
 
-/// Narrows a stretch of a line to where a coordinate, `start` plus `step` a unit of length, is between `low` and
-/// `high`.
-void narrow(Stretch& stretch, double start, double step, double low, double high)
+/// How far along and across a line that starts at `from` the corners of `area` lie.
+struct Position {
+    Stretch along;
+    Stretch across;
+};
+
+Position positionOf(const QsdRect& area, QsdRealPoint from, QsdRealPoint direction)
 {
-    if (step == 0) {
-        if (start < low || start > high) {
-            stretch.end = stretch.begin;
+    constexpr double Infinite = std::numeric_limits<double>::infinity();
+    Position position{{Infinite, -Infinite}, {Infinite, -Infinite}};
+    const auto include = [](Stretch& stretch, double value) {
+        stretch.begin = std::min(stretch.begin, value);
+        stretch.end = std::max(stretch.end, value);
+    };
+    for (const std::int64_t x : {std::int64_t{area.x}, area.right()}) {
+        for (const std::int64_t y : {std::int64_t{area.y}, area.bottom()}) {
+            const QsdRealPoint corner = QsdRealPoint{static_cast<double>(x), static_cast<double>(y)} - from;
+            include(position.along, corner.x * direction.x + corner.y * direction.y);
+            include(position.across, corner.x * direction.y - corner.y * direction.x);
         }
-        return;
     }
-    const double atLow = (low - start) / step;
-    const double atHigh = (high - start) / step;
-    stretch.begin = std::max(stretch.begin, std::min(atLow, atHigh));
-    stretch.end = std::min(stretch.end, std::max(atLow, atHigh));
+    return position;
+}
+
+/// The part of a line of `length` from which something that reaches `reach` to all sides can be seen in `area`. The
+/// corners of very wide lines are cut there at last, so that no line has more dashes to see than the area has room for.
+Stretch seenPart(const QsdRect& area, QsdRealPoint from, QsdRealPoint direction, double length, double reach)
+{
+    constexpr double FarthestCorner = 4096;
+    const Position position = positionOf(area, from, direction);
+    if (position.across.begin > reach || position.across.end < -reach) {
+        return {0, 0};
+    }
+    const double margin = std::min(reach, FarthestCorner);
+    return {std::max(0.0, position.along.begin - margin), std::min(length, position.along.end + margin)};
 }
 
 } // namespace
 
-void QsdCutDashes(const QsdChain& chain, const std::vector<std::uint8_t>& lengths, const QsdRect& area, double margin,
+void QsdCutDashes(const QsdChain& chain, const std::vector<std::uint8_t>& lengths, const QsdRect& area, double reach,
                   const std::function<void(const QsdChain& dash)>& receive)
 {
     Phase phase(lengths);
@@ -75,9 +98,7 @@ void QsdCutDashes(const QsdChain& chain, const std::vector<std::uint8_t>& length
         const QsdRealPoint from = chain[i];
         const QsdRealPoint direction = QsdDirection(from, chain[i + 1]);
         const double length = std::hypot(chain[i + 1].x - from.x, chain[i + 1].y - from.y);
-        Stretch seen{0, length};
-        narrow(seen, from.x, direction.x, area.x - margin, static_cast<double>(area.right()) + margin);
-        narrow(seen, from.y, direction.y, area.y - margin, static_cast<double>(area.bottom()) + margin);
+        const Stretch seen = seenPart(area, from, direction, length, reach);
         if (seen.begin >= seen.end) {
             finishDash();
             phase.advance(length);

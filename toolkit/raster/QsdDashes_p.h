@@ -30,6 +30,6 @@ inline QsdRealPoint operator*(QsdRealPoint a, double factor)
 }
 
 /// Calls `receive` with each dash of a chain of finite points, any two neighbours of which differ. `lengths` are those
-/// of dashes and gaps in turn, not all 0. What lies further than `margin` from `area` is passed over at once.
-void QsdCutDashes(const QsdChain& chain, const std::vector<std::uint8_t>& lengths, const QsdRect& area, double margin,
+/// of dashes and gaps in turn, not all 0. What lies further than `reach` from `area` is passed over at once.
+void QsdCutDashes(const QsdChain& chain, const std::vector<std::uint8_t>& lengths, const QsdRect& area, double reach,
                   const std::function<void(const QsdChain& dash)>& receive);
