@@ -1,0 +1,11 @@
+// From drawings to a document.
+#pragma once
+
+#include "options.h"
+
+namespace qsdps {
+
+/// Does what the options ask for; messages go to standard error. Returns the exit status: 0 done, 1 some file failed.
+[[nodiscard]] int convert(const Options& options);
+
+} // namespace qsdps

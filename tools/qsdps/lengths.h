@@ -1,0 +1,35 @@
+// Lengths, sizes and colours as people write them in options.
+#pragma once
+
+#include "drawing/paint.h"
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace qsdps {
+
+/// A length in points of a text such as "12", "2.5cm" or "1in": mm, cm, in, pt, pc and px (1/96 inch); a bare number
+/// counts in `unit` points. None when the text is no finite length.
+[[nodiscard]] std::optional<double> parseLength(std::string_view text, double unit);
+
+/// One length for all four sides or four of them, left, top, right and bottom, separated by commas; none below 0.
+struct Margins {
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+};
+[[nodiscard]] std::optional<Margins> parseMargins(std::string_view text);
+
+struct PaperSize {
+    double width = 0; ///< points
+    double height = 0;
+};
+/// A paper by its name ("a4", "letter", case does not count) or as WIDTHxHEIGHT, lengths above 0.
+[[nodiscard]] std::optional<PaperSize> parsePaper(std::string_view text);
+
+/// "#rgb", "#rrggbb", or one of the names black, white, red, green, blue, yellow, cyan, magenta and gray.
+[[nodiscard]] std::optional<Rgb> parseColor(std::string_view text);
+
+} // namespace qsdps

@@ -1,0 +1,166 @@
+#include "options.h"
+
+#include "toolkit/base/QsdVersion.h"
+
+#include <CLI/CLI.hpp>
+#include <cmath>
+#include <functional>
+#include <iostream>
+#include <map>
+
+namespace qsdps {
+
+namespace {
+
+constexpr int UsageError = 2;
+
+/// A CLI check that passes what `parse` understands and stores it.
+template <class Parse, class Target>
+CLI::callback_t storing(Parse parse, Target& target)
+{
+    return [parse, &target](const CLI::results_t& texts) {
+        const auto value = parse(texts.back());
+        if (value) {
+            target = *value;
+        }
+        return value.has_value();
+    };
+}
+
+struct Alignment {
+    double x;
+    double y;
+};
+
+std::optional<Alignment> parseAlignment(const std::string& text)
+{
+    Alignment alignment{0.5, 0.5};
+    std::size_t start = 0;
+    while (start <= text.size()) {
+        const std::size_t dash = text.find('-', start);
+        const std::string word = text.substr(start, dash - start);
+        if (word == "left") {
+            alignment.x = 0;
+        } else if (word == "right") {
+            alignment.x = 1;
+        } else if (word == "top") {
+            alignment.y = 0;
+        } else if (word == "bottom") {
+            alignment.y = 1;
+        } else if (word != "center") {
+            return std::nullopt;
+        }
+        if (dash == std::string::npos) {
+            break;
+        }
+        start = dash + 1;
+    }
+    return alignment;
+}
+
+std::optional<double> parsePositiveLength(const std::string& text)
+{
+    constexpr double PointsPerPixel = 0.75;
+    const std::optional<double> length = parseLength(text, PointsPerPixel);
+    return length && *length > 0 ? length : std::nullopt;
+}
+
+bool endsWith(const std::string& text, const std::string& end)
+{
+    return text.size() >= end.size() && CLI::detail::to_lower(text.substr(text.size() - end.size())) == end;
+}
+
+} // namespace
+
+std::optional<Options> parseOptions(int argc, const char* const* argv, int& exitCode)
+{
+    Options options;
+    CLI::App app("Turns SVG drawings into PostScript. Several drawings become the pages of one document.", "qsdps");
+    app.set_help_flag("-?,--help", "Print this help and exit");
+    app.set_version_flag("--version", std::string("qsdps ") + QsdGetVersionString());
+    app.footer("Lengths take mm, cm, in, pt, pc and px. Exit status: 0 done, 1 some file failed, 2 wrong usage.");
+
+    app.add_option("FILE", options.inputs, "SVG files, gzipped or not; - or none: standard input");
+    app.add_option("-o,--output", options.output, "Where the document goes; - (the default): standard output")
+        ->type_name("FILE");
+    std::string format;
+    app.add_option("-f,--format", format, "ps or eps; the default follows the output's suffix")
+        ->check(CLI::IsMember({"ps", "eps"}));
+    app.add_option(
+           "-p,--paper", storing(parsePaper, options.paper),
+           "Paper: a0 to a6, b3 to b5, letter, legal, tabloid, ledger, executive or WIDTHxHEIGHT; the default is "
+           "the drawing's own size")
+        ->type_name("NAME|WxH");
+    const std::map<std::string, Orientation> orientations = {
+        {"auto", Orientation::Auto}, {"portrait", Orientation::Portrait}, {"landscape", Orientation::Landscape}};
+    app.add_option("--orientation", options.orientation, "Which side of the paper is up: portrait, landscape or auto")
+        ->transform(CLI::CheckedTransformer(orientations).description(""))
+        ->type_name("NAME");
+    const std::map<std::string, Fit> fits = {{"none", Fit::None}, {"shrink", Fit::Shrink}, {"page", Fit::Page}};
+    app.add_option("--fit", options.fit,
+                   "How drawings fit a given paper: none, shrink (large ones; the default) or page")
+        ->transform(CLI::CheckedTransformer(fits).description(""))
+        ->type_name("NAME");
+    app.add_option("-m,--margin", storing(parseMargins, options.margins),
+                   "Margins of the paper, bare numbers in points")
+        ->type_name("L[,T,R,B]");
+    Alignment alignment{options.alignX, options.alignY};
+    app.add_option("--align", storing(parseAlignment, alignment),
+                   "Where on the paper: center, or words of top, bottom, left and right joined by -")
+        ->type_name("PLACE");
+    app.add_option("-w,--width", storing(parsePositiveLength, options.width),
+                   "Width of each drawing, bare numbers in px")
+        ->type_name("LENGTH");
+    app.add_option("-h,--height", storing(parsePositiveLength, options.height),
+                   "Height of each drawing, bare numbers in px")
+        ->type_name("LENGTH");
+    app.add_option("-z,--zoom", options.zoom, "Enlarge each drawing by this factor")->check(CLI::Range(1e-4, 1e4));
+    app.add_option("-d,--dpi", options.dpi, "Pixels of the drawing in an inch (96)")->check(CLI::Range(1.0, 1e5));
+    app.add_option("-b,--background", storing(parseColor, options.background), "Colour of the paper: #rrggbb or a name")
+        ->type_name("COLOR");
+    app.add_option("--level", options.level, "PostScript language level: 1 or 2 (the default)")
+        ->check(CLI::IsMember({1UL, 2UL}));
+    const std::map<std::string, QsdPSColorModel> models = {{"rgb", QsdPSRGB}, {"grey", QsdPSGrey}, {"gray", QsdPSGrey}};
+    app.add_option("--color", options.color, "Colour model: rgb (the default) or grey")
+        ->transform(CLI::CheckedTransformer(models).description(""))
+        ->type_name("NAME");
+    std::string encoder;
+    app.add_option("--encoder", encoder, "Encoding of image data: ascii85 (the default at level 2) or hex")
+        ->check(CLI::IsMember({"ascii85", "hex"}));
+    const std::map<std::string, QsEncoding> encodings = {
+        {"latin1", QsEncodingLatin1}, {"euc-jp", QsEncodingEUCJP}, {"sjis", QsEncodingShiftJIS}};
+    app.add_option("--encoding", options.encoding,
+                   "Encoding of the document's texts: latin1 (the default), euc-jp or sjis")
+        ->transform(CLI::CheckedTransformer(encodings).description(""))
+        ->type_name("NAME");
+    app.add_option("--font-map", options.fontMap, "A font map file to read in addition")->type_name("FILE");
+    app.add_flag("--strict", options.strict, "Fail when something of a drawing cannot be drawn");
+    app.add_flag("-q,--quiet", options.quiet, "Do not tell what was approximated or left out");
+    app.add_flag("-v,--verbose", options.verbose, "Tell what is being done");
+    app.add_flag("--progress", options.progress, "Show progress on standard error when it is a terminal");
+
+    try {
+        app.parse(argc, argv);
+        if (options.level == 1 && encoder == "ascii85") {
+            throw CLI::ValidationError("--encoder", "level 1 documents have hexadecimal data");
+        }
+        if (options.inputs.empty()) {
+            options.inputs.emplace_back("-");
+        }
+        const bool eps = format == "eps" ||
+                         (format.empty() && (endsWith(options.output, ".eps") || endsWith(options.output, ".epsf")));
+        options.format = eps ? Format::EPS : Format::PS;
+        if (eps && options.inputs.size() > 1) {
+            throw CLI::ValidationError("FILE", "an EPS document holds one drawing");
+        }
+    } catch (const CLI::ParseError& error) {
+        exitCode = app.exit(error) == 0 ? 0 : UsageError;
+        return std::nullopt;
+    }
+    options.hexEncoder = encoder == "hex";
+    options.alignX = alignment.x;
+    options.alignY = alignment.y;
+    return options;
+}
+
+} // namespace qsdps

@@ -1,0 +1,48 @@
+// What the user asked for.
+#pragma once
+
+#include "lengths.h"
+#include "ps/QsdPSColorModel.h"
+#include "toolkit/base/QsEncoding.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qsdps {
+
+enum class Format { PS, EPS };
+enum class Orientation { Auto, Portrait, Landscape };
+enum class Fit { None, Shrink, Page };
+
+struct Options {
+    std::vector<std::string> inputs; ///< file names; "-" is standard input
+    std::string output = "-";        ///< a file name; "-" is standard output
+    Format format = Format::PS;
+    std::optional<PaperSize> paper; ///< none: that of the drawings
+    Orientation orientation = Orientation::Auto;
+    Fit fit = Fit::Shrink;
+    Margins margins;
+    double alignX = 0.5;         ///< 0 left, 1 right, in what the margins leave
+    double alignY = 0.5;         ///< 0 top, 1 bottom
+    std::optional<double> width; ///< of each drawing, points
+    std::optional<double> height;
+    double zoom = 1;
+    double dpi = 96;
+    std::optional<Rgb> background;
+    unsigned long level = 2;
+    QsdPSColorModel color = QsdPSRGB;
+    bool hexEncoder = false;
+    QsEncoding encoding = QsEncodingLatin1;
+    std::string fontMap; ///< empty: none
+    bool strict = false;
+    bool quiet = false;
+    bool verbose = false;
+    bool progress = false;
+};
+
+/// Reads the command line. Returns nothing when the run is over already (help, version, or a mistake, which is told on
+/// standard error); `exitCode` says how.
+[[nodiscard]] std::optional<Options> parseOptions(int argc, const char* const* argv, int& exitCode);
+
+} // namespace qsdps

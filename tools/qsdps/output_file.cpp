@@ -1,0 +1,169 @@
+#include "output_file.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <streambuf>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace qsdps {
+
+namespace {
+
+/// The file to remove when a signal ends the program; one output is written at a time.
+std::array<char, 4096> removedBySignal{};
+
+void removeAndDie(int signal)
+{
+    if (removedBySignal[0] != '\0') {
+        unlink(removedBySignal.data());
+    }
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
+void removeOnSignal(const std::string& path)
+{
+    if (path.size() < removedBySignal.size()) {
+        std::memcpy(removedBySignal.data(), path.c_str(), path.size() + 1);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+            std::signal(signal, removeAndDie);
+        }
+    }
+}
+
+/// The permissions that a new file would get.
+mode_t newFileMode()
+{
+    const mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+} // namespace
+
+/// Collects large blocks for a file descriptor. Flushing is for the end: a document has a line end everywhere.
+class OutputFile::Buffer : public std::streambuf {
+public:
+    Buffer(int descriptor, bool closes) : _descriptor(descriptor), _closes(closes)
+    {
+        setp(_block.data(), _block.data() + _block.size());
+    }
+    ~Buffer() override { close(); }
+
+    [[nodiscard]] int error() const { return _error; }
+
+    void finish()
+    {
+        writeBlock();
+        close();
+    }
+
+protected:
+    int_type overflow(int_type c) override
+    {
+        if (!writeBlock()) {
+            return traits_type::eof();
+        }
+        if (!traits_type::eq_int_type(c, traits_type::eof())) {
+            sputc(traits_type::to_char_type(c));
+        }
+        return traits_type::not_eof(c);
+    }
+    int sync() override { return _error == 0 ? 0 : -1; }
+
+private:
+    bool writeBlock()
+    {
+        const char* from = pbase();
+        while (from != pptr() && _error == 0) {
+            const ssize_t written = write(_descriptor, from, static_cast<std::size_t>(pptr() - from));
+            if (written > 0) {
+                from += written;
+            } else if (written < 0 && errno != EINTR) {
+                _error = errno;
+            }
+        }
+        setp(_block.data(), _block.data() + _block.size());
+        return _error == 0;
+    }
+    void close()
+    {
+        if (_closes && ::close(_descriptor) != 0 && _error == 0) {
+            _error = errno;
+        }
+        _closes = false;
+    }
+
+    int _descriptor;
+    bool _closes;
+    int _error = 0;
+    std::array<char, 65536> _block{};
+};
+
+OutputFile::OutputFile(std::string name) : _name(std::move(name)) {}
+
+OutputFile::~OutputFile()
+{
+    discard();
+}
+
+bool OutputFile::open(std::string& error)
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    int descriptor = STDOUT_FILENO;
+    if (_name != "-") {
+        struct stat status {};
+        const bool exists = stat(_name.c_str(), &status) == 0;
+        if (exists && !S_ISREG(status.st_mode)) {
+            descriptor = ::open(_name.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+        } else {
+            _temporary = _name + ".XXXXXX";
+            descriptor = mkostemp(_temporary.data(), O_CLOEXEC);
+            if (descriptor < 0) {
+                _temporary.clear();
+            } else {
+                fchmod(descriptor, exists ? status.st_mode & 07777 : newFileMode());
+                removeOnSignal(_temporary);
+            }
+        }
+        if (descriptor < 0) {
+            error = std::strerror(errno);
+            return false;
+        }
+    }
+    _buffer = std::make_unique<Buffer>(descriptor, _name != "-");
+    _stream = std::make_unique<std::ostream>(_buffer.get());
+    return true;
+}
+
+bool OutputFile::commit(std::string& error)
+{
+    _buffer->finish();
+    if (_buffer->error() != 0) {
+        error = std::strerror(_buffer->error());
+        return false;
+    }
+    if (!_temporary.empty() && std::rename(_temporary.c_str(), _name.c_str()) != 0) {
+        error = std::strerror(errno);
+        return false;
+    }
+    _temporary.clear();
+    removedBySignal[0] = '\0';
+    return true;
+}
+
+void OutputFile::discard()
+{
+    if (!_temporary.empty()) {
+        unlink(_temporary.c_str());
+        _temporary.clear();
+        removedBySignal[0] = '\0';
+    }
+}
+
+} // namespace qsdps

@@ -1,0 +1,89 @@
+#include "page/colors.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace qsdps {
+
+namespace {
+
+struct Mixed {
+    double r = 0;
+    double g = 0;
+    double b = 0;
+    double alpha = 0;
+};
+
+std::uint8_t onWhite(double component, double alpha)
+{
+    return static_cast<std::uint8_t>(std::lround(std::clamp(255 + (component - 255) * alpha, 0.0, 255.0)));
+}
+
+/// The colour that a gradient has on the whole: its stops weighted by how far each reaches.
+Mixed averageOf(const Gradient& gradient)
+{
+    Mixed sum;
+    double weights = 0;
+    const auto add = [&](const GradientStop& stop, double weight) {
+        sum.r += stop.color.r * stop.opacity * weight;
+        sum.g += stop.color.g * stop.opacity * weight;
+        sum.b += stop.color.b * stop.opacity * weight;
+        sum.alpha += stop.opacity * weight;
+        weights += weight;
+    };
+    const std::vector<GradientStop>& stops = gradient.stops;
+    for (std::size_t i = 0; i + 1 < stops.size(); ++i) {
+        const double half = (stops[i + 1].offset - stops[i].offset) / 2;
+        add(stops[i], half);
+        add(stops[i + 1], half);
+    }
+    add(stops.front(), stops.front().offset);
+    add(stops.back(), 1 - stops.back().offset);
+    if (weights > 0 && sum.alpha > 0) {
+        sum = {sum.r / sum.alpha, sum.g / sum.alpha, sum.b / sum.alpha, sum.alpha / weights};
+    }
+    return sum;
+}
+
+} // namespace
+
+const QsdColor* ColorTable::get(Rgb color)
+{
+    const std::uint32_t key = std::uint32_t{color.r} << 16 | std::uint32_t{color.g} << 8 | color.b;
+    if (_colors.size() >= MostColors && !_colors.contains(key)) {
+        _colors.clear();
+    }
+    QsdHandle<const QsdColor>& entry = _colors[key];
+    if (!entry) {
+        const auto widened = [](std::uint8_t c) { return static_cast<std::uint16_t>(c * 257); };
+        entry = QsdHandle<const QsdColor>::Adopt(new QsdColor(widened(color.r), widened(color.g), widened(color.b)));
+    }
+    return entry.get();
+}
+
+std::optional<Rgb> flatColor(const Paint& paint, double opacity, Report& report)
+{
+    if (paint.none()) {
+        return std::nullopt;
+    }
+    Mixed mixed;
+    if (const auto* const color = std::get_if<Rgb>(&paint.source)) {
+        mixed = {static_cast<double>(color->r), static_cast<double>(color->g), static_cast<double>(color->b), 1};
+    } else if (const auto* const gradient = std::get_if<std::shared_ptr<const Gradient>>(&paint.source)) {
+        report.approximated("gradient");
+        mixed = averageOf(**gradient);
+    } else {
+        report.notDrawn("pattern fill");
+        return std::nullopt;
+    }
+    const double alpha = mixed.alpha * paint.opacity * opacity;
+    if (!(alpha > 1.0 / 512)) {
+        return std::nullopt;
+    }
+    if (alpha < 1 - 1.0 / 512) {
+        report.approximated("opacity");
+    }
+    return Rgb{onWhite(mixed.r, alpha), onWhite(mixed.g, alpha), onWhite(mixed.b, alpha)};
+}
+
+} // namespace qsdps

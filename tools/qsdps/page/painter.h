@@ -1,0 +1,63 @@
+// Draws the objects of a drawing through a port.
+#pragma once
+
+#include "drawing/canvas.h"
+#include "drawing/report.h"
+#include "page/clip_stack.h"
+#include "page/colors.h"
+#include "page/fonts.h"
+#include "page/text_encoding.h"
+#include "page/units.h"
+#include "toolkit/port/QsdPort.h"
+
+#include <vector>
+
+namespace qsdps {
+
+/// What painters of several pages share, so that the port sees the same objects again.
+struct PaintTools {
+    PaintTools(QsdDisplay& display, QsEncoding encoding)
+        : fonts(display, encoding), encoder(encoding), palette(QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display)))
+    {
+    }
+
+    ColorTable colors;
+    FontTable fonts;
+    TextEncoder encoder;
+    QsdHandle<QsdPalette> palette;
+};
+
+/// A canvas on one page of a port. The port's transformer must map units to points; it stays as it is.
+class Painter : public Canvas {
+public:
+    /// Paints on `port` with `units`; `pageToPoints` maps the drawing's page (CSS pixels) to points on the paper.
+    Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, PaintTools& tools, Report& report);
+
+    void fill(const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage) override;
+    void stroke(const Path& path, const StrokeStyle& style, const Paint& paint, const Matrix& toPage) override;
+    void text(const TextChunk& chunk, const Matrix& toPage) override;
+    void image(const ImageObject& image, double opacity, const Matrix& toPage) override;
+    void pushClip(const ClipPath& clip) override;
+    void popClip() override;
+    void beginGroup(double opacity) override;
+    void endGroup() override;
+
+private:
+    [[nodiscard]] double groupOpacity() const { return _opacities.empty() ? 1 : _opacities.back(); }
+    /// Fills an area with one colour, cut by the clip in force.
+    void fillArea(Rings rings, FillRule rule, Rgb color);
+    /// Draws a stroke as lines of the port; false, and nothing drawn, when its lines would not look right.
+    bool strokeAsLines(const std::vector<Chain>& chains, const StrokeStyle& style, double width, Rgb color);
+    /// Puts the clip in force for something that covers `bounds` into the palette; false when nothing of it is left.
+    bool clipTo(const QsdRect& bounds);
+
+    const QsdPort& _port;
+    Units _units;
+    Matrix _pageToUnits;
+    PaintTools& _tools;
+    Report& _report;
+    ClipStack _clips;
+    std::vector<double> _opacities;
+};
+
+} // namespace qsdps

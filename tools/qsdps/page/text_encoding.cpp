@@ -1,0 +1,142 @@
+#include "page/text_encoding.h"
+
+#include <array>
+#include <cstdint>
+#include <iconv.h>
+#include <optional>
+
+namespace qsdps {
+
+namespace {
+
+struct SpecialCode {
+    char32_t character;
+    unsigned char code;
+};
+
+/// The characters that the prolog's encoding has below those of Latin-1, and look-alikes of others.
+constexpr SpecialCode SpecialCodes[] = {
+    {0x201A, 0x82}, {0x0192, 0x83}, {0x201E, 0x84}, {0x2026, 0x85}, {0x2020, 0x86}, {0x2021, 0x87},
+    {0x02C6, 0x88}, {0x2030, 0x89}, {0x0160, 0x8A}, {0x2039, 0x8B}, {0x0152, 0x8C}, {0x0131, 0x90},
+    {0x2018, 0x91}, {0x2019, 0x92}, {0x201C, 0x93}, {0x201D, 0x94}, {0x2022, 0x95}, {0x2013, 0x96},
+    {0x2014, 0x97}, {0x02DC, 0x98}, {0x2122, 0x99}, {0x0161, 0x9A}, {0x203A, 0x9B}, {0x0153, 0x9C},
+    {0x02DD, 0x9D}, {0x02DB, 0x9E}, {0x0178, 0x9F}, {0x2212, 0x96}, {0x03BC, 0xB5}, {0x2009, ' '},
+    {0x200A, ' '},  {0x202F, ' '},  {0x2002, ' '},  {0x2003, ' '},  {0x2010, '-'},  {0x2011, '-'},
+};
+
+/// Takes the first character off `text`; bytes that are no UTF-8 count one by one as the replacement character.
+char32_t takeCharacter(std::string_view& text, std::string_view& bytes)
+{
+    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const unsigned char lead = byteAt(0);
+    std::size_t length = lead < 0x80                   ? 1
+                         : lead >= 0xC2 && lead < 0xE0 ? 2
+                         : lead >= 0xE0 && lead < 0xF0 ? 3
+                         : lead >= 0xF0 && lead < 0xF5 ? 4
+                                                       : 0;
+    char32_t character = length == 1 ? lead : lead & (0x7FU >> length);
+    for (std::size_t i = 1; i < length; ++i) {
+        if (i >= text.size() || (byteAt(i) & 0xC0) != 0x80) {
+            length = 0;
+            break;
+        }
+        character = character << 6 | (byteAt(i) & 0x3FU);
+    }
+    if (length == 0) {
+        character = 0xFFFD;
+        length = 1;
+    }
+    bytes = text.substr(0, length);
+    text.remove_prefix(length);
+    return character;
+}
+
+bool isInvisible(char32_t c)
+{
+    return c < 0x20 || c == 0x7F || (c >= 0x80 && c < 0xA0) || c == 0xAD || (c >= 0x200B && c <= 0x200F) ||
+           c == 0xFEFF || (c >= 0xFE00 && c <= 0xFE0F);
+}
+
+std::optional<std::string> latinOf(char32_t c)
+{
+    if (c < 0x7F || (c >= 0xA0 && c <= 0xFF)) {
+        return std::string(1, static_cast<char>(c));
+    }
+    for (const SpecialCode& special : SpecialCodes) {
+        if (special.character == c) {
+            return std::string(1, static_cast<char>(special.code));
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+/// The C library's converter into one encoding.
+class TextEncoder::Converter {
+public:
+    explicit Converter(const char* name) : _descriptor(iconv_open(name, "UTF-8")) {}
+    ~Converter()
+    {
+        if (isOpen()) {
+            iconv_close(_descriptor);
+        }
+    }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+
+    [[nodiscard]] std::optional<std::string> convert(std::string_view character) const
+    {
+        if (!isOpen()) {
+            return std::nullopt;
+        }
+        std::string in(character);
+        std::array<char, 8> out{};
+        char* from = in.data();
+        char* to = out.data();
+        std::size_t fromLeft = in.size();
+        std::size_t toLeft = out.size();
+        iconv(_descriptor, nullptr, nullptr, nullptr, nullptr);
+        if (iconv(_descriptor, &from, &fromLeft, &to, &toLeft) != 0) {
+            return std::nullopt;
+        }
+        return std::string(out.data(), out.size() - toLeft);
+    }
+
+private:
+    [[nodiscard]] bool isOpen() const { return _descriptor != reinterpret_cast<iconv_t>(-1); }
+
+    iconv_t _descriptor;
+};
+
+TextEncoder::TextEncoder(QsEncoding encoding)
+{
+    if (encoding == QsEncodingEUCJP) {
+        _converter = std::make_unique<Converter>("EUC-JP");
+    } else if (encoding == QsEncodingShiftJIS) {
+        _converter = std::make_unique<Converter>("SHIFT_JIS");
+    }
+}
+
+TextEncoder::~TextEncoder() = default;
+
+std::vector<std::string> TextEncoder::encode(std::string_view utf8, unsigned long& missing) const
+{
+    std::vector<std::string> characters;
+    while (!utf8.empty()) {
+        std::string_view bytes;
+        const char32_t character = takeCharacter(utf8, bytes);
+        if (isInvisible(character)) {
+            continue;
+        }
+        std::optional<std::string> encoded = _converter ? _converter->convert(bytes) : latinOf(character);
+        if (!encoded) {
+            ++missing;
+            encoded = "?";
+        }
+        characters.push_back(std::move(*encoded));
+    }
+    return characters;
+}
+
+} // namespace qsdps

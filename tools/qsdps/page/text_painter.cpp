@@ -1,0 +1,245 @@
+#include "page/text_painter.h"
+
+#include "page/painter.h"
+#include "page/polygons.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace qsdps {
+
+namespace {
+
+constexpr double LargestFont = 65535;
+
+Matrix turned(double degrees)
+{
+    const double radians = degrees * 3.14159265358979323846 / 180;
+    return {std::cos(radians), std::sin(radians), -std::sin(radians), std::cos(radians), 0, 0};
+}
+
+/// Whether texts under the matrix stand upright and keep their proportions.
+bool isUpright(const Matrix& m)
+{
+    const double slack = 1e-6 * m.meanScale();
+    return m.a > 0 && std::fabs(m.b) < slack && std::fabs(m.c) < slack && std::fabs(m.a - m.d) < slack;
+}
+
+std::string joined(const std::vector<std::string>& pieces)
+{
+    std::string text;
+    for (const std::string& piece : pieces) {
+        text += piece;
+    }
+    return text;
+}
+
+/// Walks along the straight pieces of a path.
+class Walk {
+public:
+    explicit Walk(const Path& path) : _chains(flattened(path, Matrix(), 0.1)) {}
+
+    /// The point `distance` along the path and the direction there in degrees; false beyond the ends.
+    bool at(double distance, Point& point, double& degrees) const
+    {
+        if (distance < 0) {
+            return false;
+        }
+        for (const Chain& chain : _chains) {
+            for (std::size_t i = 1; i < chain.points.size(); ++i) {
+                const Point& a = chain.points[i - 1];
+                const Point& b = chain.points[i];
+                const double length = std::hypot(b.x - a.x, b.y - a.y);
+                if (length > 0 && distance <= length) {
+                    const double part = distance / length;
+                    point = {a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
+                    degrees = std::atan2(b.y - a.y, b.x - a.x) * 180 / 3.14159265358979323846;
+                    return true;
+                }
+                distance -= length;
+            }
+        }
+        return false;
+    }
+
+private:
+    std::vector<Chain> _chains;
+};
+
+} // namespace
+
+/// A span made ready: its bytes, its font in units, and how far it reaches in user units.
+struct TextPainter::Run {
+    const TextSpan* span = nullptr;
+    std::vector<std::string> characters;
+    const QsdFont* font = nullptr;
+    double userPerFontUnit = 0; ///< user units in a unit of the font's size
+    double spacing = 0;         ///< user units after each character, what `textLength` asks for included
+    double advance = 0;         ///< user units in all, the shift in front not included
+    std::optional<Rgb> color;
+
+    [[nodiscard]] double advanceOf(const std::string& bytes) const
+    {
+        const double natural = font->stringWidth(bytes.data(), static_cast<int>(bytes.size())) * userPerFontUnit;
+        return natural + spacing + (bytes == " " ? span->wordSpacing : 0);
+    }
+    [[nodiscard]] bool inPieces() const { return spacing != 0 || span->rotate != 0 || span->wordSpacing != 0; }
+};
+
+TextPainter::Run TextPainter::runOf(const TextSpan& span, const Matrix& toUnits)
+{
+    Run run;
+    run.span = &span;
+    unsigned long missing = 0;
+    run.characters = _tools.encoder.encode(span.text, missing);
+    for (; missing != 0; --missing) {
+        _report.notDrawn("character that the document's encoding lacks");
+    }
+    const double size = span.font.size * toUnits.meanScale();
+    const double held = std::clamp(std::isfinite(size) ? size : 0.0, 1.0, LargestFont);
+    const auto units = static_cast<std::uint16_t>(std::lround(held));
+    run.font = _tools.fonts.get(span.font, span.underline, units);
+    run.userPerFontUnit = span.font.size / units;
+    run.spacing = span.letterSpacing;
+    for (const std::string& bytes : run.characters) {
+        run.advance += run.advanceOf(bytes);
+    }
+    if (span.textLength && run.characters.size() > 1 && run.advance > 0) {
+        const auto count = static_cast<double>(run.characters.size());
+        run.spacing += (*span.textLength - run.advance) / count;
+        run.advance = *span.textLength;
+    }
+    const Paint& paint = span.fill.none() ? span.stroke : span.fill;
+    run.color = flatColor(paint, span.opacity * _opacity, _report);
+    if (!span.stroke.none()) {
+        _report.approximated("stroked text");
+    }
+    return run;
+}
+
+void TextPainter::paint(const TextChunk& chunk, const Matrix& toUnits)
+{
+    if (!(toUnits.meanScale() > 0)) {
+        return;
+    }
+    std::vector<Run> runs;
+    double total = 0;
+    for (const TextSpan& span : chunk.spans) {
+        runs.push_back(runOf(span, toUnits));
+        total += span.dx + runs.back().advance;
+    }
+    const double shift = chunk.anchor == TextAnchor::Middle ? -total / 2 : chunk.anchor == TextAnchor::End ? -total : 0;
+    if (chunk.along) {
+        paintAlong(*chunk.along, chunk.startOffset + shift, runs, toUnits);
+        return;
+    }
+    // One plain run is aligned by the interpreter, which knows its fonts best.
+    if (runs.size() == 1 && shift != 0 && !runs[0].inPieces() && isUpright(toUnits) && !runs[0].span->lineThrough &&
+        !runs[0].span->overline) {
+        const TextSpan& span = *runs[0].span;
+        const double dx = chunk.anchor == TextAnchor::Middle ? span.dx / 2 : 0;
+        paintPiece(runs[0], joined(runs[0].characters), {chunk.at.x + dx, chunk.at.y + span.dy - span.baselineShift}, 0,
+                   toUnits, chunk.anchor == TextAnchor::Middle ? QsdPositionCenter : QsdPositionRight);
+        return;
+    }
+    Point at{chunk.at.x + shift, chunk.at.y};
+    for (const Run& run : runs) {
+        at.x += run.span->dx;
+        at.y += run.span->dy;
+        const Point raised{at.x, at.y - run.span->baselineShift};
+        paintRun(run, raised, toUnits);
+        paintRules(run, raised, toUnits);
+        at.x += run.advance;
+    }
+}
+
+void TextPainter::paintRun(const Run& run, Point at, const Matrix& toUnits)
+{
+    if (!run.inPieces()) {
+        paintPiece(run, joined(run.characters), at, 0, toUnits, QsdPositionNone);
+        return;
+    }
+    for (const std::string& bytes : run.characters) {
+        if (bytes != " " || run.span->underline) {
+            paintPiece(run, bytes, at, run.span->rotate, toUnits, QsdPositionNone);
+        }
+        at.x += run.advanceOf(bytes);
+    }
+}
+
+void TextPainter::paintAlong(const Path& path, double offset, const std::vector<Run>& runs, const Matrix& toUnits)
+{
+    const Walk walk(path);
+    for (const Run& run : runs) {
+        offset += run.span->dx;
+        for (const std::string& bytes : run.characters) {
+            const double advance = run.advanceOf(bytes);
+            Point middle;
+            double degrees = 0;
+            if (walk.at(offset + advance / 2, middle, degrees)) {
+                // Each character stands upright on the path under its middle.
+                const Matrix frame = Matrix::translation(middle.x, middle.y) * turned(degrees);
+                const Point start = frame.map({-advance / 2, run.span->dy - run.span->baselineShift});
+                paintPiece(run, bytes, start, degrees, toUnits, QsdPositionNone);
+            }
+            offset += advance;
+        }
+    }
+}
+
+void TextPainter::paintPiece(const Run& run, const std::string& bytes, Point at, double degrees, const Matrix& toUnits,
+                             QsdPosition position)
+{
+    if (bytes.empty() || !run.color) {
+        return;
+    }
+    QsdPalette& palette = *_tools.palette;
+    palette.setForeground(_tools.colors.get(*run.color));
+    palette.setFont(run.font);
+    const Matrix matrix = degrees == 0 ? toUnits : toUnits * turned(degrees);
+    const Point baseline = toUnits.map(at);
+    const auto length = static_cast<int>(bytes.size());
+    if (isUpright(matrix)) {
+        _port.drawString(&palette, rounded(baseline), bytes.data(), length, position);
+        return;
+    }
+    // The port places the top of the text, an ascent above its baseline.
+    const double scale = run.userPerFontUnit;
+    const Matrix factors{matrix.a * scale, matrix.b * scale, matrix.c * scale, matrix.d * scale, 0, 0};
+    const Point ascent = factors.map({0, static_cast<double>(run.font->ascent())});
+    const QsdTransformer t(factors.a, factors.c, factors.b, factors.d, std::round(baseline.x - ascent.x),
+                           std::round(baseline.y - ascent.y));
+    _port.drawTransformedString(&palette, bytes.data(), length, t, nullptr);
+}
+
+/// Lines over and through the text; the one under it belongs to the font.
+void TextPainter::paintRules(const Run& run, Point at, const Matrix& toUnits)
+{
+    const double size = run.span->font.size;
+    const auto rule = [&](double height) {
+        const double half = size / 40;
+        Chain box{{}, true};
+        for (const Point& p : {Point{at.x, at.y - height - half}, Point{at.x + run.advance, at.y - height - half},
+                               Point{at.x + run.advance, at.y - height + half}, Point{at.x, at.y - height + half}}) {
+            box.points.push_back(toUnits.map(p));
+        }
+        const Rings rings = ringsOf({box});
+        if (!rings.empty()) {
+            QsdPalette& palette = *_tools.palette;
+            palette.setForeground(_tools.colors.get(*run.color));
+            palette.setFillRule(QsdWindingRule);
+            fillPolygons(_port, palette, rings);
+        }
+    };
+    if (!run.color || !(run.advance > 0)) {
+        return;
+    }
+    if (run.span->lineThrough) {
+        rule(size * 0.28);
+    }
+    if (run.span->overline) {
+        rule(size * 0.8);
+    }
+}
+
+} // namespace qsdps
