@@ -127,7 +127,7 @@ protected:
 
 TEST_F(FontFile, IsCopiedOncePerDocument)
 {
-    const std::string content("%!PS\n\0\r\xFF binary", 17);
+    const std::string content("%!PS\n\0\r\xFF binary", 15);
     std::ofstream(path, std::ios::binary) << content;
     add("mine", path.c_str());
     const std::string copied = "\n%%BeginFont: Mine\n" + content + "\n%%EndFont\n12/Mine qsdsf\n";
