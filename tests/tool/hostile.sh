@@ -1,0 +1,32 @@
+#!/bin/sh
+# Drawings that mean no good: the tool says so or draws what it can, soon, and never crashes.
+set -eu
+. "$(dirname "$0")/lib.sh"
+
+awk 'BEGIN { printf "<svg width=\"9\" height=\"9\">"; for (i = 0; i < 100000; i++) printf "<g>"; printf "<rect/>";
+    for (i = 0; i < 100000; i++) printf "</g>"; print "</svg>" }' >deep.svg
+expect_status 0 "$tool" -q deep.svg -o deep.ps
+
+awk 'BEGIN { print "<svg width=\"9\" height=\"9\"><rect id=\"a0\" width=\"1\" height=\"1\"/>";
+    for (i = 1; i < 12; i++) { printf "<g id=\"a%d\">", i; for (j = 0; j < 10; j++) printf "<use href=\"#a%d\"/>", i - 1;
+    print "</g>" } print "<use href=\"#a11\"/></svg>" }' >bomb.svg
+expect_status 0 timeout 60 "$tool" -q bomb.svg -o bomb.ps
+
+cat >numbers.svg <<'END'
+<svg width="1e308" height="nan" viewBox="-1e308 0 1e308 1e-308"><path d="M1e999 0L-1e308 1e308z" stroke="red"
+stroke-width="1e300"/><text font-size="1e300">x</text><rect width="-1" height="1"/><path d="M0 0L5 x 9"/></svg>
+END
+status=0
+timeout 20 "$tool" numbers.svg -o numbers.ps 2>err || status=$?
+[ "$status" -le 1 ] || fail "numbers ended with $status"
+
+head -c 100000 /dev/urandom >noise.svg
+expect_status 1 "$tool" noise.svg -o noise.ps
+[ ! -e noise.ps ] || fail "noise left a document"
+
+# Texts and names stay inside their literals.
+cat >words.svg <<'END'
+<svg width="90" height="20"><text y="9" font-family=") quit (">(a) \ ) showpage ( {b} $ &#10; %!PS</text></svg>
+END
+expect_status 0 "$tool" words.svg -o words.ps
+grep -q -F '(\(a\) \\ \) showpage \( \{b\} \$' words.ps || fail "literal: $(grep show words.ps)"
