@@ -125,7 +125,8 @@ bool drawPages(FileDevice& device, const std::vector<Page>& pages, const PaperSi
         paintBackground(device, tools, options, paper, units);
         const SvgDrawing& drawing = *pages[i].drawing;
         Report report;
-        Painter painter(device, units, placement(drawing.width(), drawing.height(), paper, options), tools, report);
+        Painter painter(device, units, placement(drawing.width(), drawing.height(), paper, options),
+                        options.background.value_or(Rgb{255, 255, 255}), tools, report);
         drawing.draw(painter, report);
         complete = complete && !report.anythingNotDrawn();
         if (!options.quiet) {

@@ -14,9 +14,14 @@ struct Mixed {
     double alpha = 0;
 };
 
-std::uint8_t onWhite(double component, double alpha)
+std::uint8_t mix(std::uint8_t above, std::uint8_t below, double alpha)
 {
-    return static_cast<std::uint8_t>(std::lround(std::clamp(255 + (component - 255) * alpha, 0.0, 255.0)));
+    return static_cast<std::uint8_t>(std::lround(below + (above - below) * alpha));
+}
+
+std::uint8_t component(double value)
+{
+    return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0, 255.0)));
 }
 
 /// The colour that a gradient has on the whole: its stops weighted by how far each reaches.
@@ -61,29 +66,31 @@ const QsdColor* ColorTable::get(Rgb color)
     return entry.get();
 }
 
-std::optional<Rgb> flatColor(const Paint& paint, double opacity, Report& report)
+std::optional<Ink> inkOf(const Paint& paint, Report& report)
 {
     if (paint.none()) {
         return std::nullopt;
     }
-    Mixed mixed;
+    Ink ink;
+    ink.alpha = paint.opacity;
     if (const auto* const color = std::get_if<Rgb>(&paint.source)) {
-        mixed = {static_cast<double>(color->r), static_cast<double>(color->g), static_cast<double>(color->b), 1};
+        ink.color = *color;
     } else if (const auto* const gradient = std::get_if<std::shared_ptr<const Gradient>>(&paint.source)) {
         report.approximated("gradient");
-        mixed = averageOf(**gradient);
+        const Mixed mixed = averageOf(**gradient);
+        ink.color = {component(mixed.r), component(mixed.g), component(mixed.b)};
+        ink.alpha *= mixed.alpha;
     } else {
         report.notDrawn("pattern fill");
         return std::nullopt;
     }
-    const double alpha = mixed.alpha * paint.opacity * opacity;
-    if (!(alpha > 1.0 / 512)) {
-        return std::nullopt;
-    }
-    if (alpha < 1 - 1.0 / 512) {
-        report.approximated("opacity");
-    }
-    return Rgb{onWhite(mixed.r, alpha), onWhite(mixed.g, alpha), onWhite(mixed.b, alpha)};
+    return ink.isInvisible() ? std::nullopt : std::optional(ink);
+}
+
+Rgb blend(const Ink& ink, double opacity, Rgb ground)
+{
+    const double alpha = std::clamp(ink.alpha * opacity, 0.0, 1.0);
+    return {mix(ink.color.r, ground.r, alpha), mix(ink.color.g, ground.g, alpha), mix(ink.color.b, ground.b, alpha)};
 }
 
 } // namespace qsdps

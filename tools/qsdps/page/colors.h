@@ -22,8 +22,22 @@ private:
     std::unordered_map<std::uint32_t, QsdHandle<const QsdColor>> _colors;
 };
 
-/// What a paint amounts to when it has to be one colour on white paper: `opacity` and the paint's own let the paper
-/// shine through. None when nothing is to be seen. What that only approximates, or cannot do, is counted in `report`.
-[[nodiscard]] std::optional<Rgb> flatColor(const Paint& paint, double opacity, Report& report);
+/// A colour that lets what is under it shine through.
+struct Ink {
+    Rgb color;
+    double alpha = 1; ///< 0 to 1
+
+    [[nodiscard]] bool isOpaque() const { return alpha > 1 - LeastAlpha; }
+    [[nodiscard]] bool isInvisible() const { return !(alpha > LeastAlpha); }
+
+private:
+    static constexpr double LeastAlpha = 1.0 / 512; ///< less makes no difference in 8 bits
+};
+
+/// What a paint amounts to when it has to be one colour. None when nothing is to be seen. What that only approximates,
+/// or cannot do, is counted in `report`.
+[[nodiscard]] std::optional<Ink> inkOf(const Paint& paint, Report& report);
+/// `ink` with its own and another `opacity`, laid on `ground`.
+[[nodiscard]] Rgb blend(const Ink& ink, double opacity, Rgb ground);
 
 } // namespace qsdps

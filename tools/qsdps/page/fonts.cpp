@@ -13,16 +13,15 @@ struct FamilyName {
 
 /// Looked through in order: the first part that a name contains decides.
 constexpr FamilyName FamilyNames[] = {
-    {"symbol", "symbol"},       {"mono", "courier"},        {"courier", "courier"},  {"typewriter", "courier"},
-    {"consol", "courier"},      {"fixed", "courier"},       {"terminal", "courier"}, {"cousine", "courier"},
-    {"inconsolata", "courier"}, {"menlo", "courier"},       {"monaco", "courier"},   {"ocr", "courier"},
-    {"sans", "helvetica"},      {"helvetica", "helvetica"}, {"arial", "helvetica"},  {"verdana", "helvetica"},
-    {"times", "times"},         {"serif", "times"},         {"roman", "times"},      {"georgia", "times"},
-    {"garamond", "times"},      {"palatino", "times"},      {"bookman", "times"},    {"schoolbook", "times"},
-    {"cambria", "times"},       {"minion", "times"},        {"libertine", "times"},  {"charter", "times"},
-    {"baskerville", "times"},   {"bodoni", "times"},        {"caslon", "times"},     {"didot", "times"},
-    {"tinos", "times"},         {"antiqua", "times"},       {"cmr", "times"},        {"nimbus rom", "times"},
-    {"mincho", "times"},
+    {"symbol", "symbol"},       {"mono", "courier"},    {"courier", "courier"},   {"typewriter", "courier"},
+    {"consol", "courier"},      {"fixed", "courier"},   {"terminal", "courier"},  {"cousine", "courier"},
+    {"inconsolata", "courier"}, {"menlo", "courier"},   {"monaco", "courier"},    {"sans", "helvetica"},
+    {"helvetica", "helvetica"}, {"arial", "helvetica"}, {"verdana", "helvetica"}, {"times", "times"},
+    {"serif", "times"},         {"roman", "times"},     {"georgia", "times"},     {"garamond", "times"},
+    {"palatino", "times"},      {"bookman", "times"},   {"schoolbook", "times"},  {"cambria", "times"},
+    {"minion", "times"},        {"libertine", "times"}, {"charter", "times"},     {"baskerville", "times"},
+    {"bodoni", "times"},        {"caslon", "times"},    {"didot", "times"},       {"tinos", "times"},
+    {"antiqua", "times"},       {"cmr", "times"},       {"nimbus rom", "times"},  {"mincho", "times"},
 };
 
 std::string lowerCase(std::string_view text)

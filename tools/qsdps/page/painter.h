@@ -6,6 +6,7 @@
 #include "page/clip_stack.h"
 #include "page/colors.h"
 #include "page/fonts.h"
+#include "page/ground.h"
 #include "page/text_encoding.h"
 #include "page/units.h"
 #include "toolkit/port/QsdPort.h"
@@ -30,8 +31,10 @@ struct PaintTools {
 /// A canvas on one page of a port. The port's transformer must map units to points; it stays as it is.
 class Painter : public Canvas {
 public:
-    /// Paints on `port` with `units`; `pageToPoints` maps the drawing's page (CSS pixels) to points on the paper.
-    Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, PaintTools& tools, Report& report);
+    /// Paints on `port` with `units`; `pageToPoints` maps the drawing's page (CSS pixels) to points on the paper, which
+    /// has the colour `paper`.
+    Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, Rgb paper, PaintTools& tools,
+            Report& report);
 
     void fill(const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage) override;
     void stroke(const Path& path, const StrokeStyle& style, const Paint& paint, const Matrix& toPage) override;
@@ -43,11 +46,24 @@ public:
     void endGroup() override;
 
 private:
-    [[nodiscard]] double groupOpacity() const { return _opacities.empty() ? 1 : _opacities.back(); }
-    /// Fills an area with one colour, cut by the clip in force.
-    void fillArea(Rings rings, FillRule rule, Rgb color);
-    /// Draws a stroke as lines of the port; false, and nothing drawn, when its lines would not look right.
-    bool strokeAsLines(const std::vector<Chain>& chains, const StrokeStyle& style, double width, Rgb color);
+    /// A translucent group under way.
+    struct Group {
+        double opacity;        ///< its own and that of the groups around it
+        std::size_t groundEnd; ///< the areas painted before it
+    };
+
+    [[nodiscard]] double groupOpacity() const { return _groups.empty() ? 1 : _groups.back().opacity; }
+    [[nodiscard]] bool isOpaque(const Ink& ink) const { return Ink{ink.color, ink.alpha * groupOpacity()}.isOpaque(); }
+    /// How many of the painted areas shine through an ink: opaque objects hide those of their own group.
+    [[nodiscard]] std::size_t groundEndFor(const Ink& ink) const;
+    /// Fills an area with an ink, cut by the clip in force.
+    void fillArea(Rings rings, FillRule rule, const Ink& ink);
+    /// Fills an area inside the clip's area with one opaque colour.
+    void fillOpaque(Rings rings, FillRule rule, Rgb color);
+    /// Draws a stroke as lines of the port; false, and nothing drawn, when its lines would not look right. `area` gives
+    /// what it covers.
+    bool strokeAsLines(const std::vector<Chain>& chains, const StrokeStyle& style, double width, const Ink& ink,
+                       Ground::AreaMaker area);
     /// Puts the clip in force for something that covers `bounds` into the palette; false when nothing of it is left.
     bool clipTo(const QsdRect& bounds);
 
@@ -57,7 +73,8 @@ private:
     PaintTools& _tools;
     Report& _report;
     ClipStack _clips;
-    std::vector<double> _opacities;
+    Ground _ground;
+    std::vector<Group> _groups;
 };
 
 } // namespace qsdps

@@ -8,7 +8,10 @@ namespace qsdps {
 
 namespace {
 
-bool fitsDelta(std::int64_t distance) { return distance >= INT16_MIN && distance <= INT16_MAX; }
+bool fitsDelta(std::int64_t distance)
+{
+    return distance >= INT16_MIN && distance <= INT16_MAX;
+}
 
 /// The steps between the points; none when one is too long for a step.
 std::vector<QsdDeltaPoint> stepsOf(const Ring& points)

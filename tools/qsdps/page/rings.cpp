@@ -144,6 +144,11 @@ Rings unionOf(const Rings& a, const Rings& b)
     return combined(ClipperLib::ctUnion, a, FillRule::NonZero, b);
 }
 
+Rings difference(const Rings& a, const Rings& b)
+{
+    return combined(ClipperLib::ctDifference, a, FillRule::NonZero, b);
+}
+
 Rings simplified(const Rings& rings, FillRule rule)
 {
     return combined(ClipperLib::ctUnion, rings, rule, {});

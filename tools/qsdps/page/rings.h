@@ -27,6 +27,8 @@ using Rings = std::vector<Ring>;
 [[nodiscard]] Rings intersection(const Rings& rings, FillRule rule, const Rings& clip);
 /// The area inside any of two sets of rings, both by the non-zero rule, as the result is.
 [[nodiscard]] Rings unionOf(const Rings& a, const Rings& b);
+/// The area inside `a` and not inside `b`, both by the non-zero rule, as the result is.
+[[nodiscard]] Rings difference(const Rings& a, const Rings& b);
 /// The same area for the non-zero rule.
 [[nodiscard]] Rings simplified(const Rings& rings, FillRule rule);
 

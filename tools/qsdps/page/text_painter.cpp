@@ -86,7 +86,7 @@ struct TextPainter::Run {
     [[nodiscard]] bool inPieces() const { return spacing != 0 || span->rotate != 0 || span->wordSpacing != 0; }
 };
 
-TextPainter::Run TextPainter::runOf(const TextSpan& span, const Matrix& toUnits)
+TextPainter::Run TextPainter::runOf(const TextSpan& span, const Matrix& toUnits, QsdPoint ground)
 {
     Run run;
     run.span = &span;
@@ -110,7 +110,12 @@ TextPainter::Run TextPainter::runOf(const TextSpan& span, const Matrix& toUnits)
         run.advance = *span.textLength;
     }
     const Paint& paint = span.fill.none() ? span.stroke : span.fill;
-    run.color = flatColor(paint, span.opacity * _opacity, _report);
+    if (std::optional<Ink> ink = inkOf(paint, _report)) {
+        ink->alpha *= span.opacity;
+        if (!ink->isInvisible()) {
+            run.color = _blender(*ink, ground);
+        }
+    }
     if (!span.stroke.none()) {
         _report.approximated("stroked text");
     }
@@ -124,8 +129,9 @@ void TextPainter::paint(const TextChunk& chunk, const Matrix& toUnits)
     }
     std::vector<Run> runs;
     double total = 0;
+    const QsdPoint ground = rounded(toUnits.map(chunk.at));
     for (const TextSpan& span : chunk.spans) {
-        runs.push_back(runOf(span, toUnits));
+        runs.push_back(runOf(span, toUnits, ground));
         total += span.dx + runs.back().advance;
     }
     const double shift = chunk.anchor == TextAnchor::Middle ? -total / 2 : chunk.anchor == TextAnchor::End ? -total : 0;

@@ -3,7 +3,11 @@
 
 #include "drawing/report.h"
 #include "drawing/text.h"
+#include "page/colors.h"
 #include "toolkit/port/QsdPort.h"
+
+#include <functional>
+#include <utility>
 
 namespace qsdps {
 
@@ -11,9 +15,12 @@ struct PaintTools;
 
 class TextPainter {
 public:
-    /// Draws on `port` with the clip of the tools' palette; `opacity` is that of the groups around the text.
-    TextPainter(const QsdPort& port, PaintTools& tools, Report& report, double opacity)
-        : _port(port), _tools(tools), _report(report), _opacity(opacity)
+    /// Gives the colour that an ink has on the page at a point in units.
+    using Blender = std::function<Rgb(const Ink&, QsdPoint)>;
+
+    /// Draws on `port` with the clip of the tools' palette, all of a chunk on the ground that it begins on.
+    TextPainter(const QsdPort& port, PaintTools& tools, Report& report, Blender blender)
+        : _port(port), _tools(tools), _report(report), _blender(std::move(blender))
     {
     }
 
@@ -23,7 +30,7 @@ public:
 private:
     struct Run;
 
-    [[nodiscard]] Run runOf(const TextSpan& span, const Matrix& toUnits);
+    [[nodiscard]] Run runOf(const TextSpan& span, const Matrix& toUnits, QsdPoint ground);
     void paintRun(const Run& run, Point at, const Matrix& toUnits);
     void paintAlong(const Path& path, double offset, const std::vector<Run>& runs, const Matrix& toUnits);
     void paintPiece(const Run& run, const std::string& bytes, Point at, double degrees, const Matrix& toUnits,
@@ -33,7 +40,7 @@ private:
     const QsdPort& _port;
     PaintTools& _tools;
     Report& _report;
-    double _opacity;
+    Blender _blender;
 };
 
 } // namespace qsdps

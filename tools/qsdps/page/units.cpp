@@ -16,7 +16,10 @@ Units::Units(double extent)
     _tolerance = std::max(0.5, _perPoint * std::min(FinestDetail, extent / ShownDots));
 }
 
-QsdTransformer Units::toPoints() const { return {1 / _perPoint, 0, 0, 1 / _perPoint, 0, 0}; }
+QsdTransformer Units::toPoints() const
+{
+    return {1 / _perPoint, 0, 0, 1 / _perPoint, 0, 0};
+}
 
 QsdPoint rounded(Point p)
 {

@@ -1,0 +1,160 @@
+#include "page/ground.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace qsdps {
+
+namespace {
+
+constexpr std::size_t MostPoints = 4'000'000; ///< remembered
+constexpr std::size_t MostParts = 400;        ///< of one translucent area
+constexpr std::size_t MostWork = 60'000'000;  ///< layers looked at and points cut on a page, roughly
+
+std::size_t pointsOf(const Rings& rings)
+{
+    std::size_t count = 0;
+    for (const Ring& ring : rings) {
+        count += ring.size();
+    }
+    return count;
+}
+
+/// Twice the surface, holes counted against the rest.
+double surfaceOf(const Rings& rings)
+{
+    double sum = 0;
+    for (const Ring& ring : rings) {
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            const QsdPoint& a = ring[i];
+            const QsdPoint& b = ring[(i + 1) % ring.size()];
+            sum += static_cast<double>(a.x) * b.y - static_cast<double>(b.x) * a.y;
+        }
+    }
+    return std::fabs(sum);
+}
+
+/// How often the rings run around a point.
+int windingOf(const Rings& rings, QsdPoint p)
+{
+    int winding = 0;
+    for (const Ring& ring : rings) {
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            const QsdPoint& a = ring[i];
+            const QsdPoint& b = ring[(i + 1) % ring.size()];
+            if ((a.y <= p.y) == (b.y <= p.y)) {
+                continue;
+            }
+            const double x = a.x + (static_cast<double>(p.y) - a.y) * (static_cast<double>(b.x) - a.x) /
+                                       (static_cast<double>(b.y) - a.y);
+            if (x > p.x) {
+                winding += a.y <= p.y ? 1 : -1;
+            }
+        }
+    }
+    return winding;
+}
+
+} // namespace
+
+void Ground::add(const QsdRect& bounds, Rings area, FillRule rule, Rgb color)
+{
+    _points += pointsOf(area);
+    if (_points <= MostPoints) {
+        const bool ready = rule == FillRule::NonZero && boundsOf(area) == bounds;
+        _layers.push_back({bounds, std::move(area), {}, rule, ready, color});
+    }
+}
+
+void Ground::add(const QsdRect& bounds, AreaMaker area, Rgb color)
+{
+    constexpr std::size_t Weight = 16; // what a maker holds, in points
+    _points += Weight;
+    if (_points <= MostPoints) {
+        _layers.push_back({bounds, {}, std::move(area), FillRule::NonZero, false, color});
+    }
+}
+
+const Rings& Ground::areaOf(Layer& layer)
+{
+    if (!layer.ready) {
+        if (layer.maker) {
+            layer.area = layer.maker();
+            layer.maker = nullptr;
+        }
+        layer.area = intersection(layer.area, layer.rule, ringsOf(layer.bounds));
+        layer.rule = FillRule::NonZero;
+        layer.ready = true;
+    }
+    return layer.area;
+}
+
+bool Ground::spend(std::size_t work)
+{
+    _work = std::min(_work + work, MostWork + 1);
+    return _work <= MostWork;
+}
+
+bool Ground::isBare(const QsdRect& bounds, std::size_t end) const
+{
+    return std::none_of(_layers.begin(), _layers.begin() + static_cast<std::ptrdiff_t>(std::min(end, count())),
+                        [&](const Layer& layer) { return !layer.bounds.intersected(bounds).isEmpty(); });
+}
+
+std::vector<GroundPart> Ground::under(const Rings& area, std::size_t end)
+{
+    constexpr double Visible = 1e-4; // of the area; less is rounding
+    const QsdRect bounds = boundsOf(area);
+    const double whole = surfaceOf(area);
+    Rings open = area; // not yet known to cover anything
+    std::vector<GroundPart> parts;
+    bool covered = false;
+    for (std::size_t i = std::min(end, count()); i > 0 && parts.size() < MostParts && spend(1); --i) {
+        Layer& layer = _layers[i - 1];
+        if (layer.bounds.intersected(bounds).isEmpty()) {
+            continue;
+        }
+        const Rings& covering = areaOf(layer);
+        const bool isRect = asRectangle(covering).has_value();
+        if (isRect && layer.bounds.intersected(bounds) == bounds) {
+            parts.push_back({area, layer.color});
+            covered = true;
+            break;
+        }
+        if (!spend(pointsOf(covering) + pointsOf(area) + pointsOf(open))) {
+            break;
+        }
+        if (surfaceOf(intersection(open, FillRule::NonZero, covering)) <= whole * Visible) {
+            continue;
+        }
+        parts.push_back({intersection(area, FillRule::NonZero, covering), layer.color});
+        open = difference(open, covering);
+        covered = surfaceOf(open) <= whole * Visible;
+        if (covered) {
+            break;
+        }
+    }
+    if (!covered) {
+        parts.push_back({area, _paper});
+    }
+    std::reverse(parts.begin(), parts.end());
+    return parts;
+}
+
+Rgb Ground::at(QsdPoint point, std::size_t end)
+{
+    for (std::size_t i = std::min(end, count()); i > 0 && spend(1); --i) {
+        Layer& layer = _layers[i - 1];
+        if (!layer.bounds.contains(point)) {
+            continue;
+        }
+        const Rings& area = areaOf(layer);
+        if (spend(pointsOf(area)) && windingOf(area, point) != 0) {
+            return layer.color;
+        }
+    }
+    return _paper;
+}
+
+} // namespace qsdps

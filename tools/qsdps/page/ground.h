@@ -1,0 +1,62 @@
+// What the page shows so far, for things that let it shine through.
+#pragma once
+
+#include "page/rings.h"
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+namespace qsdps {
+
+/// A part of an area and the colour under it; the area is for the non-zero rule.
+struct GroundPart {
+    Rings area;
+    Rgb color;
+};
+
+/// The opaque areas painted on one page, one over the other. A device without transparency shows a translucent shape
+/// right when each part of it is filled with the blend of its colour and the colour under that part.
+class Ground {
+public:
+    using AreaMaker = std::function<Rings()>;
+
+    /// Empty paper of one colour.
+    explicit Ground(Rgb paper) : _paper(paper) {}
+
+    /// Lays an area inside `bounds` on top; what sticks out of them is cut off. The maker gives its rings for the
+    /// non-zero rule, and is called only when something translucent comes to lie there. Past a limit on memory areas
+    /// are not remembered.
+    void add(const QsdRect& bounds, Rings area, FillRule rule, Rgb color);
+    void add(const QsdRect& bounds, AreaMaker area, Rgb color);
+
+    [[nodiscard]] Rgb paper() const { return _paper; }
+    /// Number of areas so far.
+    [[nodiscard]] std::size_t count() const { return _layers.size(); }
+    /// Whether the first `end` areas leave `bounds` free.
+    [[nodiscard]] bool isBare(const QsdRect& bounds, std::size_t end) const;
+    /// The parts of an area (non-zero rule) over the first `end` areas, in the order in which to fill them: a later
+    /// part may hide some of an earlier one, so that no seams show between them.
+    [[nodiscard]] std::vector<GroundPart> under(const Rings& area, std::size_t end);
+    /// The colour at a point over the first `end` areas.
+    [[nodiscard]] Rgb at(QsdPoint point, std::size_t end);
+
+private:
+    struct Layer {
+        QsdRect bounds;
+        Rings area;
+        AreaMaker maker; ///< where the area is still to be made
+        FillRule rule = FillRule::NonZero;
+        bool ready = false; ///< for the non-zero rule and inside the bounds
+        Rgb color;
+    };
+    [[nodiscard]] const Rings& areaOf(Layer& layer);
+    [[nodiscard]] bool spend(std::size_t work);
+
+    Rgb _paper;
+    std::vector<Layer> _layers;
+    std::size_t _points = 0;
+    std::size_t _work = 0;
+};
+
+} // namespace qsdps
