@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int Side = 24;
+constexpr int Side = 36; ///< more than any rectangle here reaches
 using Model = std::bitset<Side * Side>;
 
 Model modelOf(const QsdRegion& region)
@@ -39,7 +39,7 @@ void expectCanonical(const QsdRegion& region)
 QsdRect randomRect(std::mt19937& random)
 {
     const auto below = [&](int limit) { return static_cast<std::int32_t>(random() % static_cast<unsigned>(limit)); };
-    return {below(Side), below(Side), static_cast<std::uint32_t>(below(10)), static_cast<std::uint32_t>(below(10))};
+    return {below(24), below(24), static_cast<std::uint32_t>(below(10)), static_cast<std::uint32_t>(below(10))};
 }
 
 TEST(Region, OperationsAgreeWithABitmap)
