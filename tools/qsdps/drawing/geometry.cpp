@@ -5,7 +5,10 @@
 
 namespace qsdps {
 
-double Matrix::meanScale() const { return std::sqrt(std::abs(determinant())); }
+double Matrix::meanScale() const
+{
+    return std::sqrt(std::abs(determinant()));
+}
 
 bool Matrix::isUniform() const
 {
@@ -50,7 +53,10 @@ void Path::cubicTo(Point c1, Point c2, Point p)
     _points.push_back(p);
 }
 
-void Path::close() { _verbs.push_back(Verb::Close); }
+void Path::close()
+{
+    _verbs.push_back(Verb::Close);
+}
 
 Box Path::controlBox() const
 {

@@ -1,5 +1,6 @@
 #include "page/painter.h"
 
+#include "page/gradient_bands.h"
 #include "page/line_fit.h"
 #include "page/polygons.h"
 #include "page/stroker.h"
@@ -25,33 +26,68 @@ std::size_t Painter::groundEndFor(const Ink& ink) const
 
 void Painter::fill(const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage)
 {
-    if (const std::optional<Ink> ink = inkOf(paint, _report)) {
-        fillArea(ringsOf(flattened(path, _pageToUnits * toPage, _units.tolerance())), rule, *ink);
+    const Matrix toUnits = _pageToUnits * toPage;
+    if (!paint.none()) {
+        paintArea(ringsOf(flattened(path, toUnits, _units.tolerance())), rule, paint, toUnits);
     }
 }
 
-void Painter::fillArea(Rings rings, FillRule rule, const Ink& ink)
+void Painter::paintArea(Rings rings, FillRule rule, const Paint& paint, const Matrix& toUnits)
 {
     const ClipArea& clip = _clips.top();
     if (clip.area) {
         rings = intersection(rings, rule, *clip.area);
         rule = FillRule::NonZero;
     }
-    if (isOpaque(ink)) {
-        fillOpaque(std::move(rings), rule, ink.color);
+    const auto* const gradient = std::get_if<std::shared_ptr<const Gradient>>(&paint.source);
+    const std::optional<Ink> ink = gradient != nullptr ? std::nullopt : inkOf(paint, _report);
+    if (ink && isOpaque(*ink)) {
+        fillOpaque(std::move(rings), rule, ink->color);
         return;
     }
     if (clip.rect && !clip.area) {
         rings = intersection(rings, rule, ringsOf(*clip.rect));
-        rule = FillRule::NonZero;
-    }
-    if (rule == FillRule::EvenOdd) {
+    } else {
         rings = simplified(rings, rule);
     }
     if (rings.empty()) {
         return;
     }
-    for (GroundPart& part : _ground.under(rings, groundEndFor(ink))) {
+    if (gradient != nullptr) {
+        paintGradient(rings, **gradient, paint.opacity, toUnits);
+    } else if (ink) {
+        fillArea(std::move(rings), *ink, groundEndFor(*ink));
+    }
+}
+
+void Painter::paintGradient(const Rings& rings, const Gradient& gradient, double opacity, const Matrix& toUnits)
+{
+    const std::vector<BandArea> bands =
+        bandAreas(gradient, toUnits * gradient.toUser, boundsOf(rings), _units.tolerance());
+    // All bands lie on the same ground, though each hides a bit of the one before.
+    const std::size_t groundEnd = _ground.count();
+    for (const BandArea& band : bands) {
+        const Ink ink{band.ink.color, band.ink.alpha * opacity};
+        fillArea(intersection(rings, FillRule::NonZero, band.area), ink,
+                 ink.isOpaque() ? groundEndFor(ink) : groundEnd);
+    }
+    if (bands.empty()) {
+        const GradientStop& last = gradient.stops.back();
+        const Ink ink{last.color, last.opacity * opacity};
+        fillArea(rings, ink, groundEndFor(ink));
+    }
+}
+
+void Painter::fillArea(Rings rings, const Ink& ink, std::size_t groundEnd)
+{
+    if (rings.empty()) {
+        return;
+    }
+    if (isOpaque(ink)) {
+        fillOpaque(std::move(rings), FillRule::NonZero, ink.color);
+        return;
+    }
+    for (GroundPart& part : _ground.under(rings, groundEnd)) {
         fillOpaque(std::move(part.area), FillRule::NonZero, blend(ink, groupOpacity(), part.color));
     }
 }
@@ -90,8 +126,7 @@ bool Painter::clipTo(const QsdRect& bounds)
 
 void Painter::stroke(const Path& path, const StrokeStyle& style, const Paint& paint, const Matrix& toPage)
 {
-    const std::optional<Ink> ink = inkOf(paint, _report);
-    if (!ink) {
+    if (paint.none()) {
         return;
     }
     const Matrix toUnits = _pageToUnits * toPage;
@@ -100,13 +135,15 @@ void Painter::stroke(const Path& path, const StrokeStyle& style, const Paint& pa
     const auto area = [path, style, toUnits, unitsPerPixel, tolerance] {
         return strokeArea(path, style, toUnits, unitsPerPixel, tolerance);
     };
-    if (!_clips.top().area && (toUnits.isUniform() || style.nonScaling) && style.dashes.empty()) {
+    const Rgb* const color = std::get_if<Rgb>(&paint.source);
+    if (color != nullptr && !_clips.top().area && (toUnits.isUniform() || style.nonScaling) && style.dashes.empty()) {
         const double width = style.width * (style.nonScaling ? unitsPerPixel : toUnits.meanScale());
-        if (strokeAsLines(flattened(path, toUnits, tolerance), style, width, *ink, area)) {
+        const Ink ink{*color, paint.opacity};
+        if (strokeAsLines(flattened(path, toUnits, tolerance), style, width, ink, area)) {
             return;
         }
     }
-    fillArea(area(), FillRule::NonZero, *ink);
+    paintArea(area(), FillRule::NonZero, paint, toUnits);
 }
 
 bool Painter::strokeAsLines(const std::vector<Chain>& chains, const StrokeStyle& style, double width, const Ink& ink,

@@ -56,9 +56,12 @@ private:
     [[nodiscard]] bool isOpaque(const Ink& ink) const { return Ink{ink.color, ink.alpha * groupOpacity()}.isOpaque(); }
     /// How many of the painted areas shine through an ink: opaque objects hide those of their own group.
     [[nodiscard]] std::size_t groundEndFor(const Ink& ink) const;
-    /// Fills an area with an ink, cut by the clip in force.
-    void fillArea(Rings rings, FillRule rule, const Ink& ink);
-    /// Fills an area inside the clip's area with one opaque colour.
+    /// Fills an area with a paint of the user space that `toUnits` maps, cut by the clip in force.
+    void paintArea(Rings rings, FillRule rule, const Paint& paint, const Matrix& toUnits);
+    void paintGradient(const Rings& rings, const Gradient& gradient, double opacity, const Matrix& toUnits);
+    /// Fills an area inside the clip (non-zero rule) with an ink that lets the first `groundEnd` areas shine through.
+    void fillArea(Rings rings, const Ink& ink, std::size_t groundEnd);
+    /// Fills an area with one opaque colour, cut by the clip's rectangle.
     void fillOpaque(Rings rings, FillRule rule, Rgb color);
     /// Draws a stroke as lines of the port; false, and nothing drawn, when its lines would not look right. `area` gives
     /// what it covers.
