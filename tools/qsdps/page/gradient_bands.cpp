@@ -36,8 +36,8 @@ Ink inkFrom(const Mixed& mixed)
 /// How much the look changes between two stops, in steps of 8-bit colours.
 double changeBetween(const GradientStop& a, const GradientStop& b)
 {
-    const double color = std::max({std::abs(a.color.r - b.color.r), std::abs(a.color.g - b.color.g),
-                                   std::abs(a.color.b - b.color.b)});
+    const double color =
+        std::max({std::abs(a.color.r - b.color.r), std::abs(a.color.g - b.color.g), std::abs(a.color.b - b.color.b)});
     return color * std::max(a.opacity, b.opacity) + 255 * std::fabs(a.opacity - b.opacity);
 }
 
