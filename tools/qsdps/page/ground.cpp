@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <utility>
 
 namespace qsdps {
@@ -33,6 +34,12 @@ double surfaceOf(const Rings& rings)
         }
     }
     return std::fabs(sum);
+}
+
+/// How far two colours are apart where they differ most.
+int differenceOf(Rgb a, Rgb b)
+{
+    return std::max({std::abs(a.r - b.r), std::abs(a.g - b.g), std::abs(a.b - b.b)});
 }
 
 /// How often the rings run around a point.
@@ -102,44 +109,62 @@ bool Ground::isBare(const QsdRect& bounds, std::size_t end) const
                         [&](const Layer& layer) { return !layer.bounds.intersected(bounds).isEmpty(); });
 }
 
-std::vector<GroundPart> Ground::under(const Rings& area, std::size_t end)
+std::vector<GroundPart> Ground::visibleLayers(const Rings& area, std::size_t end)
 {
-    constexpr double Visible = 1e-4; // of the area; less is rounding
     const QsdRect bounds = boundsOf(area);
     const double whole = surfaceOf(area);
+    const double least = std::min(whole / 2, std::max(whole * 1e-4, 2 * _detail * _detail));
     Rings open = area; // not yet known to cover anything
     std::vector<GroundPart> parts;
-    bool covered = false;
-    for (std::size_t i = std::min(end, count()); i > 0 && parts.size() < MostParts && spend(1); --i) {
+    std::size_t i = std::min(end, count());
+    for (; i > 0 && parts.size() < MostParts && spend(1); --i) {
         Layer& layer = _layers[i - 1];
         if (layer.bounds.intersected(bounds).isEmpty()) {
             continue;
         }
         const Rings& covering = areaOf(layer);
-        const bool isRect = asRectangle(covering).has_value();
-        if (isRect && layer.bounds.intersected(bounds) == bounds) {
+        if (asRectangle(covering) && layer.bounds.intersected(bounds) == bounds) {
             parts.push_back({area, layer.color});
-            covered = true;
-            break;
+            return parts;
         }
         if (!spend(pointsOf(covering) + pointsOf(area) + pointsOf(open))) {
             break;
         }
-        if (surfaceOf(intersection(open, FillRule::NonZero, covering)) <= whole * Visible) {
+        if (surfaceOf(intersection(open, FillRule::NonZero, covering)) < least) {
             continue;
         }
         parts.push_back({intersection(area, FillRule::NonZero, covering), layer.color});
         open = difference(open, covering);
-        covered = surfaceOf(open) <= whole * Visible;
-        if (covered) {
-            break;
+        if (surfaceOf(open) < least) {
+            return parts;
         }
     }
-    if (!covered) {
-        parts.push_back({area, _paper});
-    }
-    std::reverse(parts.begin(), parts.end());
+    parts.push_back({area, i == 0 || open.empty() ? _paper : topmostColor(open.front().front(), i)});
     return parts;
+}
+
+std::vector<GroundPart> Ground::under(const Rings& area, std::size_t end, double colorStep)
+{
+    std::vector<GroundPart> layers = visibleLayers(area, end);
+    std::vector<GroundPart> parts;
+    for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
+        if (!parts.empty() && differenceOf(parts.back().color, layer->color) <= colorStep) {
+            parts.back().area = unionOf(parts.back().area, layer->area);
+        } else {
+            parts.push_back(std::move(*layer));
+        }
+    }
+    return parts;
+}
+
+Rgb Ground::topmostColor(QsdPoint point, std::size_t end) const
+{
+    for (std::size_t i = end; i > 0; --i) {
+        if (_layers[i - 1].bounds.contains(point)) {
+            return _layers[i - 1].color;
+        }
+    }
+    return _paper;
 }
 
 Rgb Ground::at(QsdPoint point, std::size_t end)

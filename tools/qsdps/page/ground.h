@@ -21,8 +21,8 @@ class Ground {
 public:
     using AreaMaker = std::function<Rings()>;
 
-    /// Empty paper of one colour.
-    explicit Ground(Rgb paper) : _paper(paper) {}
+    /// Empty paper of one colour; what is smaller than `detail` units each way is not told apart.
+    Ground(Rgb paper, double detail) : _paper(paper), _detail(detail) {}
 
     /// Lays an area inside `bounds` on top; what sticks out of them is cut off. The maker gives its rings for the
     /// non-zero rule, and is called only when something translucent comes to lie there. Past a limit on memory areas
@@ -36,8 +36,9 @@ public:
     /// Whether the first `end` areas leave `bounds` free.
     [[nodiscard]] bool isBare(const QsdRect& bounds, std::size_t end) const;
     /// The parts of an area (non-zero rule) over the first `end` areas, in the order in which to fill them: a later
-    /// part may hide some of an earlier one, so that no seams show between them.
-    [[nodiscard]] std::vector<GroundPart> under(const Rings& area, std::size_t end);
+    /// part may hide some of an earlier one, so that no seams show between them. Neighbours are one part where their
+    /// colours differ by no more than `colorStep` (of 255).
+    [[nodiscard]] std::vector<GroundPart> under(const Rings& area, std::size_t end, double colorStep);
     /// The colour at a point over the first `end` areas.
     [[nodiscard]] Rgb at(QsdPoint point, std::size_t end);
 
@@ -52,8 +53,14 @@ private:
     };
     [[nodiscard]] const Rings& areaOf(Layer& layer);
     [[nodiscard]] bool spend(std::size_t work);
+    /// The first layers from the top that show through `area`, top first, until nothing is left or it would take too
+    /// long; then what is left counts as one colour.
+    [[nodiscard]] std::vector<GroundPart> visibleLayers(const Rings& area, std::size_t end);
+    /// A guess at the colour at a point by the bounds of the first `end` areas.
+    [[nodiscard]] Rgb topmostColor(QsdPoint point, std::size_t end) const;
 
     Rgb _paper;
+    double _detail;
     std::vector<Layer> _layers;
     std::size_t _points = 0;
     std::size_t _work = 0;

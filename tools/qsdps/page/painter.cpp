@@ -12,10 +12,21 @@
 
 namespace qsdps {
 
+namespace {
+
+/// The size in units of what is just seen on a screen full of the page.
+double detailOf(const Units& units)
+{
+    constexpr double Tolerances = 15;
+    return units.tolerance() * Tolerances;
+}
+
+} // namespace
+
 Painter::Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, Rgb paper, PaintTools& tools,
                  Report& report)
     : _port(port), _units(units), _pageToUnits(units.fromPoints() * pageToPoints), _tools(tools), _report(report),
-      _clips(_pageToUnits, units.tolerance()), _ground(paper)
+      _clips(_pageToUnits, units.tolerance()), _ground(paper, detailOf(units))
 {
 }
 
@@ -87,7 +98,9 @@ void Painter::fillArea(Rings rings, const Ink& ink, std::size_t groundEnd)
         fillOpaque(std::move(rings), FillRule::NonZero, ink.color);
         return;
     }
-    for (GroundPart& part : _ground.under(rings, groundEnd)) {
+    constexpr double ColorStep = 3;
+    const double shining = 1 - ink.alpha * groupOpacity();
+    for (GroundPart& part : _ground.under(rings, groundEnd, ColorStep / std::max(shining, 0.01))) {
         fillOpaque(std::move(part.area), FillRule::NonZero, blend(ink, groupOpacity(), part.color));
     }
 }
