@@ -18,8 +18,12 @@ QsdRect limited(const QsdRect& rect, const ClipArea& outer)
 
 void ClipStack::push(const ClipPath& clip)
 {
+    push(ringsOfClip(clip));
+}
+
+void ClipStack::push(const Rings& rings)
+{
     const ClipArea& outer = top();
-    const Rings rings = ringsOfClip(clip);
     const std::optional<QsdRect> rect = asRectangle(rings);
     ClipArea next;
     if (rect && !outer.area) {

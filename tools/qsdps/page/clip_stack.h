@@ -21,6 +21,8 @@ public:
     ClipStack(const Matrix& pageToUnits, double tolerance) : _pageToUnits(pageToUnits), _tolerance(tolerance) {}
 
     void push(const ClipPath& clip);
+    /// Limits what follows to an area in units (non-zero rule) besides the clip in force.
+    void push(const Rings& rings);
     void pop();
     /// The clip in force.
     [[nodiscard]] const ClipArea& top() const { return _stack.empty() ? _unlimited : _stack.back(); }

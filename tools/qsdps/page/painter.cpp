@@ -5,6 +5,7 @@
 #include "page/polygons.h"
 #include "page/stroker.h"
 #include "page/text_painter.h"
+#include "page/tiling.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,11 +40,11 @@ void Painter::fill(const Path& path, FillRule rule, const Paint& paint, const Ma
 {
     const Matrix toUnits = _pageToUnits * toPage;
     if (!paint.none()) {
-        paintArea(ringsOf(flattened(path, toUnits, _units.tolerance())), rule, paint, toUnits);
+        paintArea(ringsOf(flattened(path, toUnits, _units.tolerance())), rule, paint, toPage);
     }
 }
 
-void Painter::paintArea(Rings rings, FillRule rule, const Paint& paint, const Matrix& toUnits)
+void Painter::paintArea(Rings rings, FillRule rule, const Paint& paint, const Matrix& toPage)
 {
     const ClipArea& clip = _clips.top();
     if (clip.area) {
@@ -51,7 +52,8 @@ void Painter::paintArea(Rings rings, FillRule rule, const Paint& paint, const Ma
         rule = FillRule::NonZero;
     }
     const auto* const gradient = std::get_if<std::shared_ptr<const Gradient>>(&paint.source);
-    const std::optional<Ink> ink = gradient != nullptr ? std::nullopt : inkOf(paint, _report);
+    const auto* const tile = std::get_if<std::shared_ptr<const Tile>>(&paint.source);
+    const std::optional<Ink> ink = gradient != nullptr || tile != nullptr ? std::nullopt : inkOf(paint, _report);
     if (ink && isOpaque(*ink)) {
         fillOpaque(std::move(rings), rule, ink->color);
         return;
@@ -65,7 +67,9 @@ void Painter::paintArea(Rings rings, FillRule rule, const Paint& paint, const Ma
         return;
     }
     if (gradient != nullptr) {
-        paintGradient(rings, **gradient, paint.opacity, toUnits);
+        paintGradient(rings, **gradient, paint.opacity, _pageToUnits * toPage);
+    } else if (tile != nullptr) {
+        paintTiles(rings, **tile, paint.opacity, toPage);
     } else if (ink) {
         fillArea(std::move(rings), *ink, groundEndFor(*ink));
     }
@@ -87,6 +91,32 @@ void Painter::paintGradient(const Rings& rings, const Gradient& gradient, double
         const Ink ink{last.color, last.opacity * opacity};
         fillArea(rings, ink, groundEndFor(ink));
     }
+}
+
+void Painter::paintTiles(const Rings& rings, const Tile& tile, double opacity, const Matrix& toPage)
+{
+    constexpr std::size_t MostCells = 20000;
+    const Matrix toPattern = toPage * tile.toUser;
+    const std::vector<Matrix> cells = cellsOver(boundsOf(rings), tile.cell, _pageToUnits * toPattern, MostCells);
+    _cells += cells.size();
+    if (cells.empty() || _cells > MostCells) {
+        _report.notDrawn("pattern fill");
+        return;
+    }
+    _clips.push(rings);
+    if (opacity < 1) {
+        beginGroup(opacity);
+    }
+    for (const Matrix& cell : cells) {
+        const Matrix map = toPattern * cell;
+        _clips.push(ringsOf(flattened(outlineOf(tile.cell), _pageToUnits * map, _units.tolerance())));
+        tile.draw(*this, map);
+        _clips.pop();
+    }
+    if (opacity < 1) {
+        endGroup();
+    }
+    _clips.pop();
 }
 
 void Painter::fillArea(Rings rings, const Ink& ink, std::size_t groundEnd)
@@ -156,7 +186,7 @@ void Painter::stroke(const Path& path, const StrokeStyle& style, const Paint& pa
             return;
         }
     }
-    paintArea(area(), FillRule::NonZero, paint, toUnits);
+    paintArea(area(), FillRule::NonZero, paint, toPage);
 }
 
 bool Painter::strokeAsLines(const std::vector<Chain>& chains, const StrokeStyle& style, double width, const Ink& ink,

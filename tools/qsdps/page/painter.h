@@ -56,8 +56,9 @@ private:
     [[nodiscard]] bool isOpaque(const Ink& ink) const { return Ink{ink.color, ink.alpha * groupOpacity()}.isOpaque(); }
     /// How many of the painted areas shine through an ink: opaque objects hide those of their own group.
     [[nodiscard]] std::size_t groundEndFor(const Ink& ink) const;
-    /// Fills an area with a paint of the user space that `toUnits` maps, cut by the clip in force.
-    void paintArea(Rings rings, FillRule rule, const Paint& paint, const Matrix& toUnits);
+    /// Fills an area with a paint of the user space that `toPage` maps, cut by the clip in force.
+    void paintArea(Rings rings, FillRule rule, const Paint& paint, const Matrix& toPage);
+    void paintTiles(const Rings& rings, const Tile& tile, double opacity, const Matrix& toPage);
     void paintGradient(const Rings& rings, const Gradient& gradient, double opacity, const Matrix& toUnits);
     /// Fills an area inside the clip (non-zero rule) with an ink that lets the first `groundEnd` areas shine through.
     void fillArea(Rings rings, const Ink& ink, std::size_t groundEnd);
@@ -78,6 +79,7 @@ private:
     ClipStack _clips;
     Ground _ground;
     std::vector<Group> _groups;
+    std::size_t _cells = 0; ///< of tiles drawn so far
 };
 
 } // namespace qsdps
