@@ -76,8 +76,8 @@ private:
     [[nodiscard]] StrokeStyle strokeStyle(const Style& style, const State& state) const;
 
     // walker_paint.cpp
-    [[nodiscard]] Paint makePaint(const PaintSpec& spec, double opacity, const State& state, const BoundsOf& bounds);
-    [[nodiscard]] Paint makeReference(const PaintSpec& spec, const State& state, const BoundsOf& bounds);
+    [[nodiscard]] Paint makePaint(const PaintSpec& wanted, double opacity, const State& state, const BoundsOf& bounds);
+    [[nodiscard]] Paint makeReference(const PaintSpec& wanted, const State& state, const BoundsOf& bounds);
     [[nodiscard]] Paint makeTile(const pugi::xml_node& node, const State& state, const BoundsOf& bounds);
     void drawTile(const pugi::xml_node& content, const State& state, const Box& cell, const Matrix& patternToPage);
 

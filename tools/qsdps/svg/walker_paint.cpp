@@ -39,22 +39,22 @@ bool hasElements(const pugi::xml_node& node)
 
 } // namespace
 
-Paint Walker::makePaint(const PaintSpec& spec, double opacity, const State& state, const BoundsOf& bounds)
+Paint Walker::makePaint(const PaintSpec& wanted, double opacity, const State& state, const BoundsOf& bounds)
 {
     const auto fromContext = [&](const Paint& paint) {
         Paint seen = moved(paint, state.toPage.inverse() * state.context->toPage);
         seen.opacity *= opacity;
         return seen;
     };
-    switch (spec.kind) {
+    switch (wanted.kind) {
     case PaintSpec::Kind::None:
         break;
     case PaintSpec::Kind::Color:
-        return solid(spec.color, opacity);
+        return solid(wanted.color, opacity);
     case PaintSpec::Kind::CurrentColor:
         return solid(state.style->color, opacity);
     case PaintSpec::Kind::Reference: {
-        Paint paint = makeReference(spec, state, bounds);
+        Paint paint = makeReference(wanted, state, bounds);
         paint.opacity *= opacity;
         return paint;
     }
@@ -66,9 +66,9 @@ Paint Walker::makePaint(const PaintSpec& spec, double opacity, const State& stat
     return {};
 }
 
-Paint Walker::makeReference(const PaintSpec& spec, const State& state, const BoundsOf& bounds)
+Paint Walker::makeReference(const PaintSpec& wanted, const State& state, const BoundsOf& bounds)
 {
-    const pugi::xml_node node = _scene.document().byId(spec.reference);
+    const pugi::xml_node node = _scene.document().byId(wanted.reference);
     Paint paint;
     switch (_scene.document().tag(node)) {
     case Tag::LinearGradient:
@@ -79,9 +79,9 @@ Paint Walker::makeReference(const PaintSpec& spec, const State& state, const Bou
     default:
         break;
     }
-    if (spec.fallback == PaintSpec::Kind::Color)
-        return solid(spec.color, 1);
-    if (spec.fallback == PaintSpec::Kind::CurrentColor)
+    if (wanted.fallback == PaintSpec::Kind::Color)
+        return solid(wanted.color, 1);
+    if (wanted.fallback == PaintSpec::Kind::CurrentColor)
         return solid(state.style->color, 1);
     return {};
 }
