@@ -1,0 +1,120 @@
+#include "page/painter.h"
+
+#include "page/tiling.h"
+#include "tests/unit/toolkit/RecordingPort.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+using namespace qsdps;
+
+namespace {
+
+/// A page of 842 points, so that a unit is a hundredth of one, drawn one pixel a point.
+class PainterTest : public testing::Test {
+protected:
+    static Paint solid(Rgb color, double opacity = 1) { return {color, opacity}; }
+    void fill(const Box& box, const Paint& paint) { painter.fill(outlineOf(box), FillRule::NonZero, paint, Matrix()); }
+    [[nodiscard]] Rgb lastColor() const
+    {
+        const QsdColor* const color = port.last->foreground();
+        const auto narrow = [](std::uint16_t c) { return static_cast<std::uint8_t>(c >> 8); };
+        return {narrow(color->red()), narrow(color->green()), narrow(color->blue())};
+    }
+    [[nodiscard]] std::string told() const
+    {
+        std::ostringstream out;
+        report.print(out, "x");
+        return out.str();
+    }
+
+    QsdMemoryDisplay display;
+    RecordingPort port{&display, 1000, 1000};
+    PaintTools tools{display, QsEncodingLatin1};
+    Report report;
+    Painter painter{port, Units(842), Matrix(), {255, 255, 255}, tools, report};
+};
+
+} // namespace
+
+TEST_F(PainterTest, FillsRectangles)
+{
+    fill({1, 2, 3, 4}, solid({255, 0, 0}));
+    ASSERT_EQ(port.calls.size(), 1U);
+    EXPECT_EQ(port.calls[0].rfind("fillRectangle", 0), 0U);
+    EXPECT_EQ(lastColor(), (Rgb{255, 0, 0}));
+}
+
+TEST_F(PainterTest, TranslucentShapesBlendWithWhatIsUnderThem)
+{
+    fill({0, 0, 10, 10}, solid({0, 0, 0}));
+    fill({2, 2, 4, 4}, solid({255, 255, 255}, 0.5));
+    ASSERT_EQ(port.calls.size(), 2U);
+    EXPECT_EQ(lastColor(), (Rgb{128, 128, 128}));
+    EXPECT_EQ(told(), "");
+}
+
+TEST_F(PainterTest, GroupsHideWhatTheyThemselvesCover)
+{
+    painter.beginGroup(0.5);
+    fill({0, 0, 10, 10}, solid({0, 0, 0}));
+    fill({0, 0, 10, 10}, solid({255, 0, 0}));
+    painter.endGroup();
+    EXPECT_EQ(lastColor(), (Rgb{255, 128, 128}));
+}
+
+TEST_F(PainterTest, ClipsOnlyWhatNeedsIt)
+{
+    painter.pushClip({{{outlineOf({0, 0, 10, 10}), FillRule::NonZero, Matrix(), nullptr}}, nullptr});
+    fill({2, 2, 4, 4}, solid({0, 0, 0}));
+    EXPECT_TRUE(port.last->clipRegion().isFull());
+    fill({5, 5, 10, 10}, solid({0, 0, 0}));
+    EXPECT_EQ(port.last->clipRegion().boundingRect(), (QsdRect{0, 0, 1000, 1000}));
+    const std::size_t before = port.calls.size();
+    fill({20, 20, 4, 4}, solid({0, 0, 0}));
+    EXPECT_EQ(port.calls.size(), before) << "outside of the clip";
+}
+
+TEST_F(PainterTest, GradientsAreBands)
+{
+    auto gradient = std::make_shared<Gradient>();
+    gradient->end = {10, 0};
+    gradient->stops = {{0, {0, 0, 0}, 1}, {1, {255, 255, 255}, 1}};
+    fill({0, 0, 10, 10}, {std::shared_ptr<const Gradient>(gradient), 1});
+    EXPECT_GT(port.calls.size(), 8U);
+    EXPECT_GT(lastColor().r, 230);
+    EXPECT_EQ(told(), "");
+}
+
+TEST_F(PainterTest, TilesRepeat)
+{
+    auto tile = std::make_shared<Tile>();
+    tile->cell = {0, 0, 10, 10};
+    tile->draw = [](Canvas& canvas, const Matrix& map) {
+        canvas.fill(outlineOf({0, 0, 5, 5}), FillRule::NonZero, {Rgb{255, 0, 0}, 1}, map);
+    };
+    fill({0, 0, 20, 20}, {std::shared_ptr<const Tile>(tile), 1});
+    EXPECT_EQ(port.calls.size(), 4U);
+    EXPECT_EQ(told(), "");
+}
+
+TEST_F(PainterTest, LinesOfThePortWhereTheyFit)
+{
+    Path path;
+    path.moveTo({0, 0});
+    path.lineTo({10, 0});
+    StrokeStyle style;
+    style.width = 2;
+    painter.stroke(path, style, solid({0, 0, 0}), Matrix());
+    EXPECT_EQ(port.calls.back().rfind("drawLine", 0), 0U);
+    EXPECT_EQ(port.last->lineWidth(), 200);
+    style.cap = LineCap::Square;
+    painter.stroke(path, style, solid({0, 0, 0}), Matrix());
+    EXPECT_EQ(port.calls.back().rfind("fillRectangle", 0), 0U);
+}
+
+TEST_F(PainterTest, TellsOfImages)
+{
+    painter.image({}, 1, Matrix());
+    EXPECT_NE(told().find("image not drawn"), std::string::npos);
+}
