@@ -2,6 +2,7 @@
 
 #include "page/gradient_bands.h"
 #include "page/line_fit.h"
+#include "page/picture.h"
 #include "page/polygons.h"
 #include "page/stroker.h"
 #include "page/text_painter.h"
@@ -232,9 +233,42 @@ void Painter::text(const TextChunk& chunk, const Matrix& toPage)
     TextPainter(_port, _tools, _report, blender).paint(chunk, _pageToUnits * toPage);
 }
 
-void Painter::image(const ImageObject&, double, const Matrix&)
+void Painter::image(const ImageObject& image, double opacity, const Matrix& toPage)
 {
-    _report.notDrawn("image");
+    const std::optional<Pixels> pixels = decodeImage(image.data);
+    if (!pixels || pixels->width == 0 || pixels->height == 0) {
+        _report.notDrawn("image");
+        return;
+    }
+    const Matrix toUnits = _pageToUnits * toPage;
+    const Matrix placed = toUnits * placementOf(image, pixels->width, pixels->height);
+    const Rings frame = ringsOf(flattened(
+        outlineOf({0, 0, static_cast<double>(pixels->width), static_cast<double>(pixels->height)}), placed, 1));
+    if (image.slice) {
+        _clips.push(ringsOf(flattened(outlineOf(image.viewport), toUnits, 1)));
+    }
+    const QsdRect bounds = boundsOf(frame);
+    if (!frame.empty() && clipTo(bounds)) {
+        if (_clips.top().area) {
+            _report.approximated("clipped image");
+        }
+        const std::size_t groundEnd = _ground.count();
+        const auto groundAt = [&](Point p) { return _ground.at(rounded(placed.map(p)), groundEnd); };
+        const double total = opacity * groupOpacity();
+        const std::unique_ptr<QsdBitmap> bitmap = bitmapOf(*_port.display(), *pixels, total, groundAt);
+        const QsdTransformer factors(placed.a, placed.c, placed.b, placed.d, 0, 0);
+        const QsdPoint corner = rounded({placed.e, placed.f});
+        if (bitmap->mask() != nullptr) {
+            _port.stretchTransparentBitmap(_tools.palette.get(), corner, bitmap.get(), factors, nullptr);
+        } else {
+            _port.stretchBitmap(_tools.palette.get(), corner, bitmap.get(), factors, nullptr);
+            const std::optional<QsdRect>& limit = _clips.top().rect;
+            _ground.add(limit ? bounds.intersected(*limit) : bounds, frame, FillRule::NonZero, meanColor(*pixels));
+        }
+    }
+    if (image.slice) {
+        _clips.pop();
+    }
 }
 
 void Painter::pushClip(const ClipPath& clip)
