@@ -23,7 +23,7 @@ const char* familyOf(const QsdPSFontNames_* names)
 
 QsdPSFontNames_** allocate(QsdPSFontNames_** old, std::size_t slots)
 {
-    return static_cast<QsdPSFontNames_**>(QsRealloc(old, slots * sizeof(QsdPSFontNames_*)));
+    return static_cast<QsdPSFontNames_**>(QsRealloc(old, slots * sizeof *old));
 }
 
 } // namespace
@@ -35,8 +35,7 @@ QsdPSFonts_* QsdPSFonts_::GetInstance()
 }
 
 QsdPSFonts_::QsdPSFonts_(unsigned capacity)
-    : _fonts(static_cast<QsdPSFontNames_**>(QsMalloc(std::max(capacity, 1U) * sizeof(QsdPSFontNames_*)))),
-      _capacity(std::max(capacity, 1U))
+    : _fonts(allocate(nullptr, std::max(capacity, 1U))), _capacity(std::max(capacity, 1U))
 {
     std::fill_n(_fonts, _capacity, nullptr);
     basicLoad();

@@ -35,10 +35,14 @@ Receiver fatalErrors{"Error: "};
 /// Formats and delivers a message of any length; where there is no memory for a long one, its beginning.
 void report(const Receiver& receiver, const char* format, std::va_list arguments)
 {
+    if (format == nullptr) {
+        receiver.deliver("");
+        return;
+    }
     char brief[512];
     std::va_list again;
     va_copy(again, arguments);
-    const int length = std::vsnprintf(brief, sizeof brief, format == nullptr ? "" : format, arguments);
+    const int length = std::vsnprintf(brief, sizeof brief, format, arguments);
     if (length < static_cast<int>(sizeof brief)) {
         receiver.deliver(length < 0 ? format : brief);
     } else {

@@ -13,7 +13,7 @@ constexpr std::uint32_t PairBase = 85 * 85;
 
 /// The two characters of every number below 85 * 85, in order.
 constexpr auto Pairs = [] {
-    std::array<char, 2 * PairBase> pairs{};
+    std::array<char, std::size_t{2} * PairBase> pairs{};
     for (std::size_t value = 0; value < PairBase; ++value) {
         pairs[2 * value] = static_cast<char>('!' + value / 85);
         pairs[2 * value + 1] = static_cast<char>('!' + value % 85);

@@ -12,7 +12,7 @@ enum class Kind { Left, Right, Number, Neutral };
 
 Kind kindOf(wchar_t c)
 {
-    const auto code = static_cast<std::uint32_t>(c);
+    const auto code = static_cast<std::uint32_t>(static_cast<char32_t>(c));
     if (code >= '0' && code <= '9') {
         return Kind::Number;
     }

@@ -16,9 +16,8 @@ QsdColorTable defaultColors(unsigned short depth)
     if (depth == 1) {
         return QsdColorTable::BlackAndWhite();
     }
-    const QsdColorTable cube = QsdColorTable::Cube();
     if (depth >= 8) {
-        return cube;
+        return QsdColorTable::Cube();
     }
     std::vector<QsdRGB> colors;
     const std::size_t count = std::size_t{1} << depth;

@@ -77,6 +77,7 @@ struct TextPainter::Run {
     double spacing = 0;         ///< user units after each character, what `textLength` asks for included
     double advance = 0;         ///< user units in all, the shift in front not included
     std::optional<Rgb> color;
+    std::optional<Rgb> outline; ///< of a stroke around the fill
 
     [[nodiscard]] double advanceOf(const std::string& bytes) const
     {
@@ -109,15 +110,20 @@ TextPainter::Run TextPainter::runOf(const TextSpan& span, const Matrix& toUnits,
         run.spacing += (*span.textLength - run.advance) / count;
         run.advance = *span.textLength;
     }
-    const Paint& paint = span.fill.none() ? span.stroke : span.fill;
-    if (std::optional<Ink> ink = inkOf(paint, _report)) {
-        ink->alpha *= span.opacity;
-        if (!ink->isInvisible()) {
-            run.color = _blender(*ink, ground);
+    const auto colorOf = [&](const Paint& paint) -> std::optional<Rgb> {
+        std::optional<Ink> ink = inkOf(paint, _report);
+        if (!ink) {
+            return std::nullopt;
         }
-    }
+        ink->alpha *= span.opacity;
+        return ink->isInvisible() ? std::nullopt : std::optional<Rgb>(_blender(*ink, ground));
+    };
+    run.color = colorOf(span.fill.none() ? span.stroke : span.fill);
     if (!span.stroke.none()) {
         _report.approximated("stroked text");
+        if (!span.fill.none()) {
+            run.outline = colorOf(span.stroke);
+        }
     }
     return run;
 }
@@ -196,11 +202,27 @@ void TextPainter::paintAlong(const Path& path, double offset, const std::vector<
 void TextPainter::paintPiece(const Run& run, const std::string& bytes, Point at, double degrees, const Matrix& toUnits,
                              QsdPosition position)
 {
-    if (bytes.empty() || !run.color) {
+    if (bytes.empty()) {
         return;
     }
+    if (run.outline) {
+        // A port has no outlines of letters; the letters moved half a width each way come close to one.
+        const double half = run.span->strokeStyle.width / 2;
+        for (int direction = 0; direction < 8; ++direction) {
+            const Point shift = turned(direction * 45.0).map({half, 0});
+            showPiece(run, *run.outline, bytes, {at.x + shift.x, at.y + shift.y}, degrees, toUnits, position);
+        }
+    }
+    if (run.color) {
+        showPiece(run, *run.color, bytes, at, degrees, toUnits, position);
+    }
+}
+
+void TextPainter::showPiece(const Run& run, Rgb color, const std::string& bytes, Point at, double degrees,
+                            const Matrix& toUnits, QsdPosition position)
+{
     QsdPalette& palette = *_tools.palette;
-    palette.setForeground(_tools.colors.get(*run.color));
+    palette.setForeground(_tools.colors.get(color));
     palette.setFont(run.font);
     const Matrix matrix = degrees == 0 ? toUnits : toUnits * turned(degrees);
     const Point baseline = toUnits.map(at);

@@ -35,6 +35,8 @@ private:
     void paintAlong(const Path& path, double offset, const std::vector<Run>& runs, const Matrix& toUnits);
     void paintPiece(const Run& run, const std::string& bytes, Point at, double degrees, const Matrix& toUnits,
                     QsdPosition position);
+    void showPiece(const Run& run, Rgb color, const std::string& bytes, Point at, double degrees, const Matrix& toUnits,
+                   QsdPosition position);
     void paintRules(const Run& run, Point at, const Matrix& toUnits);
 
     const QsdPort& _port;
