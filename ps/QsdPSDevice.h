@@ -183,6 +183,8 @@ public:
 protected:
     /// The stream of the open document; null when none is open.
     [[nodiscard]] std::ostream* stream() const { return _stream; }
+    /// The rectangle last given to initDevice or initClip, device coordinates; all zero before.
+    [[nodiscard]] const QsdRect& boundingBox() const { return _boundingBox; }
 
 private:
     void writeHeader(const QsdRect* bbox);
@@ -212,7 +214,6 @@ private:
                        const QsdSystemPort* mask, const QsdTransformer& t) const;
 
     mutable std::ostream* _stream = nullptr;
-    bool _open = false;
     mutable QsdPalette* _currentPalette = nullptr;
     mutable unsigned long _pageCount = 0;
     unsigned long _paperWidth;

@@ -25,7 +25,6 @@ bool QsdPSDevice::initDevice(const char* fileName, QsdRect* bbox)
     if (_encoder != nullptr) {
         _encoder->setStream(_stream);
     }
-    _open = true;
     _clipCache.setFull();
     writeHeader(bbox);
     forgetPalette();
@@ -113,7 +112,6 @@ void QsdPSDevice::end()
             QsdFatalError("%s", display()->getMessage("&QsdMsg015102"));
         }
     }
-    _open = false;
     forgetPalette();
     _stream = nullptr;
 }
