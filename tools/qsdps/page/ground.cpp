@@ -10,7 +10,7 @@ namespace qsdps {
 namespace {
 
 constexpr std::size_t MostPoints = 4'000'000; ///< remembered
-constexpr std::size_t MostParts = 400;        ///< of one translucent area
+constexpr std::size_t MostParts = 200;        ///< of one translucent area
 constexpr std::size_t MostWork = 60'000'000;  ///< layers looked at and points cut on a page, roughly
 
 std::size_t pointsOf(const Rings& rings)
@@ -34,6 +34,12 @@ double surfaceOf(const Rings& rings)
         }
     }
     return std::fabs(sum);
+}
+
+QsdPoint middleOf(const QsdRect& rect)
+{
+    return {static_cast<std::int32_t>(rect.x + static_cast<std::int64_t>(rect.width / 2)),
+            static_cast<std::int32_t>(rect.y + static_cast<std::int64_t>(rect.height / 2))};
 }
 
 /// How far two colours are apart where they differ most.
@@ -115,11 +121,12 @@ std::vector<GroundPart> Ground::visibleLayers(const Rings& area, std::size_t end
     const double whole = surfaceOf(area);
     const double least = std::min(whole / 2, std::max(whole * 1e-4, 2 * _detail * _detail));
     Rings open = area; // not yet known to cover anything
+    QsdRect openBounds = bounds;
     std::vector<GroundPart> parts;
     std::size_t i = std::min(end, count());
     for (; i > 0 && parts.size() < MostParts && spend(1); --i) {
         Layer& layer = _layers[i - 1];
-        if (layer.bounds.intersected(bounds).isEmpty()) {
+        if (layer.bounds.intersected(openBounds).isEmpty()) {
             continue;
         }
         const Rings& covering = areaOf(layer);
@@ -135,17 +142,21 @@ std::vector<GroundPart> Ground::visibleLayers(const Rings& area, std::size_t end
         }
         parts.push_back({intersection(area, FillRule::NonZero, covering), layer.color});
         open = difference(open, covering);
+        openBounds = boundsOf(open);
         if (surfaceOf(open) < least) {
             return parts;
         }
     }
-    parts.push_back({area, i == 0 || open.empty() ? _paper : topmostColor(open.front().front(), i)});
+    parts.push_back({area, i == 0 || open.empty() ? _paper : topmostColor(middleOf(openBounds), i)});
     return parts;
 }
 
 std::vector<GroundPart> Ground::under(const Rings& area, std::size_t end, double colorStep)
 {
     std::vector<GroundPart> layers = visibleLayers(area, end);
+    // The more layers, the less each of them is told from its neighbours.
+    constexpr double ManyLayers = 30;
+    colorStep *= 1 + static_cast<double>(layers.size()) / ManyLayers;
     std::vector<GroundPart> parts;
     for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
         if (!parts.empty() && differenceOf(parts.back().color, layer->color) <= colorStep) {

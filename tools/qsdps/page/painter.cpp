@@ -78,10 +78,10 @@ void Painter::paintArea(Rings rings, FillRule rule, const Paint& paint, const Ma
 
 void Painter::paintGradient(const Rings& rings, const Gradient& gradient, double opacity, const Matrix& toUnits)
 {
-    const std::vector<BandArea> bands =
-        bandAreas(gradient, toUnits * gradient.toUser, boundsOf(rings), _units.tolerance());
     // All bands lie on the same ground, though each hides a bit of the one before.
     const std::size_t groundEnd = _ground.count();
+    const std::vector<BandArea> bands = bandAreas(gradient, toUnits * gradient.toUser, boundsOf(rings),
+                                                  bandDetail(rings, gradient, opacity, groundEnd));
     for (const BandArea& band : bands) {
         const Ink ink{band.ink.color, band.ink.alpha * opacity};
         fillArea(intersection(rings, FillRule::NonZero, band.area), ink,
@@ -92,6 +92,21 @@ void Painter::paintGradient(const Rings& rings, const Gradient& gradient, double
         const Ink ink{last.color, last.opacity * opacity};
         fillArea(rings, ink, groundEndFor(ink));
     }
+}
+
+// Translucent bands are cut up by what is under them, so over a busy ground there should be fewer.
+double Painter::bandDetail(const Rings& rings, const Gradient& gradient, double opacity, std::size_t groundEnd)
+{
+    const bool opaque = std::all_of(gradient.stops.begin(), gradient.stops.end(), [&](const GradientStop& stop) {
+        return isOpaque({stop.color, stop.opacity * opacity});
+    });
+    if (opaque) {
+        return _units.tolerance();
+    }
+    constexpr double ColorStep = 3;
+    constexpr double BusyParts = 12;
+    const auto parts = static_cast<double>(_ground.under(rings, groundEnd, ColorStep).size());
+    return _units.tolerance() * std::max(1.0, parts / BusyParts);
 }
 
 void Painter::paintTiles(const Rings& rings, const Tile& tile, double opacity, const Matrix& toPage)

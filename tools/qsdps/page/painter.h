@@ -59,6 +59,9 @@ private:
     /// Fills an area with a paint of the user space that `toPage` maps, cut by the clip in force.
     void paintArea(Rings rings, FillRule rule, const Paint& paint, const Matrix& toPage);
     void paintTiles(const Rings& rings, const Tile& tile, double opacity, const Matrix& toPage);
+    /// The finest detail, in units, with which to show a gradient on that ground.
+    [[nodiscard]] double bandDetail(const Rings& rings, const Gradient& gradient, double opacity,
+                                    std::size_t groundEnd);
     void paintGradient(const Rings& rings, const Gradient& gradient, double opacity, const Matrix& toUnits);
     /// Fills an area inside the clip (non-zero rule) with an ink that lets the first `groundEnd` areas shine through.
     void fillArea(Rings rings, const Ink& ink, std::size_t groundEnd);
