@@ -4,6 +4,7 @@
 #include "input.h"
 #include "layout.h"
 #include "page/painter.h"
+#include "page/tiling.h"
 #include "ps/QsdPSFonts_.h"
 #include "svg/reader.h"
 #include "toolkit/base/QsdGlobalContext.h"
@@ -127,6 +128,9 @@ bool drawPages(FileDevice& device, const std::vector<Page>& pages, const PaperSi
         Report report;
         Painter painter(device, units, placement(drawing.width(), drawing.height(), paper, options),
                         options.background.value_or(Rgb{255, 255, 255}), tools, report);
+        // What sticks out of the drawing's own page is not part of it.
+        const Box page{0, 0, drawing.width(), drawing.height()};
+        painter.pushClip({{{outlineOf(page), FillRule::NonZero, Matrix(), nullptr}}, nullptr});
         drawing.draw(painter, report);
         complete = complete && !report.anythingNotDrawn();
         if (!options.quiet) {

@@ -7,6 +7,7 @@
 #include "page/stroker.h"
 #include "page/text_painter.h"
 #include "page/tiling.h"
+#include "svg/bounds_canvas.h"
 
 #include <algorithm>
 #include <cmath>
@@ -241,7 +242,14 @@ void Painter::text(const TextChunk& chunk, const Matrix& toPage)
     if (clip.area) {
         _report.approximated("clipped text");
     }
-    _tools.palette->setClipRegion(clip.rect ? QsdRegion(*clip.rect) : QsdRegion::Full());
+    // The true extent is the interpreter's affair, so the estimate gets a wide margin.
+    const Box estimate = svg::estimateText(chunk);
+    const double margin = estimate.width / 2 + estimate.height;
+    const Box roomy{estimate.x - margin, estimate.y - margin, estimate.width + 2 * margin,
+                    estimate.height + 2 * margin};
+    if (!clipTo(boundsOf(ringsOf(flattened(outlineOf(roomy), _pageToUnits * toPage, 1))))) {
+        return;
+    }
     const auto blender = [this](const Ink& ink, QsdPoint at) {
         return isOpaque(ink) ? ink.color : blend(ink, groupOpacity(), _ground.at(at, groundEndFor(ink)));
     };
