@@ -24,6 +24,18 @@ double detailOf(const Units& units)
     return units.tolerance() * Tolerances;
 }
 
+/// A box that surely holds a text, whose true extent is the interpreter's affair.
+Box roomyBox(const TextChunk& chunk)
+{
+    const Box estimate = svg::estimateText(chunk);
+    const Box box = chunk.along ? chunk.along->controlBox() : estimate;
+    double margin = estimate.width / 2 + estimate.height;
+    for (const TextSpan& span : chunk.spans) {
+        margin += std::fabs(span.dx) + std::fabs(span.dy) + std::fabs(span.baselineShift);
+    }
+    return {box.x - margin, box.y - margin, box.width + 2 * margin, box.height + 2 * margin};
+}
+
 } // namespace
 
 Painter::Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, Rgb paper, PaintTools& tools,
@@ -242,11 +254,7 @@ void Painter::text(const TextChunk& chunk, const Matrix& toPage)
     if (clip.area) {
         _report.approximated("clipped text");
     }
-    // The true extent is the interpreter's affair, so the estimate gets a wide margin.
-    const Box estimate = svg::estimateText(chunk);
-    const double margin = estimate.width / 2 + estimate.height;
-    const Box roomy{estimate.x - margin, estimate.y - margin, estimate.width + 2 * margin,
-                    estimate.height + 2 * margin};
+    const Box roomy = roomyBox(chunk);
     if (!clipTo(boundsOf(ringsOf(flattened(outlineOf(roomy), _pageToUnits * toPage, 1))))) {
         return;
     }
