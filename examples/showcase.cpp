@@ -163,6 +163,11 @@ void Showcase::areas()
         p.setArcMode(QsdArcChord);
         _port.fillArc(&p, {c.x, c.y, 100, 70}, 30, 280);
     });
+    show("fillBezier", [&](QsdPalette& p, QsdPoint c) {
+        const QsdPoint points[] = {{c.x + 50, c.y + 70}, {c.x - 30, c.y},      {c.x + 40, c.y - 10},
+                                   {c.x + 50, c.y + 25}, {c.x + 60, c.y - 10}, {c.x + 130, c.y}};
+        _port.fillBezier(&p, 6, points);
+    });
     show("fillRoundRectangle", [&](QsdPalette& p, QsdPoint c) {
         _port.fillRoundRectangle(&p, {c.x, c.y, 100, 70}, 20);
     });

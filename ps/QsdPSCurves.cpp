@@ -111,9 +111,11 @@ void QsdPSDevice::writeClosedCurves(unsigned long count, const QsdPoint* points,
     out << "n " << points[0] << " M ";
     unsigned long i = 1;
     for (; i + 2 < count; i += 3) {
-        out << points[i] << QsdSpc() << points[i + 1] << QsdSpc() << points[i + 2] << " curveto";
-        if (!fill) {
-            out << EOL;
+        out << points[i] << QsdSpc() << points[i + 1] << QsdSpc() << points[i + 2];
+        if (fill) {
+            out << " curveto ";
+        } else {
+            out << " curveto" << EOL;
         }
     }
     if (count == i) {

@@ -11,6 +11,7 @@
 #include "toolkit/port/QsdDisplay.h"
 
 #include <ostream>
+#include <utility>
 
 bool QsdPSDevice::initDevice(const char* fileName, QsdRect* bbox)
 {
@@ -95,25 +96,26 @@ bool QsdPSDevice::newPage() const
     return true;
 }
 
+// The device is closed before a failure is reported, so that a handler may do with it what it likes.
 void QsdPSDevice::end()
 {
-    if (_stream != nullptr) {
-        QsdPSWriter(_stream) << "showpage" << EOL  //
-                             << "%%Trailer" << EOL //
-                             << "end" << EOL       //
-                             << "%%Pages: " << _pageCount << EOL << "%%EOF" << EOL;
-        _stream->flush();
-        _writeFailed = _stream->fail();
-        if (_encoder != nullptr) {
-            _encoder->setStream(nullptr);
-        }
-        closeStream(_stream);
-        if (_writeFailed) {
-            QsdFatalError("%s", display()->getMessage("&QsdMsg015102"));
-        }
-    }
     forgetPalette();
-    _stream = nullptr;
+    if (_stream == nullptr) {
+        return;
+    }
+    QsdPSWriter(_stream) << "showpage" << EOL  //
+                         << "%%Trailer" << EOL //
+                         << "end" << EOL       //
+                         << "%%Pages: " << _pageCount << EOL << "%%EOF" << EOL;
+    _stream->flush();
+    _writeFailed = _stream->fail();
+    if (_encoder != nullptr) {
+        _encoder->setStream(nullptr);
+    }
+    closeStream(std::exchange(_stream, nullptr));
+    if (_writeFailed) {
+        QsdFatalError("%s", display()->getMessage("&QsdMsg015102"));
+    }
 }
 
 void QsdPSDevice::send(const char* text) const

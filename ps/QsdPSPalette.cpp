@@ -1,6 +1,7 @@
 // Font, colour, dashes and line width: written when they differ from what is in force.
 #include "ps/QsdPSDevice.h"
 
+#include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSGrey_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsdMessages.h"
@@ -52,7 +53,7 @@ void QsdPSDevice::setForeground(const QsdPalette* palette) const
 {
     const auto share = [](std::uint16_t component) { return component / 65535.0; };
     const QsdColor& color = *palette->foreground();
-    QsdSetLocaleC(true);
+    const QsdPSClassicNumbers classicNumbers;
     QsdPSWriter out(_stream);
     if (color.red() == color.green() && color.green() == color.blue()) {
         out << share(color.green()) << " setgray";
@@ -63,7 +64,6 @@ void QsdPSDevice::setForeground(const QsdPalette* palette) const
         out << QsdPSGreyOf(color.red() >> 8, color.green() >> 8, color.blue() >> 8) / 255.0 << " setgray";
     }
     out << EOL;
-    QsdSetLocaleC(false);
 }
 
 // The number of dashes stands where the operator takes the offset into them; documents have always been so.

@@ -23,7 +23,15 @@ public:
     explicit QsdPSWriter(std::ostream* stream) : _stream(stream) {}
     QsdPSWriter(const QsdPSWriter&) = delete;
     QsdPSWriter& operator=(const QsdPSWriter&) = delete;
-    ~QsdPSWriter() { commit(); }
+    ~QsdPSWriter()
+    {
+        // A stream may be told to throw when it fails; a destructor must not. The stream stays failed and says so
+        // later.
+        try {
+            commit();
+        } catch (...) {
+        }
+    }
 
     QsdPSWriter& operator<<(std::string_view text)
     {

@@ -105,14 +105,15 @@ TEST_F(Curves, ClosedBezierEndsOnItsStart)
     EXPECT_EQ(closed(7), "n 0 1 M 2 3 4 5 6 7 curveto\n8 9 10 11 12 13 curveto\n0 1 L s\n");
 }
 
-// The curves of a fill run on without a separator, as documents have always had it.
 TEST_F(Curves, FilledBezier)
 {
     EXPECT_EQ(filled(1), "");
     EXPECT_EQ(filled(2), "n 0 1 M 2 3 L s\n");
     EXPECT_EQ(filled(3), "n 0 1 M 2 3 4 5 0 1 curveto  eofill\n");
-    EXPECT_EQ(filled(4), "n 0 1 M 2 3 4 5 6 7 curveto0 1 L  eofill\n");
-    EXPECT_EQ(filled(7), "n 0 1 M 2 3 4 5 6 7 curveto8 9 10 11 12 13 curveto0 1 L  eofill\n");
+    EXPECT_EQ(filled(4), "n 0 1 M 2 3 4 5 6 7 curveto 0 1 L  eofill\n");
+    EXPECT_EQ(filled(5), "n 0 1 M 2 3 4 5 6 7 curveto 8 9 8 9 0 1 curveto  eofill\n");
+    EXPECT_EQ(filled(6), "n 0 1 M 2 3 4 5 6 7 curveto 8 9 10 11 0 1 curveto  eofill\n");
+    EXPECT_EQ(filled(7), "n 0 1 M 2 3 4 5 6 7 curveto 8 9 10 11 12 13 curveto 0 1 L  eofill\n");
 }
 
 TEST_F(Curves, TooFewPointsLeaveTheStateAlone)

@@ -215,6 +215,24 @@ TEST_F(Document, FullDiskIsReportedOnceAtTheEnd)
     device.end();
 }
 
+TEST_F(Document, AHandlerFindsTheDeviceClosed)
+{
+    if (!fs::exists("/dev/full")) {
+        GTEST_SKIP();
+    }
+    QsdPSDevice device(&display, QsdPSRGB);
+    ASSERT_TRUE(device.initDevice("/dev/full", nullptr));
+    QsdSetFatalErrorHandler(
+        [](const char*, void* data) {
+            auto* const closed = static_cast<QsdPSDevice*>(data);
+            EXPECT_TRUE(closed->isBad());
+            EXPECT_TRUE(closed->writeFailed());
+            closed->end();
+        },
+        &device);
+    device.end();
+}
+
 TEST_F(Document, FontMapIsReadOnceItIsFound)
 {
     ::setenv("QSDPATH", folder.c_str(), 1);

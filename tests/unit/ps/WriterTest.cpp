@@ -118,6 +118,16 @@ TEST(Writer, WhatABufferThrowsStaysInside)
     EXPECT_TRUE(out.bad());
 }
 
+TEST(Writer, AStreamThatThrowsWhenItFailsDoesNotEndTheProgram)
+{
+    FlushCounter buffer;
+    std::ostream out(&buffer);
+    out.exceptions(std::ios_base::badbit);
+    buffer.fails = true;
+    EXPECT_THROW(QsdPSWriter(&out) << "one" << EOL, std::ios_base::failure);
+    EXPECT_TRUE(out.bad());
+}
+
 TEST(Writer, NullAndFailedStreamsTakeNothing)
 {
     QsdPSWriter(nullptr) << "one" << 2 << EOL << std::string(5000, 'x');
