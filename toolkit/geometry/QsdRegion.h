@@ -41,12 +41,14 @@ public:
     /// Makes the region full.
     void setFull();
     /// Adds one rectangle at the end of the list, as it is; one without area is left out. A full region stays full.
+    /// When the list has no room, it is put in its canonical form first, with at most 61,439 rectangles.
     void add(const QsdRect& rect);
     void unite(const QsdRegion& other);
     void unite(const QsdRect& rect) { unite(QsdRegion(rect)); }
     void intersect(const QsdRegion& other);
     void intersect(const QsdRect& rect) { intersect(QsdRegion(rect)); }
-    /// Moves every rectangle; a full region stays as it is.
+    /// Moves every rectangle; one that would begin outside of the coordinate space is held at its edge. A full region
+    /// stays as it is.
     void translate(std::int32_t dx, std::int32_t dy);
 
     /// Equality of the pixels covered.
@@ -54,6 +56,7 @@ public:
 
 private:
     void setCanonical(std::vector<QsdRect> rects);
+    void updateBounds();
 
     std::vector<QsdRect> _rects;
     QsdRect _bounds;

@@ -112,6 +112,25 @@ TEST(Region, Moves)
     EXPECT_EQ(region.boundingRect().x, INT32_MIN);
 }
 
+TEST(Region, MovesToTheEdgeOfTheCoordinates)
+{
+    QsdRegion region(QsdRect{0, 0, 5, 5});
+    region.unite(QsdRect{20, 0, 5, 5});
+    region.unite(QsdRect{0, 20, 5, 5});
+    region.translate(INT32_MIN + 10, INT32_MIN);
+    region.translate(-20, 0);
+    QsdRegion expected(QsdRect{INT32_MIN, INT32_MIN, 5, 5});
+    expected.unite(QsdRect{INT32_MIN + 10, INT32_MIN, 5, 5});
+    expected.unite(QsdRect{INT32_MIN, INT32_MIN + 20, 5, 5});
+    EXPECT_EQ(region.boundingRect(), expected.boundingRect());
+    EXPECT_TRUE(region == expected);
+    region.translate(-15, 0);
+    expected = QsdRegion(QsdRect{INT32_MIN, INT32_MIN, 5, 5});
+    expected.unite(QsdRect{INT32_MIN, INT32_MIN + 20, 5, 5});
+    EXPECT_EQ(region.boundingRect(), expected.boundingRect());
+    EXPECT_TRUE(region == expected) << "the rectangles lie over each other now";
+}
+
 TEST(Region, ExtremeRectangles)
 {
     QsdRegion region(QsdRect{INT32_MIN, INT32_MIN, UINT32_MAX, UINT32_MAX});
@@ -130,6 +149,81 @@ TEST(Region, NeverHoldsMoreThanCanBeCounted)
     EXPECT_LE(region.count(), 65535U);
     EXPECT_TRUE(region.contains({2, 0}));
     EXPECT_TRUE(region.contains({2 * (65539 % 256), 2 * (65539 / 256)}));
+}
+
+/// Columns with gaps between them, each a row lower than the one before it.
+QsdRegion staggeredColumns(std::int32_t count)
+{
+    QsdRegion region;
+    for (std::int32_t i = 0; i < count; ++i) {
+        region.add({2 * i, i, 1, static_cast<std::uint32_t>(count)});
+    }
+    return region;
+}
+
+TEST(Region, StaggeredColumnsAreCutAtTheLimit)
+{
+    constexpr std::int32_t Count = 65535;
+    const QsdRegion columns = staggeredColumns(Count);
+    QsdRegion united = columns;
+    united.unite(QsdRect{0, 0, 1, 1});
+    EXPECT_LE(united.count(), 65535U);
+    EXPECT_GT(united.count(), 65000U);
+    EXPECT_EQ(united.boundingRect(), columns.boundingRect());
+    expectCanonical(united);
+    EXPECT_FALSE(united.contains({1, 1})) << "the first bands are exact";
+    EXPECT_TRUE(united.contains({1, 1000})) << "the others are not";
+
+    QsdRegion common = columns;
+    common.intersect(columns);
+    EXPECT_TRUE(common == united);
+    common = columns;
+    common.intersect(QsdRect{2 * Count - 2, Count - 1, 10, 10});
+    EXPECT_TRUE(common == QsdRegion(QsdRect{2 * Count - 2, Count - 1, 1, 10})) << "a small result is exact";
+}
+
+TEST(Region, OneBandOfTooManyRectanglesBecomesOne)
+{
+    QsdRegion columns;
+    for (std::int32_t i = 0; i < 65535; ++i) {
+        columns.add({2 * i, 0, 1, 8});
+    }
+    columns.unite(QsdRect{2 * 65535, 0, 1, 8});
+    EXPECT_TRUE(columns == QsdRegion(QsdRect{0, 0, 2 * 65535 + 1, 8}));
+}
+
+TEST(Region, RectanglesOverEachOtherCostNoMoreThanBesideEachOther)
+{
+    constexpr std::int32_t Count = 20000;
+    QsdRegion nested;
+    QsdRegion rising;
+    for (std::int32_t i = 0; i < Count; ++i) {
+        const auto size = static_cast<std::uint32_t>(2 * (Count - i));
+        nested.add({i, i, size, size});
+        rising.add({-i, -i, Count, Count});
+    }
+    const QsdRect outer{0, 0, 2 * Count, 2 * Count};
+    EXPECT_TRUE(nested == QsdRegion(outer));
+    QsdRegion common = nested;
+    common.intersect(rising);
+    EXPECT_TRUE(common == QsdRegion(QsdRect{0, 0, Count, Count}));
+    nested.unite(nested);
+    EXPECT_EQ(nested.count(), 1U);
+}
+
+TEST(Region, TakesRectanglesWithoutEnd)
+{
+    QsdRegion region;
+    for (std::int32_t i = 0; i < 90000; ++i) {
+        region.add({2 * (i % 1000), 2 * (i / 1000), 1, 1});
+        if (i >= 65535) {
+            ASSERT_GE(region.count(), 61439U - 1000U);
+        }
+    }
+    EXPECT_EQ(region.boundingRect(), (QsdRect{0, 0, 1999, 179}));
+    EXPECT_TRUE(region.contains({0, 0}));
+    EXPECT_FALSE(region.contains({1, 0})) << "the first bands are exact";
+    EXPECT_TRUE(region.contains({1998, 178}));
 }
 
 } // namespace
