@@ -1,0 +1,170 @@
+// Draws every way to draw a bitmap on one page, or looks at the pixels of that page:
+// bitmaps draw|compare LEVEL rgb|grey DEPTH FILE; bitmaps size tells width and height of the page.
+#include "expected_picture.h"
+#include "ps/QsdPSDevice.h"
+#include "toolkit/memory/QsdMemoryDisplay.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+
+namespace {
+
+int rowsOf(const std::vector<Form>& forms)
+{
+    return (static_cast<int>(forms.size()) + CellColumns - 1) / CellColumns;
+}
+
+QsdPoint originOf(std::size_t number)
+{
+    const auto cell = static_cast<int>(number);
+    return {cell % CellColumns * CellSide, cell / CellColumns * CellSide};
+}
+
+QsdHandle<QsdColor> colorOf(QsdRGB rgb)
+{
+    const auto widened = [](std::uint8_t component) { return static_cast<std::uint16_t>(component * 257); };
+    return QsdHandle<QsdColor>::Adopt(new QsdColor(widened(rgb.red), widened(rgb.green), widened(rgb.blue)));
+}
+
+bool draw(const std::vector<Form>& forms, unsigned long level, bool grey, unsigned short depth, const char* file)
+{
+    QsdMemoryDisplay display(depth);
+    QsdPSDevice device(&display, grey ? QsdPSGrey : QsdPSRGB);
+    const auto width = static_cast<unsigned long>(CellColumns) * CellSide;
+    const auto height = static_cast<unsigned long>(rowsOf(forms)) * CellSide;
+    device.setPaperWidth(width);
+    device.setPaperHeight(height);
+    device.setPostScriptLevel(level);
+    if (!device.initDevice(file, nullptr)) {
+        return false;
+    }
+    const auto palette = QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display));
+    palette->setForeground(colorOf(Ground).get());
+    device.fillRectangle(palette.get(), {0, 0, static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height)});
+    palette->setForeground(colorOf(Foreground).get());
+    palette->setBackground(colorOf(Background).get());
+    const SourcePixels pixels(depth);
+    for (std::size_t i = 0; i < forms.size(); ++i) {
+        QsdRegion clip = QsdRegion::Full();
+        if (!forms[i].paletteClip.empty()) {
+            clip.empty();
+            for (const QsdRect& rect : forms[i].paletteClip) {
+                clip.unite(rect);
+            }
+            clip.translate(originOf(i).x, originOf(i).y);
+        }
+        palette->setClipRegion(clip);
+        forms[i].draw({device, display, pixels, *palette, originOf(i)}, forms[i]);
+    }
+    device.end();
+    return !device.writeFailed();
+}
+
+/// A page as the interpreter wrote it: raw pixels of three bytes.
+class Page {
+public:
+    explicit Page(const char* file)
+    {
+        std::ifstream in(file, std::ios::binary);
+        std::string magic;
+        std::string line;
+        in >> magic >> std::ws;
+        while (in.peek() == '#') {
+            std::getline(in, line);
+        }
+        int most = 0;
+        in >> _width >> _height >> most;
+        in.get();
+        if (!in || magic != "P6" || most != 255) {
+            return;
+        }
+        _bytes.resize(std::size_t{3} * _width * _height);
+        in.read(reinterpret_cast<char*>(_bytes.data()), static_cast<std::streamsize>(_bytes.size()));
+        _good = in.good();
+    }
+
+    [[nodiscard]] bool hasSize(int width, int height) const
+    {
+        return _good && static_cast<int>(_width) == width && static_cast<int>(_height) == height;
+    }
+    [[nodiscard]] QsdRGB pixel(int x, int y) const
+    {
+        const std::size_t at = 3 * (static_cast<std::size_t>(y) * _width + static_cast<std::size_t>(x));
+        return {_bytes[at], _bytes[at + 1], _bytes[at + 2]};
+    }
+
+private:
+    std::uint32_t _width = 0;
+    std::uint32_t _height = 0;
+    std::vector<std::uint8_t> _bytes;
+    bool _good = false;
+};
+
+bool isGreyOf(QsdRGB found, QsdRGB color)
+{
+    const int grey = (11 * color.red + 16 * color.green + 5 * color.blue) >> 5;
+    return found.red == found.green && found.green == found.blue && std::abs(found.red - grey) <= 1;
+}
+
+std::ostream& operator<<(std::ostream& out, QsdRGB color)
+{
+    return out << "(" << int{color.red} << " " << int{color.green} << " " << int{color.blue} << ")";
+}
+
+/// Whether the cell looks as it should; if not, tells how.
+bool compareCell(const Form& form, const Page& page, const QsdPoint& origin, const SourcePixels& pixels, bool grey)
+{
+    int wrong = 0;
+    for (int y = 0; y < CellSide; ++y) {
+        for (int x = 0; x < CellSide; ++x) {
+            const QsdRGB expected = expectedColor(form, pixels, x, y).value_or(Ground);
+            const QsdRGB found = page.pixel(origin.x + x, origin.y + y);
+            if (grey ? isGreyOf(found, expected) : found == expected) {
+                continue;
+            }
+            if (wrong++ == 0) {
+                std::cout << form.name << ": at " << x << " " << y << " " << found << ", not " << expected;
+            }
+        }
+    }
+    if (wrong != 0) {
+        std::cout << ", " << wrong << " wrong\n";
+    }
+    return wrong == 0;
+}
+
+bool compare(const std::vector<Form>& forms, bool grey, unsigned short depth, const char* file)
+{
+    const Page page(file);
+    if (!page.hasSize(CellColumns * CellSide, rowsOf(forms) * CellSide)) {
+        std::cout << file << " is not the page\n";
+        return false;
+    }
+    const SourcePixels pixels(depth);
+    bool equal = true;
+    for (std::size_t i = 0; i < forms.size(); ++i) {
+        equal = compareCell(forms[i], page, originOf(i), pixels, grey) && equal;
+    }
+    return equal;
+}
+
+} // namespace
+
+int main(int count, char** argv)
+{
+    const std::vector<Form> forms = bitmapForms();
+    const std::string what = count > 1 ? argv[1] : "";
+    if (what == "size") {
+        std::cout << CellColumns * CellSide << "x" << rowsOf(forms) * CellSide << "\n";
+        return 0;
+    }
+    if (count != 6) {
+        return 2;
+    }
+    const unsigned long level = std::strtoul(argv[2], nullptr, 10);
+    const bool grey = std::string(argv[3]) == "grey";
+    const auto depth = static_cast<unsigned short>(std::strtoul(argv[4], nullptr, 10));
+    const bool good = what == "draw" ? draw(forms, level, grey, depth, argv[5]) : compare(forms, grey, depth, argv[5]);
+    return good ? 0 : 1;
+}
