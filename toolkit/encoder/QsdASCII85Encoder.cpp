@@ -2,32 +2,54 @@
 
 #include "toolkit/encoder/QsdEncodedOutput_p.h"
 
-#include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
 namespace {
 
 constexpr std::uint32_t PairBase = 85 * 85;
+constexpr std::size_t GroupBytes = 4;
 
-/// The two characters of every number below 85 * 85, in order.
+/// The two characters of every number below 85 * 85, the first one in the lower byte.
 constexpr auto Pairs = [] {
-    std::array<char, std::size_t{2} * PairBase> pairs{};
+    std::array<std::uint16_t, PairBase> pairs{};
     for (std::size_t value = 0; value < PairBase; ++value) {
-        pairs[2 * value] = static_cast<char>('!' + value / 85);
-        pairs[2 * value + 1] = static_cast<char>('!' + value % 85);
+        pairs[value] = static_cast<std::uint16_t>('!' + value / 85 + (('!' + value % 85) << 8));
     }
     return pairs;
 }();
 
-/// Writes the five characters of a group.
+/// The five characters of a group, the first one in the lowest byte.
+///
+/// Counted in units of 85 ** 3, the group is a fraction whose integer part is its first two digits; times 85 ** 2, what
+/// is left gives the next two, and times 85 the last. The factor is rounded up by less than 0.3 of its last bit, which
+/// for 32 bits adds up to a third of the last digit's unit: never enough to reach the next digit.
+std::uint64_t groupCharacters(std::uint32_t value)
+{
+    constexpr unsigned Shift = 51;
+    constexpr std::uint64_t One = std::uint64_t{1} << Shift;
+    constexpr std::uint64_t Factor = One / (PairBase * 85) + 1;
+    std::uint64_t scaled = value * Factor;
+    const std::uint64_t first = Pairs[scaled >> Shift];
+    scaled = scaled % One * PairBase;
+    const std::uint64_t second = Pairs[scaled >> Shift];
+    scaled = scaled % One * 85;
+    return first | second << 16 | ((scaled >> Shift) + '!') << 32;
+}
+
+/// Writes the five characters of a group, and three more bytes behind them that do not count.
 void encodeGroup(std::uint32_t value, char* out)
 {
-    const std::uint32_t rest = value % (PairBase * 85);
-    std::memcpy(out, Pairs.data() + 2 * std::size_t{value / (PairBase * 85)}, 2);
-    std::memcpy(out + 2, Pairs.data() + 2 * std::size_t{rest / 85}, 2);
-    out[4] = static_cast<char>('!' + rest % 85);
+    const std::uint64_t characters = groupCharacters(value);
+    if constexpr (std::endian::native == std::endian::little) {
+        std::memcpy(out, &characters, sizeof characters);
+    } else {
+        for (unsigned i = 0; i < 5; ++i) {
+            out[i] = static_cast<char>(characters >> 8 * i);
+        }
+    }
 }
 
 std::uint32_t groupValue(const unsigned char* bytes)
@@ -42,9 +64,24 @@ bool looksLikeComment(const char* line)
     return line[0] == '%' && (line[1] == '%' || line[1] == '!');
 }
 
+/// Writes a line of `groups` groups with its end; false, and what was written does not count, if it is not a plain
+/// one: if a group is all zeros, or the line would look like a comment.
+bool encodePlainLine(const unsigned char* bytes, std::size_t groups, char* line)
+{
+    bool hasZero = false;
+    char* out = line;
+    for (std::size_t i = 0; i < groups; ++i, out += 5) {
+        const std::uint32_t value = groupValue(bytes + GroupBytes * i);
+        hasZero = hasZero || value == 0;
+        encodeGroup(value, out);
+    }
+    *out = '\n';
+    return !hasZero && !looksLikeComment(line);
+}
+
 } // namespace
 
-/// Where the next character goes; kept apart from the encoder while many groups are written.
+/// Where the next character goes; kept apart from the encoder while the groups of a line are written.
 struct QsdASCII85Encoder::Cursor {
     char* out;
     std::size_t column;
@@ -69,11 +106,8 @@ struct QsdASCII85Encoder::Cursor {
     void putGroup(std::uint32_t value)
     {
         if (value == 0) {
-            *out++ = 'z';
-            if (++column > LineLength - GroupLength) {
-                *out++ = '\n';
-                column = 0;
-            }
+            *out = 'z';
+            advance(1);
         } else {
             encodeGroup(value, out);
             advance(GroupLength);
@@ -85,45 +119,57 @@ QsdASCII85Encoder::QsdASCII85Encoder(std::ostream* stream) : _stream(stream) {}
 
 void QsdASCII85Encoder::putByte(unsigned char byte)
 {
-    _group[_pending++] = byte;
-    if (_pending == sizeof _group) {
-        _pending = 0;
-        putGroups(1, _group);
+    _held[_heldCount++] = byte;
+    if (_heldCount == HeldSize) {
+        _heldCount = 0;
+        putGroups(HeldSize / GroupBytes, _held);
     }
 }
 
 void QsdASCII85Encoder::putBytes(unsigned long count, const unsigned char* bytes)
 {
-    for (; count != 0 && _pending != 0; --count) {
-        putByte(*bytes++);
+    const std::size_t room = HeldSize - _heldCount;
+    if (count >= room) {
+        if (_heldCount != 0) {
+            std::memcpy(_held + _heldCount, bytes, room);
+            putGroups(HeldSize / GroupBytes, _held);
+            _heldCount = 0;
+            bytes += room;
+            count -= room;
+        }
+        const std::size_t groups = count / HeldSize * (HeldSize / GroupBytes);
+        putGroups(groups, bytes);
+        bytes += groups * GroupBytes;
+        count %= HeldSize;
     }
-    putGroups(count / sizeof _group, bytes);
-    bytes += count / sizeof _group * sizeof _group;
-    for (count %= sizeof _group; count != 0; --count) {
-        putByte(*bytes++);
+    for (; count != 0; --count) {
+        _held[_heldCount++] = *bytes++;
     }
 }
 
 void QsdASCII85Encoder::putGroups(std::size_t count, const unsigned char* bytes)
 {
     while (count != 0) {
-        const std::size_t batch = std::min(count, (BufferSize - _used) / GroupRoom);
-        Cursor cursor{_buffer + _used, _column};
-        for (std::size_t i = 0; i < batch; ++i, bytes += sizeof _group) {
-            cursor.putGroup(groupValue(bytes));
+        reserveLine();
+        if (_column == 0 && count >= LineGroups && encodePlainLine(bytes, LineGroups, _buffer + _used)) {
+            _used += LineGroups * GroupLength + 1;
+            bytes += LineGroups * GroupBytes;
+            count -= LineGroups;
+            continue;
         }
+        Cursor cursor{_buffer + _used, _column};
+        do {
+            cursor.putGroup(groupValue(bytes));
+            bytes += GroupBytes;
+        } while (--count != 0 && cursor.column != 0);
         _used = static_cast<std::size_t>(cursor.out - _buffer);
         _column = cursor.column;
-        count -= batch;
-        if (BufferSize - _used < GroupRoom) {
-            flush();
-        }
     }
 }
 
 void QsdASCII85Encoder::startData()
 {
-    _pending = 0;
+    _heldCount = 0;
     _column = 0;
     _used = 0;
 }
@@ -131,11 +177,15 @@ void QsdASCII85Encoder::startData()
 // A short last group is padded with zeros and written one character longer than its bytes, never as "z".
 void QsdASCII85Encoder::endData()
 {
+    putGroups(_heldCount / GroupBytes, _held);
+    reserveLine();
     Cursor cursor{_buffer + _used, _column};
-    if (_pending != 0) {
-        std::fill(_group + _pending, _group + sizeof _group, static_cast<unsigned char>(0));
-        encodeGroup(groupValue(_group), cursor.out);
-        cursor.advance(_pending + 1);
+    const std::size_t rest = _heldCount % GroupBytes;
+    if (rest != 0) {
+        unsigned char group[GroupBytes] = {};
+        std::memcpy(group, _held + _heldCount - rest, rest);
+        encodeGroup(groupValue(group), cursor.out);
+        cursor.advance(rest + 1);
     }
     std::memcpy(cursor.out, "~>\n", 3);
     _used = static_cast<std::size_t>(cursor.out - _buffer) + 3;
@@ -151,6 +201,13 @@ void QsdASCII85Encoder::setStream(std::ostream* stream)
 QsString QsdASCII85Encoder::getDecoderString() const
 {
     return QsString("/ASCII85Decode filter");
+}
+
+void QsdASCII85Encoder::reserveLine()
+{
+    if (BufferSize - _used < LineRoom) {
+        flush();
+    }
 }
 
 void QsdASCII85Encoder::flush()

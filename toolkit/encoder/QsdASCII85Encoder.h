@@ -22,18 +22,23 @@ private:
     struct Cursor;
 
     void putGroups(std::size_t count, const unsigned char* bytes);
+    void reserveLine();
     void flush();
 
     static constexpr std::size_t LineLength = 78;
     static constexpr std::size_t GroupLength = 5;
-    /// What one group may take at most: itself, a blank before and a line end behind it; and, after the last one, the
-    /// end mark.
-    static constexpr std::size_t GroupRoom = 2 * GroupLength;
+    /// Groups of a line that has no short ones.
+    static constexpr std::size_t LineGroups = LineLength / GroupLength;
+    /// What a line may take at most: itself, a blank before it, its end, the end mark, and what is written behind a
+    /// group and does not count.
+    static constexpr std::size_t LineRoom = LineLength + 2 * sizeof(long long);
+    /// Bytes of a few lines: single bytes are collected until there are enough to encode line by line.
+    static constexpr std::size_t HeldSize = 4 * LineGroups * 4;
     static constexpr std::size_t BufferSize = 4096;
 
     std::ostream* _stream;
-    std::size_t _pending = 0; ///< bytes of the group under way
-    unsigned char _group[4] = {};
+    std::size_t _heldCount = 0;
+    unsigned char _held[HeldSize];
     std::size_t _column = 0; ///< characters on the current line
     std::size_t _used = 0;
     char _buffer[BufferSize];
