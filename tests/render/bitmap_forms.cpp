@@ -111,7 +111,8 @@ void stretchData(const Stage& stage, const Form& form)
     stage.port.stretchBitmapData(&stage.palette, &stage.pixels.colors(), form.from, area(stage, form), false);
 }
 
-constexpr QsdRect Part = {5, 3, 30, 17};                                ///< begins and ends inside of bytes
+constexpr QsdRect Part = {5, 3, 30, 17}; ///< begins and ends inside of bytes
+constexpr QsdRect WholeBytes = {3, 2, 32, 9};
 constexpr QsdRect Beyond = {-3, -2, 44, 27};                            ///< reaches out of the bitmap on every side
 constexpr QsdRect Room = {10, 20, 80, 60};                              ///< larger than the bitmap
 constexpr QsdRect Narrow = {10, 20, 20, 12};                            ///< smaller than the bitmap
@@ -134,6 +135,12 @@ const std::vector<Form> Single = {
     {.name = "beyond colour", .draw = drawPart, .source = Source::Color, .from = Beyond},
     {.name = "beyond set bits", .draw = drawPart, .source = Source::Bits, .transparent = true, .from = Beyond},
     {.name = "beyond masked", .draw = drawPart, .source = Source::Masked, .transparent = true, .from = Beyond},
+    {.name = "whole bytes of bits", .draw = drawPart, .source = Source::Bits, .from = WholeBytes},
+    {.name = "whole bytes of set bits",
+     .draw = drawPart,
+     .source = Source::Bits,
+     .transparent = true,
+     .from = WholeBytes},
     {.name = "one row", .draw = drawPart, .source = Source::Color, .from = {0, 4, W, 1}},
     {.name = "one column", .draw = drawPart, .source = Source::Bits, .from = {9, 0, 1, H}},
     {.name = "one pixel", .draw = drawPart, .source = Source::Color, .from = {W - 1, H - 1, 1, 1}},
