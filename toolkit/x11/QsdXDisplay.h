@@ -14,6 +14,7 @@ class QsdXPort;
 class QsdXWindow;
 struct QsdXEvent;
 struct _XDisplay;
+union _XEvent;
 
 /// A connection to an X server: its default screen with that screen's default visual. Windows (QsdXWindow), pixmaps
 /// (QsdXPixmap) and bitmaps (QsdBitmap) can be made on it and drawn into one another.
@@ -77,7 +78,7 @@ private:
     friend class QsdXWindow;
 
     QsdXDisplay(std::shared_ptr<QsdXConnection> connection, const char* application);
-    void readResources(const char* application);
+    [[nodiscard]] bool translate(_XEvent& xEvent, QsdXEvent& event);
     void addWindow(QsdXWindow* window);
     void removeWindow(QsdXWindow* window);
 

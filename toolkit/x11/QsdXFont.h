@@ -17,7 +17,8 @@ public:
     [[nodiscard]] double stringWidth(const char* text, int length) const override;
     /// The full X name of the font, or those of the fonts of a set.
     [[nodiscard]] std::vector<QsString> windowSystemNames() const override;
-    [[nodiscard]] const QsdXFace& face() const { return *_face; }
+    /// The letters in the server; never null.
+    [[nodiscard]] const std::shared_ptr<const QsdXFace>& face() const { return _face; }
 
 private:
     std::shared_ptr<const QsdXFace> _face;

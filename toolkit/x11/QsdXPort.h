@@ -8,16 +8,19 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 class QsdXDisplay;
+class QsdXFace;
 class QsdXGraphics;
 
 /// The common part of windows and pixmaps: a drawable in the X server. Coordinates, areas, lines and colours are those
 /// of QsdBitmap, so that both show the same pixels: the server draws where its rules are the toolkit's (points, solid
 /// lines, upright rectangles, copies, letters); other shapes are cut into rectangles by the code that draws into
 /// bitmaps. Coordinates of all 32 bits are safe although those of X have 16. Texts are drawn with the server's fonts,
-/// or like those of bitmaps where it has none that fit; an upright text is cut to whole pixels, another one is drawn as
-/// a turned or stretched picture of its letters. Alpha and antialiasing of palettes do not count.
+/// or like those of bitmaps where it has none that fit; under a transformer that does more than move them they are
+/// drawn as turned or stretched pictures of their letters, placed on whole units. Alpha and antialiasing of palettes do
+/// not count.
 class QsdXPort : public QsdSystemPort {
 public:
     ~QsdXPort() override;
@@ -100,32 +103,52 @@ protected:
     [[nodiscard]] QsdXGraphics& graphics() const { return *_graphics; }
 
 private:
-    /// Draws a shape into a one-bit bitmap with a palette that sets bits.
-    using ShapeDrawing = std::function<void(const QsdBitmap& mask, const QsdPalette* ink)>;
-    /// Draws a picture into a bitmap as deep as the port.
-    using PictureDrawing = std::function<void(const QsdBitmap& picture, const QsdPalette* palette)>;
+    /// Draws a shape into a bitmap with the palette given.
+    using ShapeDrawing = std::function<void(const QsdBitmap& target, const QsdPalette* palette)>;
+    /// Draws `what`, the picture or its mask, into a bitmap: all of it, or its set bits alone.
+    using PictureDrawing = std::function<void(const QsdBitmap& target, const QsdPalette* palette,
+                                              const QsdSystemPort& what, bool setBitsOnly)>;
     /// Where something is drawn: a rectangle in the coordinates of the call and how many pixels it may stick out.
     struct Extent {
         std::optional<QsdRect> bounds; ///< none: anywhere
         double margin = 1;
     };
+    /// How the server can draw by itself: moved by whole pixels and inside a region.
+    struct Placing {
+        QsdPoint shift;
+        QsdRegion clip;
+
+        /// Where a point comes to lie; nothing for one too far away for X's coordinates.
+        [[nodiscard]] std::optional<QsdPoint> operator()(const QsdPoint& point) const;
+    };
 
     [[nodiscard]] QsdRect portArea() const;
-    [[nodiscard]] std::optional<QsdPoint> wholeShift() const;
-    [[nodiscard]] QsdRegion shiftedClip(const QsdPalette& palette, const QsdPoint& shift) const;
+    [[nodiscard]] std::optional<Placing> placing(const QsdPalette& palette) const;
     [[nodiscard]] QsdRect visibleArea(const Extent& extent) const;
     [[nodiscard]] Extent strokeExtent(const QsdPalette& palette, const std::optional<QsdRect>& bounds) const;
     [[nodiscard]] std::unique_ptr<QsdBitmap> bitmapFor(const QsdRect& area, std::uint16_t depth) const;
+    [[nodiscard]] std::unique_ptr<QsdBitmap> coverage(const QsdPalette& palette, const QsdRect& area,
+                                                      const ShapeDrawing& draw) const;
+    void fillCovered(const QsdBitmap& mask, const QsdRect& area) const;
+    void finish() const;
 
     void stroke(const QsdPalette& palette, const Extent& extent, const ShapeDrawing& draw) const;
     void fill(const QsdPalette& palette, const Extent& extent, const ShapeDrawing& draw) const;
     [[nodiscard]] bool strokeDirectly(const QsdPalette& palette, unsigned long count, const QsdPoint* points) const;
     void drawPicture(const QsdPalette& palette, const QsdSystemPort& source, const QsdRect& bounds, bool transparent,
-                     const ShapeDrawing& outline, const PictureDrawing& drawPixels) const;
+                     const PictureDrawing& draw) const;
+    void drawBitmapPart(const QsdPalette& palette, const QsdSystemPort& source, const QsdRect& rect, const QsdPoint& at,
+                        bool transparent) const;
+    void drawWholeBitmap(const QsdPalette& palette, const QsdPoint& at, const QsdBitmap& bitmap,
+                         const QsdTransformer& t, const QsdRect* clip, bool transparent) const;
     [[nodiscard]] bool copyDirectly(const QsdPalette& palette, const QsdSystemPort& source, const QsdRect& rect,
                                     const QsdPoint& at) const;
-    void drawText(const QsdPalette* palette, const QsdPoint& at, const char* text, int length, QsdPosition position,
+    void drawText(const QsdPalette& palette, const QsdPoint& at, const char* text, int length, QsdPosition position,
                   bool opaque) const;
+    void drawTextDirectly(const QsdPalette& palette, const QsdXFace& face, const Placing& placing, const QsdPoint& at,
+                          std::string_view text, bool opaque) const;
+    void drawTextAsPicture(const QsdPalette& palette, const QsdXFace& face, std::string_view text,
+                           const QsdTransformer& t, const QsdRect* clip, bool opaque) const;
 
     QsdXDisplay& _xDisplay;
     std::uint16_t _depth;
