@@ -42,7 +42,7 @@ void QsdPSDevice::drawBitmap(const QsdPalette* palette, const QsdSystemPort* sou
         out << rect.width << QsdSpc() << rect.height << " 8";
         writeUnitMatrix(out, rect);
         out << " ";
-        if (_level == 2) {
+        if (readsThroughFilter()) {
             writeFilteredSource(out, _encoder.get());
             out << " " << imageOperatorString() << EOL;
         } else {
@@ -67,7 +67,7 @@ void QsdPSDevice::writeBitmapMask(const QsdPalette* palette, const QsdSystemPort
         }
         out << rect.width << " -" << rect.height << " scale " << rect.width << QsdSpc() << rect.height << " true";
         writeUnitMatrix(out, rect);
-        if (_level == 2) {
+        if (readsThroughFilter()) {
             writeFilteredSource(out, _encoder.get());
             out << level2Operator << EOL;
         } else {

@@ -69,6 +69,11 @@ void QsdPSDevice::initClip(const QsdRect& rect) const
 {
     _boundingBox = rect;
     _clipCache.setFull();
+    writeInitialClip(rect);
+}
+
+void QsdPSDevice::writeInitialClip(const QsdRect& rect) const
+{
     QsdPSWriter(_stream) << "initclip n " << rect.width << QsdSpc() << rect.height << QsdSpc() << rect.x << QsdSpc()
                          << rect.y << " rect clip gsave" << EOL;
 }

@@ -185,16 +185,45 @@ protected:
     [[nodiscard]] std::ostream* stream() const { return _stream; }
     /// The rectangle last given to initDevice or initClip, device coordinates; all zero before.
     [[nodiscard]] const QsdRect& boundingBox() const { return _boundingBox; }
+    /// The clip and the transformer that operations are written under.
+    [[nodiscard]] const QsdRegion& currentClip() const { return _clipCache; }
+    [[nodiscard]] const QsdTransformer& currentTransformer() const { return _currentTransformer; }
+    /// Sends what is written from now on, samples included, to `stream` (not owned) in the place of the document's
+    /// own. Give the device its own stream back before it closes it.
+    void redirect(std::ostream* stream);
+    /// Narrows the clip for one operation to the palette's clip and, unless it is null, to `rect`.
+    void restrictClip(const QsdPalette* palette, const QsdRect* rect) const;
+
+    // The steps of a document. A derived device that writes another kind of document replaces them.
+
+    /// Writes the comments that a document begins with; `bbox` is null for one that is not encapsulated.
+    virtual void writeHeader(const QsdRect* bbox);
+    /// Writes the prolog and the setup of the first page.
+    virtual void writeProlog();
+    /// Writes what the drawing of the first page starts from.
+    virtual void writeFirstPageStart(const QsdRect* bbox);
+    /// Writes everything behind the last drawing.
+    virtual void writeTrailer();
+    /// Writes what initClip asks for.
+    virtual void writeInitialClip(const QsdRect& rect) const;
+    /// Writes what setZoomableLineWidths asks for.
+    virtual void writeLineWidthMode(bool zoomable) const;
+    /// Writes what of a palette is not in force yet; a document is open.
+    virtual void writePalette(const QsdPalette* palette) const;
+    /// Writes the selection of the font `name` followed by `suffix` in a size of `size` units; `multiByte` fonts keep
+    /// their own encoding.
+    virtual void writeFontSelection(int size, const char* name, const char* suffix, bool multiByte) const;
+    /// Copies a font file, which defines the font `name` followed by `suffix`, into the document.
+    virtual void writeFontFile(const char* fileName, const char* name, const char* suffix) const;
+    /// Whether images other than those of level 1 get their samples through the encoder's filter.
+    [[nodiscard]] virtual bool readsThroughFilter() const;
 
 private:
-    void writeHeader(const QsdRect* bbox);
     void loadFontMapFile();
-    void initFile();
     void forgetPalette() const;
 
     void sendCurrentTransformer() const;
     void removeClip() const;
-    void restrictClip(const QsdPalette* palette, const QsdRect* rect) const;
 
     void writeOpaqueStart(const QsdPalette* palette) const;
     void writeMaskTile(const QsdPalette* palette, const char* level1Start) const;
@@ -203,7 +232,6 @@ private:
     void writeArc(const QsdPalette* palette, const QsdRect& rect, float start, float range, bool fill) const;
     void writeClosedCurves(unsigned long count, const QsdPoint* points, bool fill) const;
 
-    void writeFontFile(const char* fileName, const char* name, const char* suffix) const;
     void openString(const QsdPalette* palette, const QsdPoint& at, const char* opening) const;
 
     void writeBitmapMask(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,

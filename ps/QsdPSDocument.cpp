@@ -37,15 +37,19 @@ bool QsdPSDevice::initDevice(const char* fileName, QsdRect* bbox)
     }
     loadFontMapFile();
     QsdPSFonts_::GetInstance()->resetDownloaded();
-    initFile();
+    writeProlog();
+    writeFirstPageStart(bbox);
+    return true;
+}
 
+void QsdPSDevice::writeFirstPageStart(const QsdRect* bbox)
+{
     QsdPSWriter out(_stream);
     if (bbox != nullptr) {
         out << "initclip " << bbox->width << QsdSpc() << bbox->height << QsdSpc() << bbox->x << QsdSpc() << bbox->y
             << " rect clip" << EOL;
     }
     out << " gsave" << EOL;
-    return true;
 }
 
 void QsdPSDevice::writeHeader(const QsdRect* bbox)
@@ -103,10 +107,7 @@ void QsdPSDevice::end()
     if (_stream == nullptr) {
         return;
     }
-    QsdPSWriter(_stream) << "showpage" << EOL  //
-                         << "%%Trailer" << EOL //
-                         << "end" << EOL       //
-                         << "%%Pages: " << _pageCount << EOL << "%%EOF" << EOL;
+    writeTrailer();
     _stream->flush();
     _writeFailed = _stream->fail();
     if (_encoder != nullptr) {
@@ -115,6 +116,22 @@ void QsdPSDevice::end()
     closeStream(std::exchange(_stream, nullptr));
     if (_writeFailed) {
         QsdFatalError("%s", display()->getMessage("&QsdMsg015102"));
+    }
+}
+
+void QsdPSDevice::writeTrailer()
+{
+    QsdPSWriter(_stream) << "showpage" << EOL  //
+                         << "%%Trailer" << EOL //
+                         << "end" << EOL       //
+                         << "%%Pages: " << _pageCount << EOL << "%%EOF" << EOL;
+}
+
+void QsdPSDevice::redirect(std::ostream* stream)
+{
+    _stream = stream;
+    if (_encoder != nullptr) {
+        _encoder->setStream(stream);
     }
 }
 

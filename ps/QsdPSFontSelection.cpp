@@ -81,7 +81,7 @@ void QsdPSDevice::setFont(const QsdPalette* palette) const
     const int size = font.size() != 0 ? font.size() : font.ascent() + font.descent() - 1;
     QsdPSFontNames_* const names = findNames(font);
     if (names == nullptr || names->normalName() == nullptr) {
-        QsdPSWriter(_stream) << size << "/Helvetica qsdsf" << EOL;
+        writeFontSelection(size, "Helvetica", "", false);
         return;
     }
     const QsdPSFace face = faceOf(font);
@@ -94,6 +94,11 @@ void QsdPSDevice::setFont(const QsdPalette* palette) const
         names->setDownloaded(face);
     }
     const bool multiByte = _QsdGetMaxCharSize() > 1 && names->encoding() != QsEncodingLatin1;
+    writeFontSelection(size, name, suffix, multiByte);
+}
+
+void QsdPSDevice::writeFontSelection(int size, const char* name, const char* suffix, bool multiByte) const
+{
     QsdPSWriter(_stream) << size << "/" << name << suffix << (multiByte ? " qsdjsf" : " qsdsf") << EOL;
 }
 

@@ -7,13 +7,18 @@
 #include "toolkit/base/QsdMessages.h"
 #include "toolkit/port/QsdDisplay.h"
 
-// Shared objects are compared by identity. The cached palette holds references, so an address in it cannot come to mean
-// another object.
 void QsdPSDevice::setCurrentPalette(const QsdPalette* palette) const
 {
     if (_stream == nullptr) {
         QsdFatalError("%s", display()->getMessage("&QsdMsg015101"));
     }
+    writePalette(palette);
+}
+
+// Shared objects are compared by identity. The cached palette holds references, so an address in it cannot come to mean
+// another object.
+void QsdPSDevice::writePalette(const QsdPalette* palette) const
+{
     if (_currentPalette == nullptr) {
         _currentPalette = new QsdPalette(palette);
         setFont(palette);

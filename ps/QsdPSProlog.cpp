@@ -55,7 +55,7 @@ void writeCompositeFont(QsdPSWriter& out, std::string_view name, int latinScale)
 
 } // namespace
 
-void QsdPSDevice::initFile()
+void QsdPSDevice::writeProlog()
 {
     const QsString decoder = QsdPostScriptEncoder::GetFullDecoderString(_encoder.get());
     QsdPSWriter out(_stream);

@@ -35,6 +35,11 @@ void QsdPSDevice::setEncoder(QsdPostScriptEncoder* encoder)
     }
 }
 
+bool QsdPSDevice::readsThroughFilter() const
+{
+    return _level == 2;
+}
+
 void QsdPSDevice::setPostScriptLevel(unsigned long level)
 {
     _level = level;
@@ -46,6 +51,11 @@ void QsdPSDevice::setPostScriptLevel(unsigned long level)
 }
 
 void QsdPSDevice::setZoomableLineWidths(bool zoomable)
+{
+    writeLineWidthMode(zoomable);
+}
+
+void QsdPSDevice::writeLineWidthMode(bool zoomable) const
 {
     QsdPSWriter(_stream) << "/qsdlw " << (zoomable ? "true" : "false") << " def" << EOL;
 }

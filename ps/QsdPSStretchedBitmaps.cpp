@@ -68,7 +68,7 @@ void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, c
         }
         writeScale(out, area);
         writeUnitImage(out, area, " true[");
-        if (_level == 2) {
+        if (readsThroughFilter()) {
             writeFilteredSource(out, _encoder.get());
             out << " imagemask" << EOL;
         } else {
@@ -85,7 +85,7 @@ void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, c
         writeScale(out, area);
         writeUnitImage(out, area, " 8[");
         out << EOL;
-        if (_level == 2) {
+        if (readsThroughFilter()) {
             writeFilteredSource(out, _encoder.get());
             out << " " << imageOperatorString() << EOL;
         } else {
@@ -131,7 +131,7 @@ void QsdPSDevice::stretchMask(const QsdPalette* palette, const QsdPoint& at, con
             out << "/st " << QsdPSBitRowBytes(area.width) << " string def" << EOL;
         }
         writeUnitImage(out, area, " true[");
-        if (_level == 2) {
+        if (readsThroughFilter()) {
             writeFilteredSource(out, _encoder.get());
             out << " imagemask " << EOL;
         } else {
@@ -165,7 +165,7 @@ void QsdPSDevice::stretchStrips(const QsdPalette* palette, const QsdPoint& at, c
                 writeMatrix(out, t, at);
                 out << " " << first << QsdSpc() << r + 1 << " t " << length << " -1 scale 0 -1 t " << length << QsdSpc()
                     << " 1 8 [" << length << " 0 0 -1 0 1]" << EOL;
-                if (_level == 2) {
+                if (readsThroughFilter()) {
                     writeFilteredSource(out, _encoder.get());
                     out << " ";
                 } else {
