@@ -128,6 +128,18 @@ void QsdASCII85Encoder::putByte(unsigned char byte)
 
 void QsdASCII85Encoder::putBytes(unsigned long count, const unsigned char* bytes)
 {
+    // Colour images come pixel by pixel.
+    constexpr std::size_t Pixel = 3;
+    if (count == Pixel && _heldCount + Pixel < HeldSize) {
+        std::memcpy(_held + _heldCount, bytes, Pixel);
+        _heldCount += Pixel;
+    } else {
+        putBlock(count, bytes);
+    }
+}
+
+void QsdASCII85Encoder::putBlock(std::size_t count, const unsigned char* bytes)
+{
     const std::size_t room = HeldSize - _heldCount;
     if (count >= room) {
         if (_heldCount != 0) {
@@ -142,8 +154,9 @@ void QsdASCII85Encoder::putBytes(unsigned long count, const unsigned char* bytes
         bytes += groups * GroupBytes;
         count %= HeldSize;
     }
-    for (; count != 0; --count) {
-        _held[_heldCount++] = *bytes++;
+    if (count != 0) {
+        std::memcpy(_held + _heldCount, bytes, count);
+        _heldCount += count;
     }
 }
 

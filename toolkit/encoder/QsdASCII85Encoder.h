@@ -21,6 +21,7 @@ public:
 private:
     struct Cursor;
 
+    void putBlock(std::size_t count, const unsigned char* bytes);
     void putGroups(std::size_t count, const unsigned char* bytes);
     void reserveLine();
     void flush();
