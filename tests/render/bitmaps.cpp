@@ -1,11 +1,11 @@
 // Draws every way to draw a bitmap on one page, or looks at the pixels of that page:
 // bitmaps draw|compare LEVEL rgb|grey DEPTH FILE; bitmaps size tells width and height of the page.
 #include "expected_picture.h"
+#include "page_pixels.h"
 #include "ps/QsdPSDevice.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"
 
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 
 namespace {
@@ -19,12 +19,6 @@ QsdPoint originOf(std::size_t number)
 {
     const auto cell = static_cast<int>(number);
     return {cell % CellColumns * CellSide, cell / CellColumns * CellSide};
-}
-
-QsdHandle<QsdColor> colorOf(QsdRGB rgb)
-{
-    const auto widened = [](std::uint8_t component) { return static_cast<std::uint16_t>(component * 257); };
-    return QsdHandle<QsdColor>::Adopt(new QsdColor(widened(rgb.red), widened(rgb.green), widened(rgb.blue)));
 }
 
 bool draw(const std::vector<Form>& forms, unsigned long level, bool grey, unsigned short depth, const char* file)
@@ -61,70 +55,17 @@ bool draw(const std::vector<Form>& forms, unsigned long level, bool grey, unsign
     return !device.writeFailed();
 }
 
-/// A page as the interpreter wrote it: raw pixels of three bytes.
-class Page {
-public:
-    explicit Page(const char* file)
-    {
-        std::ifstream in(file, std::ios::binary);
-        std::string magic;
-        std::string line;
-        in >> magic >> std::ws;
-        while (in.peek() == '#') {
-            std::getline(in, line);
-        }
-        int most = 0;
-        in >> _width >> _height >> most;
-        in.get();
-        if (!in || magic != "P6" || most != 255) {
-            return;
-        }
-        _bytes.resize(std::size_t{3} * _width * _height);
-        in.read(reinterpret_cast<char*>(_bytes.data()), static_cast<std::streamsize>(_bytes.size()));
-        _good = in.good();
-    }
-
-    [[nodiscard]] bool hasSize(int width, int height) const
-    {
-        return _good && static_cast<int>(_width) == width && static_cast<int>(_height) == height;
-    }
-    [[nodiscard]] QsdRGB pixel(int x, int y) const
-    {
-        const std::size_t at = 3 * (static_cast<std::size_t>(y) * _width + static_cast<std::size_t>(x));
-        return {_bytes[at], _bytes[at + 1], _bytes[at + 2]};
-    }
-
-private:
-    std::uint32_t _width = 0;
-    std::uint32_t _height = 0;
-    std::vector<std::uint8_t> _bytes;
-    bool _good = false;
-};
-
-bool isGreyOf(QsdRGB found, QsdRGB color)
-{
-    const int grey = (11 * color.red + 16 * color.green + 5 * color.blue) >> 5;
-    return found.red == found.green && found.green == found.blue && std::abs(found.red - grey) <= 1;
-}
-
-std::ostream& operator<<(std::ostream& out, QsdRGB color)
-{
-    return out << "(" << int{color.red} << " " << int{color.green} << " " << int{color.blue} << ")";
-}
-
 /// Whether the cell looks as it should; if not, tells how.
-bool compareCell(const Form& form, const Page& page, const QsdPoint& origin, const SourcePixels& pixels, bool grey)
+bool compareCell(const Form& form, const PagePixels& page, const QsdPoint& origin, const SourcePixels& pixels,
+                 bool grey)
 {
     int wrong = 0;
     for (int y = 0; y < CellSide; ++y) {
         for (int x = 0; x < CellSide; ++x) {
             const QsdRGB expected = expectedColor(form, pixels, x, y).value_or(Ground);
-            const QsdRGB found = page.pixel(origin.x + x, origin.y + y);
-            if (grey ? isGreyOf(found, expected) : found == expected) {
-                continue;
-            }
-            if (wrong++ == 0) {
-                std::cout << form.name << ": at " << x << " " << y << " " << found << ", not " << expected;
+            if (!page.shows(origin.x + x, origin.y + y, expected, grey) && wrong++ == 0) {
+                std::cout << form.name << ": at " << x << " " << y << " " << page.pixel(origin.x + x, origin.y + y)
+                          << ", not " << expected;
             }
         }
     }
@@ -136,7 +77,7 @@ bool compareCell(const Form& form, const Page& page, const QsdPoint& origin, con
 
 bool compare(const std::vector<Form>& forms, bool grey, unsigned short depth, const char* file)
 {
-    const Page page(file);
+    const PagePixels page(file);
     if (!page.hasSize(CellColumns * CellSide, rowsOf(forms) * CellSide)) {
         std::cout << file << " is not the page\n";
         return false;

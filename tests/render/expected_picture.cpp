@@ -1,5 +1,7 @@
 #include "expected_picture.h"
 
+#include "page_pixels.h"
+
 #include <algorithm>
 #include <cmath>
 
