@@ -30,7 +30,7 @@ std::unique_ptr<QsdBitmap> cut(QsdDisplay& display, const std::vector<unsigned c
 {
     std::vector<unsigned char> bits;
     for (std::uint32_t y = 0; y < height; ++y) {
-        const auto row = rows.begin() + static_cast<std::ptrdiff_t>(y * RowBytes);
+        const auto row = rows.begin() + std::ptrdiff_t{y} * RowBytes;
         bits.insert(bits.end(), row, row + static_cast<std::ptrdiff_t>((width + 7) / 8));
     }
     return QsdBitmap::FromBits(&display, width, height, bits.data());
