@@ -1,12 +1,10 @@
 #include "convert.h"
 
+#include "document_page.h"
 #include "file_device.h"
-#include "input.h"
 #include "layout.h"
-#include "page/painter.h"
-#include "page/tiling.h"
+#include "progress.h"
 #include "ps/QsdPSFonts_.h"
-#include "svg/reader.h"
 #include "toolkit/base/QsdGlobalContext.h"
 #include "toolkit/base/QsdMessages.h"
 #include "toolkit/encoder/QsdASCIIHexEncoder.h"
@@ -29,32 +27,20 @@ void tell(const std::string& name, const std::string& message)
     std::cerr << "qsdps: " << name << ": " << message << '\n';
 }
 
-struct Page {
-    std::string name;
-    std::unique_ptr<SvgDrawing> drawing;
-};
+using Pages = std::vector<std::unique_ptr<DocumentPage>>;
 
-/// The drawings that could be read; `failed` is set when one could not.
-std::vector<Page> readPages(const Options& options, bool& failed)
+/// The inputs that could be opened; `failed` is set when one could not.
+Pages openPages(const Options& options, bool& failed)
 {
-    std::vector<Page> pages;
+    Pages pages;
     for (const std::string& input : options.inputs) {
-        const std::string name = input == "-" ? "standard input" : input;
         std::string error;
-        std::string bytes;
-        std::unique_ptr<SvgDrawing> drawing;
-        if (readInput(input, bytes, error)) {
-            SvgOptions svg;
-            svg.fileName = name;
-            svg.baseFolder = folderOf(input);
-            svg.dpi = options.dpi;
-            drawing = SvgDrawing::load(std::move(bytes), svg, error);
-        }
-        if (drawing == nullptr) {
-            tell(name, error);
+        std::unique_ptr<DocumentPage> page = DocumentPage::open(input, options, error);
+        if (page == nullptr) {
+            tell(nameOfInput(input), error);
             failed = true;
         } else {
-            pages.push_back({name, std::move(drawing)});
+            pages.push_back(std::move(page));
         }
     }
     return pages;
@@ -72,75 +58,68 @@ const char* localeName(QsEncoding encoding)
     }
 }
 
-/// Shows which page is being drawn, on one line that is written over.
-class Progress {
-public:
-    explicit Progress(bool shown) : _shown(shown && isatty(STDERR_FILENO) != 0) {}
-    ~Progress()
-    {
-        if (_shown) {
-            std::cerr << "\r\x1B[K";
-        }
-    }
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-
-    void show(std::size_t page, std::size_t count) const
-    {
-        if (_shown) {
-            std::cerr << "\rpage " << page << " of " << count << std::flush;
-        }
-    }
-
-private:
-    bool _shown;
-};
-
-void paintBackground(const QsdPort& port, PaintTools& tools, const Options& options, const PaperSize& paper,
-                     const Units& units)
+void paintBackground(const Sheet& sheet)
 {
-    if (options.background) {
-        const QsdPoint corner = rounded({paper.width * units.perPoint(), paper.height * units.perPoint()});
-        tools.palette->setForeground(tools.colors.get(*options.background));
+    if (sheet.options.background) {
+        const double perPoint = sheet.units.perPoint();
+        const QsdPoint corner = rounded({sheet.paper.width * perPoint, sheet.paper.height * perPoint});
+        PaintTools& tools = sheet.tools;
+        tools.palette->setForeground(tools.colors.get(*sheet.options.background));
         tools.palette->setClipRegion(QsdRegion::Full());
-        port.fillRectangle(tools.palette.get(),
-                           {0, 0, static_cast<std::uint32_t>(corner.x), static_cast<std::uint32_t>(corner.y)});
+        sheet.device.fillRectangle(tools.palette.get(),
+                                   {0, 0, static_cast<std::uint32_t>(corner.x), static_cast<std::uint32_t>(corner.y)});
     }
 }
 
-/// Draws all pages; true when nothing was left out that `strict` asks for.
-bool drawPages(FileDevice& device, const std::vector<Page>& pages, const PaperSize& paper, const Options& options)
+enum class Outcome {
+    Complete,
+    PartLeftOut, ///< of a drawing, which strict runs do not take
+    Broken       ///< an input; this has been told
+};
+
+Outcome drawPages(FileDevice& device, const Pages& pages, const PaperSize& paper, const Options& options)
 {
-    const Units units(std::max(paper.width, paper.height));
     PaintTools tools(*device.display(), options.encoding);
-    const Progress progress(options.progress);
-    bool complete = true;
+    const Sheet sheet{device,
+                      tools,
+                      options,
+                      paper,
+                      Units(std::max(paper.width, paper.height)),
+                      options.background.value_or(Rgb{255, 255, 255})};
+    Progress progress(options.quiet      ? Progress::When::Never
+                      : options.progress ? Progress::When::AtOnce
+                                         : Progress::When::Late);
+    Outcome outcome = Outcome::Complete;
     for (std::size_t i = 0; i < pages.size(); ++i) {
-        progress.show(i + 1, pages.size());
+        progress.beginPage(i + 1, pages.size());
         if (i != 0) {
             device.clip(static_cast<const QsdRegion*>(nullptr));
             device.newPage();
         }
         // A new page starts with the bare paper.
-        device.setTransformer(units.toPoints());
-        paintBackground(device, tools, options, paper, units);
-        const SvgDrawing& drawing = *pages[i].drawing;
+        device.setTransformer(sheet.units.toPoints());
+        paintBackground(sheet);
+        DocumentPage& page = *pages[i];
         Report report;
-        Painter painter(device, units, placement(drawing.width(), drawing.height(), paper, options),
-                        options.background.value_or(Rgb{255, 255, 255}), tools, report);
-        // What sticks out of the drawing's own page is not part of it.
-        const Box page{0, 0, drawing.width(), drawing.height()};
-        painter.pushClip({{{outlineOf(page), FillRule::NonZero, Matrix(), nullptr}}, nullptr});
-        drawing.draw(painter, report);
-        complete = complete && !report.anythingNotDrawn();
+        std::string error;
+        const bool drawn = page.draw(
+            sheet, report, [&](double part) { progress.advance(part); }, error);
+        progress.hide();
+        if (!drawn) {
+            tell(page.name(), error);
+            return Outcome::Broken;
+        }
+        if (report.anythingNotDrawn()) {
+            outcome = Outcome::PartLeftOut;
+        }
         if (!options.quiet) {
-            report.print(std::cerr, "qsdps: " + pages[i].name);
+            report.print(std::cerr, "qsdps: " + page.name());
         }
         if (options.verbose) {
-            tell(pages[i].name, "page " + std::to_string(i + 1));
+            tell(page.name(), "page " + std::to_string(i + 1));
         }
     }
-    return complete;
+    return outcome;
 }
 
 unsigned long wholePoints(double length)
@@ -162,17 +141,17 @@ int convert(const Options& options)
         return 1;
     }
     bool failed = false;
-    const std::vector<Page> pages = readPages(options, failed);
+    const Pages pages = openPages(options, failed);
     if (pages.empty()) {
         return 1;
     }
     std::vector<Box> sizes;
-    for (const Page& page : pages) {
-        sizes.push_back(sizeOnPaper(page.drawing->width(), page.drawing->height(), options));
+    for (const auto& page : pages) {
+        sizes.push_back(sizeOnPaper(page->size().width, page->size().height, options));
     }
     const PaperSize paper = paperFor(sizes, options);
     if (!(paper.width <= LargestPaper) || !(paper.height <= LargestPaper)) {
-        tell(pages.front().name, "too large for any paper");
+        tell(pages.front()->name(), "too large for any paper");
         return 1;
     }
 
@@ -196,9 +175,13 @@ int convert(const Options& options)
     QsdRect box{0, 0, static_cast<std::uint32_t>(device.getPaperWidth()),
                 static_cast<std::uint32_t>(device.getPaperHeight())};
     device.initDevice(options.output.c_str(), options.format == Format::EPS ? &box : nullptr);
-    const bool complete = drawPages(device, pages, paper, options);
+    const Outcome outcome = drawPages(device, pages, paper, options);
     device.end();
-    if (!complete && options.strict) {
+    if (outcome == Outcome::Broken) {
+        tell(outputName, "not written");
+        return 1;
+    }
+    if (outcome == Outcome::PartLeftOut && options.strict) {
         tell(outputName, "not written: something could not be drawn");
         return 1;
     }

@@ -16,6 +16,8 @@ public:
 
     std::ostream* openStream(const char*) override { return &_output.stream(); }
     void closeStream(std::ostream*) override {}
+    /// Whether the open document can take no more.
+    [[nodiscard]] bool outputFailed() const { return stream() != nullptr && stream()->fail(); }
 
 private:
     OutputFile& _output;

@@ -1,51 +1,79 @@
 #include "input.h"
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
-#include <memory>
+#include <sys/stat.h>
 
 namespace qsdps {
 
 namespace {
 
-struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 constexpr std::size_t LargestInput = std::size_t{1} << 30;
 
-bool readAll(std::FILE* file, std::string& bytes, std::string& error)
+} // namespace
+
+void Input::Closer::operator()(std::FILE* file) const
 {
-    std::array<char, 65536> block;
-    for (std::size_t count = 0; (count = std::fread(block.data(), 1, block.size(), file)) != 0;) {
-        bytes.append(block.data(), count);
+    if (file != stdin) {
+        std::fclose(file);
+    }
+}
+
+std::unique_ptr<Input> Input::open(const std::string& name, std::string& error)
+{
+    std::FILE* const file = name == "-" ? stdin : std::fopen(name.c_str(), "rb");
+    if (file == nullptr) {
+        error = std::strerror(errno);
+        return nullptr;
+    }
+    std::unique_ptr<Input> input(new Input(file));
+    std::array<char, 16> start;
+    const std::size_t size = input->read(reinterpret_cast<std::uint8_t*>(start.data()), start.size());
+    if (size == 0) {
+        error = input->_error != 0 ? input->failure() : "the file is empty";
+        return nullptr;
+    }
+    input->_start = start;
+    input->_startSize = size;
+    return input;
+}
+
+bool Input::canBeReopened() const
+{
+    struct stat status {};
+    return _file.get() != stdin && fstat(fileno(_file.get()), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::size_t Input::read(std::uint8_t* out, std::size_t count) noexcept
+{
+    const std::size_t kept = std::min(count, _startSize - _at);
+    std::copy_n(_start.data() + _at, kept, out);
+    _at += kept;
+    const std::size_t more = std::fread(out + kept, 1, count - kept, _file.get());
+    if (more < count - kept && std::ferror(_file.get()) != 0) {
+        _error = errno;
+    }
+    return kept + more;
+}
+
+bool Input::readAll(std::string& bytes, std::string& error)
+{
+    std::array<std::uint8_t, 65536> block;
+    for (std::size_t count = 0; (count = read(block.data(), block.size())) != 0;) {
+        bytes.append(reinterpret_cast<const char*>(block.data()), count);
         if (bytes.size() > LargestInput) {
             error = "too large";
             return false;
         }
     }
-    if (std::ferror(file) != 0) {
-        error = std::strerror(errno);
-        return false;
-    }
-    return true;
+    error = failure();
+    return error.empty();
 }
 
-} // namespace
-
-bool readInput(const std::string& name, std::string& bytes, std::string& error)
+std::string Input::failure() const
 {
-    if (name == "-") {
-        return readAll(stdin, bytes, error);
-    }
-    const std::unique_ptr<std::FILE, Closer> file(std::fopen(name.c_str(), "rb"));
-    if (file == nullptr) {
-        error = std::strerror(errno);
-        return false;
-    }
-    return readAll(file.get(), bytes, error);
+    return _error == 0 ? std::string() : std::strerror(_error);
 }
 
 std::filesystem::path folderOf(const std::string& name)

@@ -1,13 +1,46 @@
 // Files given to the tool.
 #pragma once
 
+#include "images/byte_source.h"
+
+#include <array>
+#include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <string>
+#include <string_view>
 
 namespace qsdps {
 
-/// Reads a whole file, or standard input for "-". False, and a reason in `error`, when it cannot be read.
-[[nodiscard]] bool readInput(const std::string& name, std::string& bytes, std::string& error);
+/// An open file, or standard input, of which one may look at the beginning before reading.
+class Input : public ByteSource {
+public:
+    /// Opens a file, or standard input for "-". Null, and a reason in `error`, when it cannot be read or is empty.
+    [[nodiscard]] static std::unique_ptr<Input> open(const std::string& name, std::string& error);
+
+    /// How it begins: its first bytes, fewer than 16 only when it has no more. Valid as long as the object.
+    [[nodiscard]] std::string_view start() const { return {_start.data(), _startSize}; }
+    /// Whether opening it by its name again gives the same bytes again.
+    [[nodiscard]] bool canBeReopened() const;
+    std::size_t read(std::uint8_t* out, std::size_t count) noexcept override;
+    /// Reads all that is left. False, and a reason in `error`, when that fails or is more than fits in memory.
+    [[nodiscard]] bool readAll(std::string& bytes, std::string& error);
+    /// Why reading failed; empty when it did not.
+    [[nodiscard]] std::string failure() const;
+
+private:
+    struct Closer {
+        void operator()(std::FILE* file) const;
+    };
+
+    explicit Input(std::FILE* file) : _file(file) {}
+
+    std::unique_ptr<std::FILE, Closer> _file;
+    int _error = 0; ///< of the system; 0: none
+    std::array<char, 16> _start{};
+    std::size_t _startSize = 0;
+    std::size_t _at = 0; ///< how many of the first bytes have been read
+};
 
 /// The folder that a file lies in; empty for standard input.
 [[nodiscard]] std::filesystem::path folderOf(const std::string& name);

@@ -31,6 +31,38 @@ std::pair<double, double> scaleOf(double width, double height, const Options& op
     return {across, down};
 }
 
+/// Whether a density is one that some device may have.
+bool isSensible(const Density& density)
+{
+    constexpr double Least = 1;
+    constexpr double Most = 1e5;
+    return density.across >= Least && density.across <= Most && density.down >= Least && density.down <= Most;
+}
+
+/// The map that turns a picture of that size upright, its top left corner to the origin. From 5 on, its rows become
+/// columns.
+Matrix turnUpright(int orientation, double width, double height)
+{
+    switch (orientation) {
+    case 2:
+        return {-1, 0, 0, 1, width, 0};
+    case 3:
+        return {-1, 0, 0, -1, width, height};
+    case 4:
+        return {1, 0, 0, -1, 0, height};
+    case 5:
+        return {0, 1, 1, 0, 0, 0};
+    case 6:
+        return {0, 1, -1, 0, height, 0};
+    case 7:
+        return {0, -1, -1, 0, height, width};
+    case 8:
+        return {0, -1, 1, 0, 0, width};
+    default:
+        return {};
+    }
+}
+
 } // namespace
 
 Box sizeOnPaper(double width, double height, const Options& options)
@@ -77,6 +109,23 @@ Matrix placement(double width, double height, const PaperSize& paper, const Opti
     const double x = options.margins.left + (roomAcross - width * across) * options.alignX;
     const double y = options.margins.top + (roomDown - height * down) * options.alignY;
     return {across, 0, 0, down, x, y};
+}
+
+Matrix pictureToDrawing(const ImageHeader& header, const Options& options)
+{
+    const Density none{options.dpi, options.dpi};
+    const Density density = isSensible(header.density) ? header.density : none;
+    const double across = options.dpi / density.across;
+    const double down = options.dpi / density.down;
+    return turnUpright(header.orientation, header.width * across, header.height * down) * Matrix::scaling(across, down);
+}
+
+Box sizeOfPicture(const ImageHeader& header, const Options& options)
+{
+    const Point corner =
+        pictureToDrawing(header, options).map({static_cast<double>(header.width), static_cast<double>(header.height)});
+    const Point origin = pictureToDrawing(header, options).map({0, 0});
+    return {0, 0, std::abs(corner.x - origin.x), std::abs(corner.y - origin.y)};
 }
 
 } // namespace qsdps

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawing/geometry.h"
+#include "images/reader.h"
 #include "options.h"
 
 #include <vector>
@@ -16,5 +17,12 @@ namespace qsdps {
 
 /// The map from a drawing's page (CSS pixels, `width` by `height`) to points on the paper, y downwards.
 [[nodiscard]] Matrix placement(double width, double height, const PaperSize& paper, const Options& options);
+
+/// The map from the pixels of a picture, as its file has them, to the page of a drawing (CSS pixels) that it fills as
+/// it is to be looked at. A picture that does not state its density has as many pixels in an inch as drawings have.
+[[nodiscard]] Matrix pictureToDrawing(const ImageHeader& header, const Options& options);
+
+/// The size of that page.
+[[nodiscard]] Box sizeOfPicture(const ImageHeader& header, const Options& options);
 
 } // namespace qsdps

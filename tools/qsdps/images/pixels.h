@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,13 +15,8 @@ struct Pixels {
     std::vector<std::uint8_t> rgba;
 };
 
-/// Pictures of more pixels are not read, whatever a file says.
-inline constexpr std::uint64_t MostPixels = 100'000'000;
-
-/// The pixels of a PNG or JPEG file, told apart by their first bytes; none when it is neither, or broken.
+/// The pixels of a whole picture file, told by its first bytes; none when it is no picture, broken, or larger than
+/// MostPixelsInMemory.
 [[nodiscard]] std::optional<Pixels> decodeImage(std::string_view file);
-
-[[nodiscard]] std::optional<Pixels> decodePng(std::string_view file);
-[[nodiscard]] std::optional<Pixels> decodeJpeg(std::string_view file);
 
 } // namespace qsdps

@@ -10,8 +10,6 @@ namespace qsdps {
 
 namespace {
 
-constexpr std::size_t MostRuns = 20000; ///< of opaque pixels that a masked bitmap is drawn in
-
 class PixelReader {
 public:
     PixelReader(const Pixels& pixels, double opacity) : _pixels(pixels), _opacity(opacity) {}
@@ -28,7 +26,8 @@ private:
 };
 
 /// The mask of pixels that can be seen; null when all can, or there would be too many runs of them.
-std::unique_ptr<QsdBitmap> maskOf(QsdDisplay& display, const Pixels& pixels, const PixelReader& reader)
+std::unique_ptr<QsdBitmap> maskOf(QsdDisplay& display, const Pixels& pixels, const PixelReader& reader,
+                                  std::size_t mostRuns)
 {
     const std::size_t rowBytes = (std::size_t{pixels.width} + 7) / 8;
     std::vector<unsigned char> bits(rowBytes * pixels.height);
@@ -46,7 +45,7 @@ std::unique_ptr<QsdBitmap> maskOf(QsdDisplay& display, const Pixels& pixels, con
             inRun = seen;
         }
     }
-    if (!anyHidden || runs > MostRuns) {
+    if (!anyHidden || runs > mostRuns) {
         return nullptr;
     }
     return QsdBitmap::FromBits(&display, pixels.width, pixels.height, bits.data());
@@ -70,10 +69,10 @@ Matrix placementOf(const ImageObject& image, double width, double height)
 }
 
 std::unique_ptr<QsdBitmap> bitmapOf(QsdDisplay& display, const Pixels& pixels, double opacity,
-                                    const std::function<Rgb(Point)>& groundAt)
+                                    const std::function<Rgb(Point)>& groundAt, std::size_t mostRuns)
 {
     const PixelReader reader(pixels, opacity);
-    std::unique_ptr<QsdBitmap> mask = maskOf(display, pixels, reader);
+    std::unique_ptr<QsdBitmap> mask = maskOf(display, pixels, reader, mostRuns);
     QsdRGBBitmapData data(pixels.width, pixels.height);
     for (std::uint32_t y = 0; y < pixels.height; ++y) {
         for (std::uint32_t x = 0; x < pixels.width; ++x) {

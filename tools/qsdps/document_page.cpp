@@ -1,0 +1,179 @@
+#include "document_page.h"
+
+#include "file_device.h"
+#include "images/reader.h"
+#include "input.h"
+#include "layout.h"
+#include "page/picture_strips.h"
+#include "page/tiling.h"
+#include "svg/reader.h"
+
+#include <utility>
+
+namespace qsdps {
+
+namespace {
+
+/// A drawing, all of it in memory.
+class DrawingPage : public DocumentPage {
+public:
+    DrawingPage(std::string name, std::unique_ptr<SvgDrawing> drawing)
+        : DocumentPage(std::move(name), {0, 0, drawing->width(), drawing->height()}), _drawing(std::move(drawing))
+    {
+    }
+
+    bool draw(const Sheet& sheet, Report& report, const std::function<void(double)>&, std::string&) override
+    {
+        Painter painter(sheet.device, sheet.units, placement(size().width, size().height, sheet.paper, sheet.options),
+                        sheet.paperColor, sheet.tools, report);
+        // What sticks out of the drawing's own page is not part of it.
+        painter.pushClip({{{outlineOf(size()), FillRule::NonZero, Matrix(), nullptr}}, nullptr});
+        _drawing->draw(painter, report);
+        return true;
+    }
+
+private:
+    std::unique_ptr<SvgDrawing> _drawing;
+};
+
+/// An open picture file.
+struct OpenPicture {
+    std::unique_ptr<Input> input;
+    std::unique_ptr<ImageReader> reader;
+};
+
+/// Null with a reason in `error` when the header cannot be read.
+OpenPicture openPicture(std::unique_ptr<Input> input, std::string& error)
+{
+    try {
+        auto reader = openImage(*input, input->start());
+        return {std::move(input), std::move(reader)};
+    } catch (const ImageError& problem) {
+        error = input->failure().empty() ? problem.what() : input->failure();
+        return {};
+    }
+}
+
+/// A picture, of which little more than the header is in memory.
+class PicturePage : public DocumentPage {
+public:
+    PicturePage(const std::string& inputName, OpenPicture picture, const Options& options)
+        : DocumentPage(nameOfInput(inputName), sizeOfPicture(picture.reader->header(), options)), _inputName(inputName),
+          _header(picture.reader->header())
+    {
+        // A document may have more pages than a process may have files.
+        if (!picture.input->canBeReopened()) {
+            _picture = std::move(picture);
+        }
+    }
+
+    bool draw(const Sheet& sheet, Report&, const std::function<void(double)>& advance, std::string& error) override
+    {
+        OpenPicture picture = std::exchange(_picture, {});
+        if (picture.reader == nullptr && !reopen(picture, error)) {
+            return false;
+        }
+        placePixels(sheet);
+        FileDevice& device = sheet.device;
+        if (isGreyOn(sheet)) {
+            device.setColorModel(QsdPSGrey);
+        }
+        try {
+            drawPicture(device, *picture.reader, sheet.paperColor, sheet.tools, [&](std::uint32_t rows) {
+                advance(static_cast<double>(rows) / _header.height);
+                return !device.outputFailed();
+            });
+        } catch (const ImageError& problem) {
+            error = picture.input->failure().empty() ? problem.what() : picture.input->failure();
+        }
+        device.setColorModel(sheet.options.color);
+        return error.empty();
+    }
+
+private:
+    bool reopen(OpenPicture& picture, std::string& error) const
+    {
+        std::unique_ptr<Input> input = Input::open(_inputName, error);
+        if (input == nullptr) {
+            return false;
+        }
+        picture = openPicture(std::move(input), error);
+        if (picture.reader == nullptr) {
+            return false;
+        }
+        const ImageHeader& header = picture.reader->header();
+        if (header.width != _header.width || header.height != _header.height) {
+            error = "changed while it was being read";
+            return false;
+        }
+        return true;
+    }
+
+    /// Gives the device the space of the picture's pixels.
+    void placePixels(const Sheet& sheet) const
+    {
+        const Matrix m = placement(size().width, size().height, sheet.paper, sheet.options) *
+                         pictureToDrawing(_header, sheet.options);
+        sheet.device.setTransformer(QsdTransformer(m.a, m.c, m.b, m.d, m.e, m.f));
+    }
+
+    /// Whether the picture takes a third of the samples and looks the same.
+    [[nodiscard]] bool isGreyOn(const Sheet& sheet) const
+    {
+        const Rgb paper = sheet.paperColor;
+        const bool paperIsGrey = paper.r == paper.g && paper.g == paper.b;
+        return _header.kind == PixelKind::Grey && (!_header.hasAlpha || paperIsGrey);
+    }
+
+    std::string _inputName;
+    ImageHeader _header;
+    OpenPicture _picture; ///< of an input that can be read only once; else closed until it is drawn
+};
+
+/// Whether bytes may be those of an SVG file: text that begins with a tag, or is packed or in wide characters.
+bool mayBeDrawing(std::string_view start)
+{
+    using namespace std::string_view_literals;
+    if (start.starts_with("\xEF\xBB\xBF"sv)) {
+        start.remove_prefix(3);
+    }
+    const std::size_t first = start.find_first_not_of(" \t\r\n\0"sv);
+    const bool isText = first == std::string_view::npos || start[first] == '<';
+    return isText || start.starts_with("\x1F\x8B"sv) || start.starts_with("\xFF\xFE"sv) ||
+           start.starts_with("\xFE\xFF"sv);
+}
+
+} // namespace
+
+std::string nameOfInput(const std::string& input)
+{
+    return input == "-" ? "standard input" : input;
+}
+
+std::unique_ptr<DocumentPage> DocumentPage::open(const std::string& input, const Options& options, std::string& error)
+{
+    std::unique_ptr<Input> file = Input::open(input, error);
+    if (file == nullptr) {
+        return nullptr;
+    }
+    if (isImage(file->start())) {
+        OpenPicture picture = openPicture(std::move(file), error);
+        return picture.reader == nullptr ? nullptr : std::make_unique<PicturePage>(input, std::move(picture), options);
+    }
+    if (!mayBeDrawing(file->start())) {
+        error = "not a PNG, JPEG, PNM or SVG file";
+        return nullptr;
+    }
+    std::string bytes;
+    if (!file->readAll(bytes, error)) {
+        return nullptr;
+    }
+    SvgOptions svg;
+    svg.fileName = nameOfInput(input);
+    svg.baseFolder = folderOf(input);
+    svg.dpi = options.dpi;
+    std::unique_ptr<SvgDrawing> drawing = SvgDrawing::load(std::move(bytes), svg, error);
+    return drawing == nullptr ? nullptr : std::make_unique<DrawingPage>(svg.fileName, std::move(drawing));
+}
+
+} // namespace qsdps

@@ -1,0 +1,59 @@
+// What becomes one page of a document.
+#pragma once
+
+#include "drawing/geometry.h"
+#include "drawing/report.h"
+#include "options.h"
+#include "page/painter.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace qsdps {
+
+class FileDevice;
+
+/// The page that is being drawn.
+struct Sheet {
+    FileDevice& device;
+    PaintTools& tools;
+    const Options& options;
+    PaperSize paper;
+    Units units;
+    Rgb paperColor;
+};
+
+/// A drawing or picture that was opened and is to be drawn once.
+class DocumentPage {
+public:
+    /// Opens an input, "-" for standard input, and looks what it is. Null with a reason in `error` when it cannot be
+    /// drawn.
+    [[nodiscard]] static std::unique_ptr<DocumentPage> open(const std::string& input, const Options& options,
+                                                            std::string& error);
+    virtual ~DocumentPage() = default;
+    DocumentPage(const DocumentPage&) = delete;
+    DocumentPage& operator=(const DocumentPage&) = delete;
+
+    /// What messages call it.
+    [[nodiscard]] const std::string& name() const { return _name; }
+    /// Its own size in CSS pixels.
+    [[nodiscard]] const Box& size() const { return _size; }
+    /// Draws it; the device's transformer maps the units of the sheet to points. What cannot be drawn as asked is
+    /// counted in `report`; `advance` is told how much is done, 0 to 1. False with a reason in `error` when the input
+    /// turns out broken only now; then the document is spoilt.
+    [[nodiscard]] virtual bool draw(const Sheet& sheet, Report& report, const std::function<void(double)>& advance,
+                                    std::string& error) = 0;
+
+protected:
+    DocumentPage(std::string name, const Box& size) : _name(std::move(name)), _size(size) {}
+
+private:
+    std::string _name;
+    Box _size;
+};
+
+/// What messages call an input.
+[[nodiscard]] std::string nameOfInput(const std::string& input);
+
+} // namespace qsdps
