@@ -5,10 +5,13 @@
 
 // clang-format off
 
-/// The dictionary, the short names, and the procedures for strokes, clips, pattern fills and text.
+/// The dictionary.
 inline constexpr std::string_view QsdPSPrologStart = R"PS(%%BeginProlog
 80 dict begin
-/qsdlw true def
+)PS";
+
+/// The short names, and the procedures for strokes, clips, pattern fills and text.
+inline constexpr std::string_view QsdPSPrologProcedures = R"PS(/qsdlw true def
 /bd{bind def}bind def
 /ld{load def}bind def
 /x/exch load def
