@@ -12,7 +12,6 @@
 #include "toolkit/x11/QsdXResources_p.h"
 #include "toolkit/x11/QsdXWindow.h"
 
-#include <algorithm>
 #include <utility>
 
 std::unique_ptr<QsdXDisplay> QsdXDisplay::Open(const char* name, const char* application)
@@ -50,7 +49,7 @@ QsdRect QsdXDisplay::screenArea() const
 
 void QsdXDisplay::sync() const
 {
-    std::for_each(_windows.begin(), _windows.end(), [](const QsdXWindow* window) { window->flushRedraw(); });
+    showWindows();
     if (!isLost()) {
         XSync(_connection->display(), False);
     }

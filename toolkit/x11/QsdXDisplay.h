@@ -79,6 +79,7 @@ private:
 
     QsdXDisplay(std::shared_ptr<QsdXConnection> connection, const char* application);
     [[nodiscard]] bool translate(_XEvent& xEvent, QsdXEvent& event);
+    void showWindows() const;
     void addWindow(QsdXWindow* window);
     void removeWindow(QsdXWindow* window);
 

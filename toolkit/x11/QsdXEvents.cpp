@@ -56,21 +56,27 @@ int QsdXDisplay::descriptor() const
     return isLost() ? -1 : ConnectionNumber(_connection->display());
 }
 
+void QsdXDisplay::showWindows() const
+{
+    std::for_each(_windows.begin(), _windows.end(), [](const QsdXWindow* window) { window->flushRedraw(); });
+}
+
 bool QsdXDisplay::nextEvent(QsdXEvent& event, int milliseconds)
 {
     Display* const display = _connection->display();
     const Clock::time_point end = Clock::now() + std::chrono::milliseconds(std::max(milliseconds, 0));
     for (;;) {
-        std::for_each(_windows.begin(), _windows.end(), [](const QsdXWindow* window) { window->flushRedraw(); });
         event = {};
         while (!isLost() && XPending(display) > 0) {
             XEvent xEvent;
             XNextEvent(display, &xEvent);
             if (translate(xEvent, event)) {
+                showWindows();
                 _connection->report();
                 return true;
             }
         }
+        showWindows();
         _connection->report();
         if (isLost()) {
             return true;

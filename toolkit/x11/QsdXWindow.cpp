@@ -4,7 +4,6 @@
 #include "toolkit/x11/QsdXDisplay.h"
 #include "toolkit/x11/QsdXGraphics_p.h"
 
-#include <X11/Xatom.h>
 #include <X11/Xutil.h>
 
 #include <algorithm>
@@ -84,10 +83,10 @@ void QsdXWindow::setTitle(const char* title)
     Display* const x = graphics().display();
     const auto* const bytes = reinterpret_cast<const unsigned char*>(title);
     const int length = static_cast<int>(std::min<std::size_t>(std::strlen(title), 4096));
-    const Atom utf8 = XInternAtom(x, "UTF8_STRING", False);
-    // The second one is for window managers of old.
-    XChangeProperty(x, _window, XInternAtom(x, "_NET_WM_NAME", False), utf8, 8, PropModeReplace, bytes, length);
-    XChangeProperty(x, _window, XA_WM_NAME, utf8, 8, PropModeReplace, bytes, length);
+    XChangeProperty(x, _window, XInternAtom(x, "_NET_WM_NAME", False), XInternAtom(x, "UTF8_STRING", False), 8,
+                    PropModeReplace, bytes, length);
+    // For window managers of old.
+    Xutf8SetWMProperties(x, _window, title, title, nullptr, 0, nullptr, nullptr, nullptr);
 }
 
 bool QsdXWindow::isBad() const
