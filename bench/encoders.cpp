@@ -1,6 +1,8 @@
 // Encoders of image data, memory to memory, beside a plain copy of the same bytes.
 #include "toolkit/encoder/QsdASCII85Encoder.h"
 #include "toolkit/encoder/QsdASCIIHexEncoder.h"
+#include "toolkit/encoder/QsdLZWEncoder.h"
+#include "toolkit/encoder/QsdRunLengthEncoder.h"
 
 #include <benchmark/benchmark.h>
 #include <cstring>
@@ -64,6 +66,24 @@ void Hexadecimal(benchmark::State& state)
     encode(state, encoder);
 }
 BENCHMARK(Hexadecimal);
+
+void RunLength(benchmark::State& state)
+{
+    Sink sink;
+    std::ostream out(&sink);
+    QsdRunLengthEncoder encoder(&out);
+    encode(state, encoder);
+}
+BENCHMARK(RunLength);
+
+void Lzw(benchmark::State& state)
+{
+    Sink sink;
+    std::ostream out(&sink);
+    QsdLZWEncoder encoder(&out);
+    encode(state, encoder);
+}
+BENCHMARK(Lzw);
 
 void Copy(benchmark::State& state)
 {

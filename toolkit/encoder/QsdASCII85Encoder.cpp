@@ -180,6 +180,19 @@ void QsdASCII85Encoder::putGroups(std::size_t count, const unsigned char* bytes)
     }
 }
 
+void QsdASCII85Encoder::breakLine()
+{
+    const std::size_t groups = _heldCount / GroupBytes;
+    putGroups(groups, _held);
+    _heldCount %= GroupBytes;
+    std::memmove(_held, _held + groups * GroupBytes, _heldCount);
+    if (_column != 0) {
+        reserveLine();
+        _buffer[_used++] = '\n';
+        _column = 0;
+    }
+}
+
 void QsdASCII85Encoder::startData()
 {
     _heldCount = 0;

@@ -18,6 +18,10 @@ public:
     void setStream(std::ostream* stream) override;
     [[nodiscard]] QsString getDecoderString() const override;
 
+    /// Ends the current line, if anything stands on it; the bytes put last, three at most, that do not make a group yet
+    /// come on the next.
+    void breakLine();
+
 private:
     struct Cursor;
 

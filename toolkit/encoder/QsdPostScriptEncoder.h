@@ -21,7 +21,7 @@ public:
     virtual void endData() = 0;
     /// Sets where the characters go (not owned); null: nowhere.
     virtual void setStream(std::ostream* stream) = 0;
-    /// The name of the decoding filter with its operands, e.g. "/ASCII85Decode filter"; empty when the data is read
+    /// What makes a decoding filter of the file on the stack, e.g. "/ASCII85Decode filter"; empty when the data is read
     /// without a filter.
     [[nodiscard]] virtual QsString getDecoderString() const = 0;
 

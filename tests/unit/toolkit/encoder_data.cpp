@@ -1,3 +1,4 @@
+#include "tests/unit/toolkit/Ascii85Decoder.h"
 #include "toolkit/encoder/QsdASCII85Encoder.h"
 #include "toolkit/encoder/QsdASCIIHexEncoder.h"
 
@@ -9,8 +10,6 @@
 #include <vector>
 
 namespace {
-
-using Bytes = std::vector<unsigned char>;
 
 template <class Encoder>
 std::string encoded(Encoder& encoder, std::ostringstream& out, const Bytes& data)
@@ -34,56 +33,6 @@ std::string hex(const Bytes& data, bool endMark = false)
     std::ostringstream out;
     QsdASCIIHexEncoder encoder(&out, endMark);
     return encoded(encoder, out, data);
-}
-
-/// What the filter of the language makes of the text; fails the test where it would complain.
-Bytes decoded85(const std::string& text)
-{
-    Bytes data;
-    std::uint64_t value = 0;
-    int count = 0;
-    std::size_t i = 0;
-    for (; i < text.size() && text[i] != '~'; ++i) {
-        const char c = text[i];
-        if (c == ' ' || c == '\n') {
-            continue;
-        }
-        if (c == 'z') {
-            EXPECT_EQ(count, 0);
-            data.insert(data.end(), 4, 0);
-            continue;
-        }
-        EXPECT_TRUE(c >= '!' && c <= 'u');
-        value = value * 85 + static_cast<unsigned>(c - '!');
-        if (++count == 5) {
-            EXPECT_LE(value, UINT32_MAX);
-            for (int shift = 24; shift >= 0; shift -= 8) {
-                data.push_back(static_cast<unsigned char>(value >> shift));
-            }
-            value = 0;
-            count = 0;
-        }
-    }
-    EXPECT_EQ(text.substr(i), "~>\n");
-    EXPECT_NE(count, 1);
-    if (count > 1) {
-        for (int padding = count; padding < 5; ++padding) {
-            value = value * 85 + 84;
-        }
-        for (int byte = 0; byte < count - 1; ++byte) {
-            data.push_back(static_cast<unsigned char>(value >> (24 - 8 * byte)));
-        }
-    }
-    return data;
-}
-
-void expectGoodLines(const std::string& text)
-{
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
-        EXPECT_LT(line.size(), 80U);
-        EXPECT_FALSE(line.starts_with("%%") || line.starts_with("%!")) << line;
-    }
 }
 
 /// Groups that read "%%..." and "%!..." when they are encoded.
