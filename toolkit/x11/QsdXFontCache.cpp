@@ -4,6 +4,8 @@
 #include "toolkit/x11/QsdXFont.h"
 
 #include <algorithm>
+#include <string_view>
+#include <strings.h>
 
 namespace {
 
@@ -24,6 +26,16 @@ std::string nameOf(const std::string& family, const char* weight, const char* sl
                    const char* encoding)
 {
     return "-*-" + family + "-" + weight + "-" + slant + "-normal-*-" + std::to_string(size) + "-*-*-*-*-*-" + encoding;
+}
+
+/// Whether the font is what its name says; servers have names that stand for other fonts.
+bool isOfFamily(const QsdXFace& face, const std::string& family)
+{
+    const std::string_view name = face.names().front().view();
+    const std::size_t begin = name.find('-', 1);
+    return begin != std::string_view::npos && name.size() > begin + 1 + family.size() &&
+           name[begin + 1 + family.size()] == '-' &&
+           strncasecmp(name.data() + begin + 1, family.c_str(), family.size()) == 0;
 }
 
 } // namespace
@@ -49,17 +61,26 @@ QsdXFontCache::Face QsdXFontCache::remembered(const std::string& key, Load load)
 
 QsdXFontCache::Face QsdXFontCache::load(const std::string& family, std::uint16_t style, unsigned size) const
 {
-    const char* const weight = (style & QsdFontBold) != 0 ? "bold" : "medium";
-    const bool italic = (style & QsdFontItalic) != 0;
-    for (const char* const slant : italic ? std::vector<const char*>{"i", "o"} : std::vector<const char*>{"r"}) {
-        // Fonts of signs have an encoding of their own.
-        for (const char* const encoding : {"iso8859-1", "adobe-fontspecific"}) {
-            if (Face face = QsdXFace::Font(_connection, nameOf(family, weight, slant, size, encoding))) {
-                return face;
+    using Words = std::vector<const char*>;
+    // A family that lacks a style is still nearer than another one.
+    const Words weights = (style & QsdFontBold) != 0 ? Words{"bold", "medium"} : Words{"medium"};
+    const Words slants = (style & QsdFontItalic) != 0 ? Words{"i", "o", "r"} : Words{"r"};
+    Face substitute;
+    for (const char* const weight : weights) {
+        for (const char* const slant : slants) {
+            // Fonts of signs have an encoding of their own.
+            for (const char* const encoding : {"iso8859-1", "adobe-fontspecific"}) {
+                Face face = QsdXFace::Font(_connection, nameOf(family, weight, slant, size, encoding));
+                if (face != nullptr && isOfFamily(*face, family)) {
+                    return face;
+                }
+                if (substitute == nullptr) {
+                    substitute = std::move(face);
+                }
             }
         }
     }
-    return nullptr;
+    return substitute;
 }
 
 QsdXFontCache::Face QsdXFontCache::find(const char* family, std::uint16_t style, unsigned size)
