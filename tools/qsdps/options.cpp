@@ -75,12 +75,14 @@ bool endsWith(const std::string& text, const std::string& end)
 std::optional<Options> parseOptions(int argc, const char* const* argv, int& exitCode)
 {
     Options options;
-    CLI::App app("Turns SVG drawings into PostScript. Several drawings become the pages of one document.", "qsdps");
+    CLI::App app("Turns SVG drawings and PNG, JPEG and PNM pictures into PostScript. Several of them become the pages of one "
+                 "document.", "qsdps");
     app.set_help_flag("-?,--help", "Print this help and exit");
     app.set_version_flag("--version", std::string("qsdps ") + QsdGetVersionString());
-    app.footer("Lengths take mm, cm, in, pt, pc and px. Exit status: 0 done, 1 some file failed, 2 wrong usage.");
+    app.footer("Lengths take mm, cm, in, pt, pc and px. Pictures have at most 1,000,000 pixels a side and 1,000 million in "
+               "all; interlaced and progressive ones 100 million. Exit status: 0 done, 1 some file failed, 2 wrong usage.");
 
-    app.add_option("FILE", options.inputs, "SVG files, gzipped or not; - or none: standard input");
+    app.add_option("FILE", options.inputs, "SVG (gzipped or not), PNG, JPEG or PNM files; - or none: standard input");
     app.add_option("-o,--output", options.output, "Where the document goes; - (the default): standard output")
         ->type_name("FILE");
     std::string format;
@@ -98,7 +100,7 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
         ->type_name("NAME");
     const std::map<std::string, Fit> fits = {{"none", Fit::None}, {"shrink", Fit::Shrink}, {"page", Fit::Page}};
     app.add_option("--fit", options.fit,
-                   "How drawings fit a given paper: none, shrink (large ones; the default) or page")
+                   "How drawings and pictures fit a given paper: none, shrink (large ones; the default) or page")
         ->transform(CLI::CheckedTransformer(fits).description(""))
         ->type_name("NAME");
     app.add_option("-m,--margin", storing(parseMargins, options.margins),
@@ -115,7 +117,7 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
                    "Height of each drawing, bare numbers in px")
         ->type_name("LENGTH");
     app.add_option("-z,--zoom", options.zoom, "Enlarge each drawing by this factor")->check(CLI::Range(1e-4, 1e4));
-    app.add_option("-d,--dpi", options.dpi, "Pixels of the drawing in an inch (96)")->check(CLI::Range(1.0, 1e5));
+    app.add_option("-d,--dpi", options.dpi, "Pixels in an inch of drawings, and of pictures that do not state it (96)")->check(CLI::Range(1.0, 1e5));
     app.add_option("-b,--background", storing(parseColor, options.background), "Colour of the paper: #rrggbb or a name")
         ->type_name("COLOR");
     app.add_option("--level", options.level, "PostScript language level: 1 or 2 (the default)")
@@ -135,9 +137,9 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
         ->type_name("NAME");
     app.add_option("--font-map", options.fontMap, "A font map file to read in addition")->type_name("FILE");
     app.add_flag("--strict", options.strict, "Fail when something of a drawing cannot be drawn");
-    app.add_flag("-q,--quiet", options.quiet, "Do not tell what was approximated or left out");
+    app.add_flag("-q,--quiet", options.quiet, "Do not tell what was approximated or left out, nor show progress");
     app.add_flag("-v,--verbose", options.verbose, "Tell what is being done");
-    app.add_flag("--progress", options.progress, "Show progress on standard error when it is a terminal");
+    app.add_flag("--progress", options.progress, "Show progress on a terminal at once, not only when a run takes long");
 
     try {
         app.parse(argc, argv);
@@ -151,7 +153,7 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
                          (format.empty() && (endsWith(options.output, ".eps") || endsWith(options.output, ".epsf")));
         options.format = eps ? Format::EPS : Format::PS;
         if (eps && options.inputs.size() > 1) {
-            throw CLI::ValidationError("FILE", "an EPS document holds one drawing");
+            throw CLI::ValidationError("FILE", "an EPS document holds one page");
         }
     } catch (const CLI::ParseError& error) {
         exitCode = app.exit(error) == 0 ? 0 : UsageError;

@@ -28,7 +28,7 @@ struct Options {
     std::optional<double> width; ///< of each drawing, points
     std::optional<double> height;
     double zoom = 1;
-    double dpi = 96;
+    double dpi = 96; ///< of drawings, and of pictures that state none
     std::optional<Rgb> background;
     unsigned long level = 2;
     QsdPSColorModel color = QsdPSRGB;
@@ -36,9 +36,9 @@ struct Options {
     QsEncoding encoding = QsEncodingLatin1;
     std::string fontMap; ///< empty: none
     bool strict = false;
-    bool quiet = false;
+    bool quiet = false; ///< neither warnings nor progress
     bool verbose = false;
-    bool progress = false;
+    bool progress = false; ///< at once, not only in long runs
 };
 
 /// Reads the command line. Returns nothing when the run is over already (help, version, or a mistake, which is told on

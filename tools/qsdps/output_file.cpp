@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <streambuf>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -42,6 +43,22 @@ mode_t newFileMode()
     const mode_t mask = umask(0);
     umask(mask);
     return 0666 & ~mask;
+}
+
+/// Follows symbolic links to the name of what they stand for, which need not be there yet. Links that go round are left
+/// to the system to complain about.
+std::string linkTarget(std::string name)
+{
+    constexpr int MostLinks = 40; // as the system has it
+    for (int i = 0; i < MostLinks; ++i) {
+        std::error_code error;
+        const std::filesystem::path target = std::filesystem::read_symlink(name, error);
+        if (error) {
+            break;
+        }
+        name = (std::filesystem::path(name).parent_path() / target).string();
+    }
+    return name;
 }
 
 } // namespace
@@ -119,10 +136,15 @@ bool OutputFile::open(std::string& error)
     if (_name != "-") {
         struct stat status {};
         const bool exists = stat(_name.c_str(), &status) == 0;
+        if (!exists && errno == ELOOP) {
+            error = std::strerror(errno);
+            return false;
+        }
         if (exists && !S_ISREG(status.st_mode)) {
             descriptor = ::open(_name.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
         } else {
-            _temporary = _name + ".XXXXXX";
+            _final = linkTarget(_name);
+            _temporary = _final + ".XXXXXX";
             descriptor = mkostemp(_temporary.data(), O_CLOEXEC);
             if (descriptor < 0) {
                 _temporary.clear();
@@ -148,7 +170,7 @@ bool OutputFile::commit(std::string& error)
         error = std::strerror(_buffer->error());
         return false;
     }
-    if (!_temporary.empty() && std::rename(_temporary.c_str(), _name.c_str()) != 0) {
+    if (!_temporary.empty() && std::rename(_temporary.c_str(), _final.c_str()) != 0) {
         error = std::strerror(errno);
         return false;
     }

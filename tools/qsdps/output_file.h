@@ -8,8 +8,9 @@
 namespace qsdps {
 
 /// Receives a document under a temporary name in the folder of its final one, which it gets when it is complete, so
-/// that a run that fails leaves nothing behind and an existing file as it was. "-" is standard output; a device or a
-/// pipe is written to directly. The stream keeps flushes to itself and writes in large blocks.
+/// that a run that fails leaves nothing behind and an existing file as it was. A symbolic link stays one: the file that
+/// it stands for is written. "-" is standard output; a device or a pipe is written to directly. The stream keeps
+/// flushes to itself and writes in large blocks.
 class OutputFile {
 public:
     explicit OutputFile(std::string name);
@@ -31,6 +32,7 @@ private:
     void discard();
 
     std::string _name;
+    std::string _final;     ///< the name of the complete file; the same but for links
     std::string _temporary; ///< empty: written to directly
     std::unique_ptr<Buffer> _buffer;
     std::unique_ptr<std::ostream> _stream;
