@@ -75,12 +75,15 @@ bool endsWith(const std::string& text, const std::string& end)
 std::optional<Options> parseOptions(int argc, const char* const* argv, int& exitCode)
 {
     Options options;
-    CLI::App app("Turns SVG drawings and PNG, JPEG and PNM pictures into PostScript. Several of them become the pages of one "
-                 "document.", "qsdps");
+    CLI::App app(
+        "Turns SVG drawings and PNG, JPEG and PNM pictures into PostScript. Several of them become the pages of one "
+        "document.",
+        "qsdps");
     app.set_help_flag("-?,--help", "Print this help and exit");
     app.set_version_flag("--version", std::string("qsdps ") + QsdGetVersionString());
-    app.footer("Lengths take mm, cm, in, pt, pc and px. Pictures have at most 1,000,000 pixels a side and 1,000 million in "
-               "all; interlaced and progressive ones 100 million. Exit status: 0 done, 1 some file failed, 2 wrong usage.");
+    app.footer(
+        "Lengths take mm, cm, in, pt, pc and px. Pictures have at most 1,000,000 pixels a side and 1,000 million in "
+        "all; interlaced and progressive ones 100 million. Exit status: 0 done, 1 some file failed, 2 wrong usage.");
 
     app.add_option("FILE", options.inputs, "SVG (gzipped or not), PNG, JPEG or PNM files; - or none: standard input");
     app.add_option("-o,--output", options.output, "Where the document goes; - (the default): standard output")
@@ -117,7 +120,8 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
                    "Height of each drawing, bare numbers in px")
         ->type_name("LENGTH");
     app.add_option("-z,--zoom", options.zoom, "Enlarge each drawing by this factor")->check(CLI::Range(1e-4, 1e4));
-    app.add_option("-d,--dpi", options.dpi, "Pixels in an inch of drawings, and of pictures that do not state it (96)")->check(CLI::Range(1.0, 1e5));
+    app.add_option("-d,--dpi", options.dpi, "Pixels in an inch of drawings, and of pictures that do not state it (96)")
+        ->check(CLI::Range(1.0, 1e5));
     app.add_option("-b,--background", storing(parseColor, options.background), "Colour of the paper: #rrggbb or a name")
         ->type_name("COLOR");
     app.add_option("--level", options.level, "PostScript language level: 1 or 2 (the default)")
