@@ -1,5 +1,5 @@
-// A document that shows each operation of the port, with its name below it: showcase FILE [LEVEL]
-#include "ps/QsdPSDevice.h"
+// A document that shows each operation of the port, with its name below it: showcase FILE [LEVEL [classic]]
+#include "ps/QsdPSPrintDevice.h"
 #include "toolkit/graphics/QsdRGBBitmapData.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"
 #include "toolkit/port/QsdBitmap.h"
@@ -8,6 +8,7 @@
 #include <functional>
 #include <iostream>
 #include <memory>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -313,11 +314,13 @@ void Showcase::bitmaps()
 int main(int argc, char** argv)
 {
     if (argc < 2) {
-        std::cerr << "usage: showcase FILE [LEVEL]\n";
+        std::cerr << "usage: showcase FILE [LEVEL [classic]]\n";
         return 2;
     }
     QsdMemoryDisplay display;
-    QsdPSDevice device(&display, QsdPSRGB);
+    QsdPSDevice classic(&display, QsdPSRGB);
+    QsdPSPrintDevice print(&display, QsdPSRGB);
+    QsdPSDevice& device = argc > 3 && std::string_view(argv[3]) == "classic" ? classic : print;
     if (argc > 2) {
         device.setPostScriptLevel(std::strtoul(argv[2], nullptr, 10));
     }

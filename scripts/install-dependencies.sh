@@ -6,7 +6,7 @@ packages="g++ cmake ninja-build pkg-config libpugixml-dev zlib1g-dev libagg-dev 
 for task in "$@"; do
     case $task in
     run) packages="$packages ghostscript" ;;
-    test) packages="$packages ghostscript libgtest-dev imagemagick xvfb x11-apps xfonts-base xfonts-75dpi" ;;
+    test) packages="$packages ghostscript libgtest-dev imagemagick psutils poppler-utils cups-filters cups epstool xvfb x11-apps xfonts-base xfonts-75dpi" ;;
     bench) packages="$packages libbenchmark-dev libcairo2-dev" ;;
     lint) packages="$packages clang-format-14 clang-tidy-14" ;;
     *) echo "$0: unknown task $task" >&2; exit 2 ;;

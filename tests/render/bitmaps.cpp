@@ -1,8 +1,8 @@
 // Draws every way to draw a bitmap on one page, or looks at the pixels of that page:
-// bitmaps draw|compare LEVEL rgb|grey DEPTH FILE; bitmaps size tells width and height of the page.
+// bitmaps draw|compare classic|print LEVEL rgb|grey DEPTH FILE; bitmaps size tells width and height of the page.
 #include "expected_picture.h"
 #include "page_pixels.h"
-#include "ps/QsdPSDevice.h"
+#include "render_device.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"
 
 #include <cstdlib>
@@ -21,21 +21,22 @@ QsdPoint originOf(std::size_t number)
     return {cell % CellColumns * CellSide, cell / CellColumns * CellSide};
 }
 
-bool draw(const std::vector<Form>& forms, unsigned long level, bool grey, unsigned short depth, const char* file)
+bool draw(const std::vector<Form>& forms, const std::string& kind, unsigned long level, bool grey, unsigned short depth,
+          const char* file)
 {
     QsdMemoryDisplay display(depth);
-    QsdPSDevice device(&display, grey ? QsdPSGrey : QsdPSRGB);
+    const std::unique_ptr<QsdPSDevice> device = makeDevice(kind, display, grey ? QsdPSGrey : QsdPSRGB);
     const auto width = static_cast<unsigned long>(CellColumns) * CellSide;
     const auto height = static_cast<unsigned long>(rowsOf(forms)) * CellSide;
-    device.setPaperWidth(width);
-    device.setPaperHeight(height);
-    device.setPostScriptLevel(level);
-    if (!device.initDevice(file, nullptr)) {
+    device->setPaperWidth(width);
+    device->setPaperHeight(height);
+    device->setPostScriptLevel(level);
+    if (!device->initDevice(file, nullptr)) {
         return false;
     }
     const auto palette = QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display));
     palette->setForeground(colorOf(Ground).get());
-    device.fillRectangle(palette.get(), {0, 0, static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height)});
+    device->fillRectangle(palette.get(), {0, 0, static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height)});
     palette->setForeground(colorOf(Foreground).get());
     palette->setBackground(colorOf(Background).get());
     const SourcePixels pixels(depth);
@@ -49,10 +50,10 @@ bool draw(const std::vector<Form>& forms, unsigned long level, bool grey, unsign
             clip.translate(originOf(i).x, originOf(i).y);
         }
         palette->setClipRegion(clip);
-        forms[i].draw({device, display, pixels, *palette, originOf(i)}, forms[i]);
+        forms[i].draw({*device, display, pixels, *palette, originOf(i)}, forms[i]);
     }
-    device.end();
-    return !device.writeFailed();
+    device->end();
+    return !device->writeFailed();
 }
 
 /// Whether the cell looks as it should; if not, tells how.
@@ -94,18 +95,26 @@ bool compare(const std::vector<Form>& forms, bool grey, unsigned short depth, co
 
 int main(int count, char** argv)
 {
-    const std::vector<Form> forms = bitmapForms();
+    std::vector<Form> forms = bitmapForms();
     const std::string what = count > 1 ? argv[1] : "";
     if (what == "size") {
         std::cout << CellColumns * CellSide << "x" << rowsOf(forms) * CellSide << "\n";
         return 0;
     }
-    if (count != 6) {
+    if (count != 7) {
         return 2;
     }
-    const unsigned long level = std::strtoul(argv[2], nullptr, 10);
-    const bool grey = std::string(argv[3]) == "grey";
-    const auto depth = static_cast<unsigned short>(std::strtoul(argv[4], nullptr, 10));
-    const bool good = what == "draw" ? draw(forms, level, grey, depth, argv[5]) : compare(forms, grey, depth, argv[5]);
+    const std::string kind = argv[2];
+    const unsigned long level = std::strtoul(argv[3], nullptr, 10);
+    const bool grey = std::string(argv[4]) == "grey";
+    const auto depth = static_cast<unsigned short>(std::strtoul(argv[5], nullptr, 10));
+    if (kind == "print") {
+        // That a masked bitmap comes out low is of the other device alone.
+        for (Form& form : forms) {
+            form.rowsLow = 0;
+        }
+    }
+    const bool good =
+        what == "draw" ? draw(forms, kind, level, grey, depth, argv[6]) : compare(forms, grey, depth, argv[6]);
     return good ? 0 : 1;
 }

@@ -11,21 +11,25 @@ fail() {
     exit 1
 }
 
-for kind in "1 rgb" "2 rgb" "1 grey" "2 grey"; do
+for kind in "1 rgb classic" "2 rgb classic" "1 grey classic" "2 grey classic" \
+    "1 rgb print" "2 rgb print" "3 rgb print" "1 grey print" "2 grey print" "3 grey print"; do
     name=$(echo "$kind" | tr ' ' '-')
-    # Level and model are two words.
+    # Level, model and device are three words.
     # shellcheck disable=SC2086
     "$draw" "$name.ps" $kind
     messages=$(gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=ppmraw -r72 -g400x120 -sOutputFile="$name-%d.ppm" "$name.ps" 2>&1)
     [ -z "$messages" ] || fail "$name: $messages"
     cmp "$name-1.ppm" "$name-2.ppm" || fail "$name: the second page differs"
 done
-cmp 1-rgb-1.ppm 2-rgb-1.ppm || fail "the levels differ in colour"
-cmp 1-grey-1.ppm 2-grey-1.ppm || fail "the levels differ in grey"
+for model in rgb grey; do
+    for other in 1-$model-classic 1-$model-print 2-$model-print 3-$model-print; do
+        cmp $other-1.ppm 2-$model-classic-1.ppm || fail "$other differs"
+    done
+done
 
 # Every pixel as a line of text: "column,row: (red,green,blue)".
 for model in rgb grey; do
-    convert "2-$model-1.ppm" -type TrueColor -depth 8 -compress none ppm:- | awk '
+    convert "2-$model-classic-1.ppm" -type TrueColor -depth 8 -compress none ppm:- | awk '
         NR == 1 || /^#/ { next }
         !width { width = $1; getline; next }
         { for (i = 1; i <= NF; i++) { value[n++ % 3] = $i; if (n % 3 == 0) {

@@ -1,5 +1,6 @@
 // Draws the operations of the port at known places, for a test that looks at the pixels: draw FILE LEVEL rgb|grey
-#include "ps/QsdPSDevice.h"
+// classic|print
+#include "render_device.h"
 #include "toolkit/graphics/QsdRGBBitmapData.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"
 #include "toolkit/port/QsdBitmap.h"
@@ -118,23 +119,24 @@ void drawBitmaps(const QsdPort& port, QsdPalette& palette, QsdDisplay& display)
 int main(int, char** argv)
 {
     QsdMemoryDisplay display;
-    QsdPSDevice device(&display, std::string(argv[3]) == "grey" ? QsdPSGrey : QsdPSRGB);
-    device.setPaperWidth(400);
-    device.setPaperHeight(120);
-    device.setPostScriptLevel(std::strtoul(argv[2], nullptr, 10));
-    if (!device.initDevice(argv[1], nullptr)) {
+    const std::unique_ptr<QsdPSDevice> device =
+        makeDevice(argv[4], display, std::string(argv[3]) == "grey" ? QsdPSGrey : QsdPSRGB);
+    device->setPaperWidth(400);
+    device->setPaperHeight(120);
+    device->setPostScriptLevel(std::strtoul(argv[2], nullptr, 10));
+    if (!device->initDevice(argv[1], nullptr)) {
         return 1;
     }
     const auto palette = QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display));
     for (int page = 0; page < 2; ++page) {
         if (page != 0) {
-            device.newPage();
+            device->newPage();
         }
-        drawLines(device, *palette);
-        fillAreas(device, *palette);
-        drawBitmaps(device, *palette, display);
+        drawLines(*device, *palette);
+        fillAreas(*device, *palette);
+        drawBitmaps(*device, *palette, display);
         palette->setBackground(nullptr);
     }
-    device.end();
-    return device.writeFailed() ? 1 : 0;
+    device->end();
+    return device->writeFailed() ? 1 : 0;
 }

@@ -1,9 +1,9 @@
 // Fills a rectangle with each kind of pattern, each on a page of its own, and looks at the pixels:
-// patterns list; patterns draw|compare NUMBER FILE. The list has a line for each page: its number, what
-// the interpreter does (paint, or the error it stops with, or "nothing" where it takes the rest of the document for
-// samples and shows no page), and its kind.
+// patterns list classic|print|screen; patterns draw|compare classic|print|screen NUMBER FILE. The list has a line for
+// each page: its number, what the interpreter does (paint, or the error it stops with, or "nothing" where it takes the
+// rest of the document for samples and shows no page), and its kind.
 #include "page_pixels.h"
-#include "ps/QsdPSDevice.h"
+#include "render_device.h"
 #include "toolkit/graphics/QsdRGBBitmapData.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"
 
@@ -24,7 +24,8 @@ constexpr unsigned char TileBits[] = {0xB2, 0x80, 0x01, 0x00, 0x7C, 0x80, 0x40, 
 /// How tiles lie. Either way they begin at the left end of the filled path's box and end at its bottom.
 enum class Lie {
     Upright,
-    Mirrored ///< in x, and a row further up
+    Mirrored, ///< in x, and a row further up
+    Screen    ///< upright, from the page's top left corner
 };
 
 /// One kind of page.
@@ -65,10 +66,30 @@ struct Page {
     unsigned short depth;
 };
 
-std::vector<Page> pages()
+/// The device for printing paints where the other does, and everything that the other fails at, at all levels.
+std::vector<Form> formsOf(const std::string& kind)
+{
+    std::vector<Form> forms = Forms;
+    if (kind == "classic") {
+        return forms;
+    }
+    for (const Form& form : Forms) {
+        if (form.level == 2) {
+            forms.push_back(form);
+            forms.back().level = 3;
+        }
+    }
+    for (Form& form : forms) {
+        form.outcome = Paint;
+        form.lie = kind == "screen" ? Lie::Screen : form.lie;
+    }
+    return forms;
+}
+
+std::vector<Page> pages(const std::vector<Form>& forms)
 {
     std::vector<Page> all;
-    for (const Form& form : Forms) {
+    for (const Form& form : forms) {
         for (const unsigned short depth : form.depths) {
             all.push_back({&form, depth});
         }
@@ -91,15 +112,15 @@ QsdRGB tileColor(int x, int y, unsigned short depth)
     return {component(x), component(y), component(x / 6 + 2 * y)};
 }
 
-bool draw(const Page& page, const char* file)
+bool draw(const Page& page, const std::string& kind, const char* file)
 {
     const Form& form = *page.form;
     QsdMemoryDisplay display(page.depth);
-    QsdPSDevice device(&display, form.grey ? QsdPSGrey : QsdPSRGB);
-    device.setPaperWidth(Side);
-    device.setPaperHeight(Side);
-    device.setPostScriptLevel(form.level);
-    if (!device.initDevice(file, nullptr)) {
+    const std::unique_ptr<QsdPSDevice> device = makeDevice(kind, display, form.grey ? QsdPSGrey : QsdPSRGB);
+    device->setPaperWidth(Side);
+    device->setPaperHeight(Side);
+    device->setPostScriptLevel(form.level);
+    if (!device->initDevice(file, nullptr)) {
         return false;
     }
     QsdRGBBitmapData colors(TileWidth, TileHeight);
@@ -110,15 +131,15 @@ bool draw(const Page& page, const char* file)
     }
     const auto palette = QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display));
     palette->setForeground(colorOf(Ground).get());
-    device.fillRectangle(palette.get(), {0, 0, Side, Side});
+    device->fillRectangle(palette.get(), {0, 0, Side, Side});
     palette->setForeground(colorOf(Foreground).get());
     palette->setBackground(colorOf(Background).get());
     palette->setPattern(QsdHandle<QsdPattern>::Adopt(new QsdPattern(TileWidth, TileHeight, TileBits)).get());
     palette->setColorPattern(QsdHandle<QsdColorPattern>::Adopt(display.createColorPattern(colors)).get());
     palette->setFillStyle(form.style);
-    device.fillRectangle(palette.get(), Filled);
-    device.end();
-    return !device.writeFailed();
+    device->fillRectangle(palette.get(), Filled);
+    device->end();
+    return !device->writeFailed();
 }
 
 QsdRGB expectedColor(const Page& page, int x, int y)
@@ -126,11 +147,12 @@ QsdRGB expectedColor(const Page& page, int x, int y)
     if (!Filled.contains({x, y})) {
         return Ground;
     }
+    const bool screen = page.form->lie == Lie::Screen;
     const bool mirrored = page.form->lie == Lie::Mirrored;
     const int column = (x - Filled.x) % TileWidth;
     const int up = static_cast<int>(Filled.bottom()) - 1 - y + (mirrored ? TileHeight - 1 : 0);
-    const int tileX = mirrored ? TileWidth - 1 - column : column;
-    const int tileY = TileHeight - 1 - up % TileHeight;
+    const int tileX = screen ? x % TileWidth : mirrored ? TileWidth - 1 - column : column;
+    const int tileY = screen ? y % TileHeight : TileHeight - 1 - up % TileHeight;
     if (page.form->style == QsdFillColorPattern) {
         return tileColor(tileX, tileY, page.depth);
     }
@@ -161,8 +183,10 @@ bool compare(const Page& page, const char* file)
 
 int main(int count, char** argv)
 {
-    const std::vector<Page> all = pages();
     const std::string what = count > 1 ? argv[1] : "";
+    const std::string kind = count > 2 ? argv[2] : "";
+    const std::vector<Form> forms = formsOf(kind);
+    const std::vector<Page> all = pages(forms);
     if (what == "list") {
         for (std::size_t i = 0; i < all.size(); ++i) {
             const Form& form = *all[i].form;
@@ -171,9 +195,9 @@ int main(int count, char** argv)
         }
         return 0;
     }
-    const std::size_t number = count == 4 ? std::strtoul(argv[2], nullptr, 10) : all.size();
+    const std::size_t number = count == 5 ? std::strtoul(argv[3], nullptr, 10) : all.size();
     if (number >= all.size()) {
         return 2;
     }
-    return (what == "draw" ? draw(all[number], argv[3]) : compare(all[number], argv[3])) ? 0 : 1;
+    return (what == "draw" ? draw(all[number], kind, argv[4]) : compare(all[number], argv[4])) ? 0 : 1;
 }

@@ -1,0 +1,90 @@
+#include "ps/QsdPSPrintDocument_p.h"
+
+#include <cmath>
+
+QsdPSExtent QsdPSExtentOf(const QsdTransformer& t, double x1, double y1, double x2, double y2)
+{
+    QsdPSExtent extent;
+    for (const double x : {x1, x2}) {
+        for (const double y : {y1, y2}) {
+            double px = x;
+            double py = y;
+            t.transform(px, py);
+            extent.add(px, py);
+        }
+    }
+    return extent;
+}
+
+std::array<std::int32_t, 4> QsdPSBoxOf(const QsdPSExtent& extent)
+{
+    if (extent.isEmpty()) {
+        return {};
+    }
+    return {static_cast<std::int32_t>(std::floor(extent.left)), static_cast<std::int32_t>(std::floor(extent.bottom)),
+            static_cast<std::int32_t>(std::ceil(extent.right)), static_cast<std::int32_t>(std::ceil(extent.top))};
+}
+
+void QsdPSPrintDocument::begin(std::ostream* newOutput, const QsdRect* box, const QsdTransformer& newPage)
+{
+    output = newOutput;
+    bbox = box == nullptr ? std::nullopt : std::optional<QsdRect>(*box);
+    resources.reset();
+    pageTexts.reset();
+    pages.clear();
+    fontSets.clear();
+    _fontSetNumbers.clear();
+    page = newPage;
+    use = QsdPSUse::Everything;
+    zoomableLineWidths = true;
+    sevenBits = true;
+    initialClip = QsdPSPageClip();
+    if (box != nullptr) {
+        initialClip.region = QsdRegion(*box);
+    }
+    clip = QsdPSPageClip();
+    lastPattern = QsdHandle<const QsdResource>();
+}
+
+QsdTransformer QsdPSPrintDocument::toPage() const
+{
+    QsdTransformer t = inForce.transformer;
+    t.compose(page);
+    return t;
+}
+
+// A stream may be told to throw when it fails; it stays failed and says so when the document ends.
+void QsdPSPrintDocument::copy(QsdPSSpool& spool, std::uint64_t begin, std::uint64_t end)
+{
+    try {
+        spool.copyTo(*output, begin, end);
+    } catch (...) {
+        return;
+    }
+}
+
+// What lies off the paper is not on the page.
+void QsdPSPrintDocument::endPage()
+{
+    QsdPSPageRecord record;
+    record.end = pageTexts.size();
+    record.box = QsdPSBoxOf(pageExtent);
+    const auto [place, inserted] = _fontSetNumbers.emplace(inForce.fonts, static_cast<std::uint32_t>(fontSets.size()));
+    if (inserted) {
+        fontSets.push_back(inForce.fonts);
+    }
+    record.fonts = place->second;
+    pages.push_back(record);
+}
+
+QsdPSExtent QsdPSPrintDocument::extent() const
+{
+    QsdPSExtent all;
+    for (const QsdPSPageRecord& record : pages) {
+        QsdPSExtent one;
+        one.add(record.box[0], record.box[1]);
+        one.add(record.box[2], record.box[3]);
+        all.add(one);
+    }
+    return all;
+}

@@ -1,0 +1,350 @@
+// Bitmaps. The samples are read from the display and written some rows at a time, in the smallest form that shows the
+// same colours. The space of the images is that of the pixels: an image whose first pixel is at x, y has the matrix
+// [1 0 0 1 -x -y].
+#include "ps/QsdPSPrintDevice.h"
+
+#include "ps/QsdPSBackground_p.h"
+#include "ps/QsdPSClassicNumbers_p.h"
+#include "ps/QsdPSClipRestorer_p.h"
+#include "ps/QsdPSImageFormat_p.h"
+#include "ps/QsdPSImageSource_p.h"
+#include "ps/QsdPSPixels_p.h"
+#include "ps/QsdPSPrintOperation_p.h"
+#include "ps/QsdPSSamples_p.h"
+#include "ps/QsdPSWriter_p.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+/// Strings of an interpreter hold so many bytes.
+constexpr std::size_t MaxString = 65535;
+
+/// Calls use(rows, first, count) for the pixels of `rect`, so many rows at a time as are worth reading at once.
+template <class Use>
+void forEachBand(const QsdDisplay& display, const QsdSystemPort* source, const QsdRect& rect, Use use)
+{
+    constexpr std::uint32_t BandPixels = 64 * 1024;
+    const std::uint32_t band = std::max<std::uint32_t>(1, BandPixels / std::max<std::uint32_t>(1, rect.width));
+    for (std::uint32_t first = 0; first < rect.height;) {
+        const std::uint32_t count = std::min(band, rect.height - first);
+        const auto y = static_cast<std::int32_t>(rect.y + std::int64_t{first});
+        use(QsdPixelRows(display, source, {rect.x, y, rect.width, count}), first, count);
+        first += count;
+    }
+}
+
+/// Rows of colour pixels, converted one by one.
+class ColorRows {
+public:
+    ColorRows(const QsdDisplay& display, std::uint32_t width, bool inColor)
+        : _converter(display, display.screenDepth(), inColor), _width(width), _pixels(_converter.sourceBytes(width)),
+          _samples(std::size_t{width} * _converter.components())
+    {
+    }
+
+    [[nodiscard]] unsigned components() const { return _converter.components(); }
+    [[nodiscard]] std::size_t size() const { return _samples.size(); }
+    /// The samples of a row, valid until the next call.
+    [[nodiscard]] const unsigned char* read(const QsdPixelRows& rows, std::uint32_t r)
+    {
+        rows.copyRow(r, _pixels.size(), _pixels.data());
+        _converter.convert(_pixels.data(), _width, _samples.data());
+        return _samples.data();
+    }
+
+private:
+    QsdPSSamples _converter;
+    std::uint32_t _width;
+    std::vector<unsigned char> _pixels;
+    std::vector<unsigned char> _samples;
+};
+
+/// The greatest string, of a whole number of which a row of `rowBytes` consists.
+std::size_t stringSize(std::size_t rowBytes)
+{
+    std::size_t parts = (rowBytes + MaxString - 1) / MaxString;
+    while (rowBytes % parts != 0) {
+        ++parts;
+    }
+    return rowBytes / parts;
+}
+
+void writePlace(QsdPSWriter& out, const QsdPoint& at)
+{
+    out << "[1 0 0 1 " << -std::int64_t{at.x} << QsdSpc() << -std::int64_t{at.y} << "]";
+}
+
+bool isEmpty(const QsdRect& rect)
+{
+    return rect.width == 0 || rect.height == 0;
+}
+
+void writeHexColor(QsdPSWriter& out, std::uint32_t color)
+{
+    constexpr char Digits[] = "0123456789abcdef";
+    char text[6];
+    for (unsigned i = 0; i < sizeof text; ++i) {
+        text[i] = Digits[(color >> (20 - 4 * i)) & 0xF];
+    }
+    out << std::string_view(text, sizeof text);
+}
+
+/// Writes the number of the last colour and the table.
+void writeColorTable(QsdPSWriter& out, const QsdPSImageFormat& format)
+{
+    constexpr std::size_t PerLine = 12;
+    out << format.colors().size() - 1 << "<";
+    std::size_t written = 0;
+    for (const std::uint32_t color : format.colors()) {
+        if (written != 0 && written % PerLine == 0) {
+            out << EOL;
+        }
+        writeHexColor(out, color);
+        ++written;
+    }
+    out << ">";
+}
+
+} // namespace
+
+void QsdPSPrintDevice::drawBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
+                                  const QsdPoint& at) const
+{
+    writeBitmap(palette, source, rect, at, false);
+}
+
+void QsdPSPrintDevice::drawTransparentBitmap(const QsdPalette* palette, const QsdSystemPort* source,
+                                             const QsdRect& rect, const QsdPoint& at) const
+{
+    writeBitmap(palette, source, rect, at, true);
+}
+
+void QsdPSPrintDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
+                                     const QsdTransformer& t, const QsdRect* clip) const
+{
+    writeStretched(palette, at, bitmap, t, clip, false);
+}
+
+void QsdPSPrintDevice::stretchTransparentBitmap(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
+                                                const QsdTransformer& t, const QsdRect* clip) const
+{
+    writeStretched(palette, at, bitmap, t, clip, true);
+}
+
+void QsdPSPrintDevice::writeBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
+                                   const QsdPoint& at, bool transparent) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    setCurrentPalette(palette);
+    if (source == nullptr || isEmpty(rect) || stream() == nullptr) {
+        return;
+    }
+    reach(at.x, at.y, static_cast<double>(at.x) + rect.width, static_cast<double>(at.y) + rect.height, 0);
+    if (source->depth() == 1) {
+        writeBits(palette, source, rect, at, !transparent);
+    } else if (!transparent) {
+        writeColors(palette, source, rect, at);
+    } else if (const QsdSystemPort* const mask = QsdPSMaskOf(source)) {
+        writeMasked(palette, source, mask, rect, at);
+    }
+}
+
+void QsdPSPrintDevice::writeStretched(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
+                                      const QsdTransformer& t, const QsdRect* clip, bool transparent) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    setCurrentPalette(palette);
+    if (bitmap == nullptr || stream() == nullptr) {
+        return;
+    }
+    const QsdRect area{0, 0, static_cast<std::uint32_t>(bitmap->width()), static_cast<std::uint32_t>(bitmap->height())};
+    const QsdSystemPort* const mask = QsdPSMaskOf(bitmap);
+    if (isEmpty(area) || (transparent && bitmap->depth() != 1 && mask == nullptr)) {
+        return;
+    }
+    const QsdPSClipRestorer restorer(*this, currentClip());
+    restrictClip(palette, clip);
+
+    double x11, x12, x21, x22, x0, y0;
+    t.getValues(x11, x12, x21, x22, x0, y0);
+    const QsdPSExtent extent =
+        QsdPSExtentOf(QsdTransformer(x11, x12, x21, x22, at.x, at.y), 0, 0, area.width, area.height);
+    reach(extent.left, extent.bottom, extent.right, extent.top, 0);
+    {
+        const QsdPSClassicNumbers classicNumbers;
+        QsdPSWriter(stream()) << "G[" << x11 << QsdSpc() << x21 << QsdSpc() << x12 << QsdSpc() << x22 << QsdSpc() << at
+                              << "]concat" << EOL;
+    }
+    if (bitmap->depth() == 1) {
+        writeBits(palette, bitmap, area, QsdPoint{}, !transparent);
+    } else if (!transparent) {
+        writeColors(palette, bitmap, area, QsdPoint{});
+    } else {
+        writeMasked(palette, bitmap, mask, area, QsdPoint{});
+    }
+    QsdPSWriter(stream()) << "g" << EOL;
+}
+
+void QsdPSPrintDevice::writeDataSource(QsdPSWriter& out) const
+{
+    if (readsHexadecimal()) {
+        out << "{hr}";
+    } else {
+        writeFilteredSource(out, getEncoder());
+    }
+}
+
+bool QsdPSPrintDevice::readsHexadecimal() const
+{
+    return _document->level == 1 || QsdPostScriptEncoder::GetFullDecoderString(getEncoder()).isEmpty();
+}
+
+void QsdPSPrintDevice::writeSourceString(QsdPSWriter& out, std::size_t rowBytes) const
+{
+    if (readsHexadecimal()) {
+        out << stringSize(rowBytes) << " hs ";
+    }
+}
+
+void QsdPSPrintDevice::writeBits(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
+                                 const QsdPoint& at, bool opaque) const
+{
+    QsdPostScriptEncoder* const encoder = getEncoder();
+    if (opaque) {
+        QsdPSWriter(stream()) << "G n " << rect.width << QsdSpc() << rect.height << QsdSpc() << at << " rect ";
+        setForeground(QsdPSBackground(palette).get());
+        QsdPSWriter(stream()) << "fill g" << EOL;
+    }
+    if (encoder == nullptr) {
+        return;
+    }
+    const std::size_t rowBytes = QsdPSBitRowBytes(rect.width);
+    {
+        QsdPSWriter out(stream());
+        writeSourceString(out, rowBytes);
+        out << rect.width << QsdSpc() << rect.height << " true";
+        writePlace(out, at);
+        writeDataSource(out);
+        out << " Im" << EOL;
+    }
+    std::vector<unsigned char> row(rowBytes);
+    encoder->startData();
+    forEachBand(*palette->display(), source, rect, [&](const QsdPixelRows& rows, std::uint32_t, std::uint32_t count) {
+        for (std::uint32_t r = 0; r < count; ++r) {
+            rows.copyRow(r, rowBytes, row.data());
+            encoder->putBytes(rowBytes, row.data());
+        }
+    });
+    encoder->endData();
+}
+
+void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
+                                   const QsdPoint& at) const
+{
+    QsdPostScriptEncoder* const encoder = getEncoder();
+    if (encoder == nullptr) {
+        return;
+    }
+    const QsdDisplay& display = *palette->display();
+    ColorRows colors(display, rect.width, inColor());
+    const auto forEachRow = [&](auto use) {
+        forEachBand(display, source, rect, [&](const QsdPixelRows& rows, std::uint32_t, std::uint32_t count) {
+            for (std::uint32_t r = 0; r < count; ++r) {
+                use(colors.read(rows, r));
+            }
+        });
+    };
+    QsdPSImageFormat format(colors.components());
+    forEachRow([&](const unsigned char* samples) { format.look(samples, rect.width); });
+    format.decide(rect.width, rect.height, _document->level != 1);
+
+    std::vector<unsigned char> packed(format.rowBytes(rect.width));
+    {
+        QsdPSWriter out(stream());
+        writeSourceString(out, packed.size());
+        out << rect.width << QsdSpc() << rect.height << QsdSpc() << format.bits();
+        writePlace(out, at);
+        if (format.kind() == QsdPSImageFormat::Indexed) {
+            writeColorTable(out, format);
+        }
+        writeDataSource(out);
+        constexpr const char* Operators[] = {" Ig", " I", " Ix"};
+        out << Operators[format.kind()] << EOL;
+    }
+    encoder->startData();
+    forEachRow([&](const unsigned char* samples) {
+        format.pack(samples, rect.width, packed.data());
+        encoder->putBytes(packed.size(), packed.data());
+    });
+    encoder->endData();
+}
+
+void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,
+                                   const QsdRect& rect, const QsdPoint& at) const
+{
+    if (_document->level < 3 || readsHexadecimal()) {
+        writeRuns(palette, source, mask, rect, at);
+        return;
+    }
+    QsdPostScriptEncoder* const encoder = getEncoder();
+    const QsdDisplay& display = *palette->display();
+    ColorRows colors(display, rect.width, inColor());
+    {
+        QsdPSWriter out(stream());
+        out << "G /Device" << (inColor() ? "RGB" : "Gray") << " setcolorspace " << rect.width << QsdSpc() << rect.height
+            << " 8";
+        writePlace(out, at);
+        out << colors.components();
+        writeDataSource(out);
+        out << " Ik" << EOL;
+    }
+    std::vector<unsigned char> bits(QsdPSBitRowBytes(rect.width));
+    encoder->startData();
+    forEachBand(display, source, rect, [&](const QsdPixelRows& rows, std::uint32_t first, std::uint32_t count) {
+        const QsdPixelRows maskRows(
+            display, mask, {rect.x, static_cast<std::int32_t>(rect.y + std::int64_t{first}), rect.width, count});
+        for (std::uint32_t r = 0; r < count; ++r) {
+            maskRows.copyRow(r, bits.size(), bits.data());
+            encoder->putBytes(bits.size(), bits.data());
+            encoder->putBytes(colors.size(), colors.read(rows, r));
+        }
+    });
+    encoder->endData();
+    QsdPSWriter(stream()) << "g" << EOL;
+}
+
+// Without masked images each run of pixels inside the mask is an image of its own.
+void QsdPSPrintDevice::writeRuns(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,
+                                 const QsdRect& rect, const QsdPoint& at) const
+{
+    QsdPostScriptEncoder* const encoder = getEncoder();
+    if (encoder == nullptr) {
+        return;
+    }
+    const QsdDisplay& display = *palette->display();
+    ColorRows colors(display, rect.width, inColor());
+    forEachBand(display, source, rect, [&](const QsdPixelRows& rows, std::uint32_t first, std::uint32_t count) {
+        const QsdPixelRows maskRows(
+            display, mask, {rect.x, static_cast<std::int32_t>(rect.y + std::int64_t{first}), rect.width, count});
+        for (std::uint32_t r = 0; r < count; ++r) {
+            const auto y = static_cast<std::int32_t>(std::int64_t{at.y} + first + r);
+            const unsigned char* const samples = colors.read(rows, r);
+            QsdForEachMaskRun(maskRows, r, rect.width, [&](unsigned long begin, unsigned long length, bool) {
+                const std::size_t size = length * colors.components();
+                {
+                    QsdPSWriter out(stream());
+                    writeSourceString(out, size);
+                    out << length << " 1 8";
+                    writePlace(out, {static_cast<std::int32_t>(static_cast<std::int64_t>(begin) + at.x), y});
+                    writeDataSource(out);
+                    out << (inColor() ? " I" : " Ig") << EOL;
+                }
+                encoder->startData();
+                encoder->putBytes(size, samples + begin * colors.components());
+                encoder->endData();
+            });
+        }
+    });
+}

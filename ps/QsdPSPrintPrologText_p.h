@@ -1,0 +1,69 @@
+// The text of the prolog of a QsdPSPrintDevice, besides the procedures that it shares with QsdPSDevice.
+#pragma once
+
+#include <string_view>
+
+// clang-format off
+
+/// Short names, points, clips and outlines. The rectangle operators are for interpreters that lack them; rc keeps a
+/// font only where one was set.
+inline constexpr std::string_view QsdPSPrintBasics = R"PS(/bd{bind def}bind def
+/sg/setgray load def
+/sr/setrgbcolor load def
+/rectclip where{pop}{/rectclip{4 -2 roll rect clip n}bd}ifelse
+/rectfill where{pop}{/rectfill{G n 4 -2 roll rect fill g}bd}ifelse
+/px{1 1 rectfill}bd
+/sf{scalefont setfont}bd
+/rc{currentrgbcolor currentlinewidth currentdash currentfont grestore
+dup/FontType known{setfont}{pop}ifelse setdash slw setrgbcolor}bd
+/enc{findfont dup length dict begin{1 index/FID ne{def}{pop pop}ifelse}forall
+/Encoding Encoding dup length array copy Latin1Encoding
+{aload pop 2 index 3 1 roll put}forall def currentdict end definefont def}bd
+)PS";
+
+/// Pattern fills. ft lays tiles as fillpat does, fo from the origin of the coordinates; both leave a path that encloses
+/// nothing alone. The samples of a pattern are an array of strings, which pn hands out in turn.
+inline constexpr std::string_view QsdPSPrintPatterns = R"PS(/pn{pi get/pi pi 1 add def}bd
+/ft{flattenpath{pathbbox}stopped{pop pop pop pop}
+{pop pop pop pop G 1 -1 scale fillpat g}ifelse n}bd
+/fo{flattenpath{pathbbox}stopped{pop pop pop pop n}
+{/ty exch def/tx exch def/by exch def/bx exch def G{eoclip}{clip}ifelse n
+/th exch def/tw exch def/tp exch def
+by th div floor th mul th ty{bx tw div floor tw mul tw tx
+{1 index G t 1 -1 scale tp g}for pop}for g n}ifelse}bd
+)PS";
+
+/// Image data at every level: rh reads a string of hexadecimal digits, hr the next samples of an image into st.
+inline constexpr std::string_view QsdPSPrintHexData = R"PS(/hs{/st exch string def}bd
+/hr{currentfile st readhexstring pop}bd
+/rh{string currentfile exch readhexstring pop}bd
+)PS";
+
+/// Images of level 1.
+inline constexpr std::string_view QsdPSPrintLevel1Images = R"PS(/I{false 3 colorimage}bd
+/Ig{image}bd
+/Im{imagemask}bd
+)PS";
+
+/// Images of the other levels. They read their data to its end mark, so that none of it is left for the interpreter.
+inline constexpr std::string_view QsdPSPrintImages = R"PS(/ff{dup type/filetype eq{flushfile}{pop}ifelse}bd
+/rs{dup 3 -1 roll readstring pop exch ff}bd
+/I{dup/qs exch def false 3 colorimage qs ff}bd
+/Ig{dup/qs exch def image qs ff}bd
+/Im{dup/qs exch def imagemask qs ff}bd
+/Ix{/qs exch def G[/Indexed/DeviceRGB 5 -2 roll]setcolorspace
+10 dict begin/ImageType 1 def/ImageMatrix exch def
+dup/BitsPerComponent exch def 1 exch bitshift 1 sub[exch 0 exch]/Decode exch def
+/Height exch def/Width exch def/DataSource qs def currentdict end image g qs ff}bd
+)PS";
+
+/// Masked images, whose data is a row of the mask and a row of samples in turn.
+inline constexpr std::string_view QsdPSPrintMaskedImages = R"PS(/Ik{/qs exch def/qn exch def/qm exch def/qb exch def/qh exch def/qw exch def
+<</ImageType 3/InterleaveType 2
+/DataDict<</ImageType 1/Width qw/Height qh/BitsPerComponent qb/ImageMatrix qm
+/Decode qn 0 eq{[0 1 qb bitshift 1 sub]}{[qn{0 1}repeat]}ifelse/DataSource qs>>
+/MaskDict<</ImageType 1/Width qw/Height qh/BitsPerComponent 1/ImageMatrix qm/Decode[1 0]>>
+>>image qs ff}bd
+)PS";
+
+// clang-format on

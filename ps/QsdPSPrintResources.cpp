@@ -1,0 +1,77 @@
+#include "ps/QsdPSPrintResources_p.h"
+
+#include <algorithm>
+
+bool QsdPSIsOwnComposite(std::string_view name, std::string_view& base)
+{
+    constexpr std::string_view Suffix = "-QSD-H";
+    if (name.size() <= Suffix.size() || name.substr(name.size() - Suffix.size()) != Suffix) {
+        return false;
+    }
+    base = name.substr(0, name.size() - Suffix.size());
+    return true;
+}
+
+std::string QsdPSCommentName(std::string_view name)
+{
+    std::string plain(name);
+    std::replace_if(
+        plain.begin(), plain.end(), [](char c) { return !QsdPSIsRegular(c); }, '_');
+    return plain;
+}
+
+void QsdPSPrintResources::reset()
+{
+    _fonts.clear();
+    _supplied.clear();
+    _patterns.clear();
+    _fontFiles.reset();
+    _patternDefinitions.reset();
+}
+
+unsigned QsdPSPrintResources::font(std::string_view name, bool multiByte)
+{
+    const auto same = [&](const Font& font) { return font.name == name && font.multiByte == multiByte; };
+    const auto found = std::find_if(_fonts.begin(), _fonts.end(), same);
+    if (found != _fonts.end()) {
+        return static_cast<unsigned>(found - _fonts.begin());
+    }
+    _fonts.push_back({std::string(name), multiByte});
+    return static_cast<unsigned>(_fonts.size() - 1);
+}
+
+void QsdPSPrintResources::supplyFont(std::string_view name)
+{
+    if (std::find(_supplied.begin(), _supplied.end(), name) == _supplied.end()) {
+        _supplied.emplace_back(name);
+    }
+}
+
+std::vector<std::string> QsdPSPrintResources::neededFonts() const
+{
+    std::vector<std::string> needed;
+    const auto add = [&](std::string name) {
+        if (std::find(_supplied.begin(), _supplied.end(), name) == _supplied.end() &&
+            std::find(needed.begin(), needed.end(), name) == needed.end()) {
+            needed.push_back(std::move(name));
+        }
+    };
+    for (const Font& font : _fonts) {
+        std::string_view base;
+        if (QsdPSIsOwnComposite(font.name, base)) {
+            add("Helvetica");
+            add(std::string(base) + "-H");
+            add(std::string(base) + ".Hankaku");
+        } else {
+            add(font.name);
+        }
+    }
+    return needed;
+}
+
+unsigned QsdPSPrintResources::pattern(const QsdPSPatternKey& key, bool& isNew)
+{
+    const auto [place, inserted] = _patterns.emplace(key, static_cast<unsigned>(_patterns.size() + 1));
+    isNew = inserted;
+    return place->second;
+}

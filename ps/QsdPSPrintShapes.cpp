@@ -1,0 +1,238 @@
+// Points, lines and areas: written as QsdPSDevice does, while the extent of the page grows with them.
+#include "ps/QsdPSPrintDevice.h"
+
+#include "ps/QsdPSPrintOperation_p.h"
+#include "ps/QsdPSWriter_p.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr unsigned PointsPerLine = 10;
+
+/// How far beyond its corner, in parts of half the line's width, the mitre of two lines reaches; a sharper one than the
+/// language's first limit is cut off.
+double miter(const QsdPoint& before, const QsdPoint& corner, const QsdPoint& after)
+{
+    constexpr double Limit = 10;
+    const double ax = static_cast<double>(before.x) - corner.x;
+    const double ay = static_cast<double>(before.y) - corner.y;
+    const double bx = static_cast<double>(after.x) - corner.x;
+    const double by = static_cast<double>(after.y) - corner.y;
+    const double lengths = std::hypot(ax, ay) * std::hypot(bx, by);
+    if (lengths == 0) {
+        return 1;
+    }
+    // Half the angle between them, from the cosine of the whole.
+    const double sine = std::sqrt(std::max(0.0, (1 - (ax * bx + ay * by) / lengths) / 2));
+    return sine * Limit < 1 ? 1 : 1 / sine;
+}
+
+} // namespace
+
+void QsdPSPrintDevice::drawPoint(const QsdPalette* palette, const QsdPoint& point) const
+{
+    drawPoints(palette, 1, &point);
+}
+
+void QsdPSPrintDevice::drawPoints(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const
+{
+    if (count == 0) {
+        return;
+    }
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    setCurrentPalette(palette);
+    QsdPSWriter out(stream());
+    for (unsigned long i = 0; i < count; ++i) {
+        reachRect({points[i].x, points[i].y, 1, 1}, 0);
+        out << points[i] << " px";
+        if ((i + 1) % PointsPerLine == 0 || i + 1 == count) {
+            out << EOL;
+        } else {
+            out << QsdSpc();
+        }
+    }
+}
+
+void QsdPSPrintDevice::drawLine(const QsdPalette* palette, const QsdPoint& from, const QsdPoint& to) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
+    reach(from.x, from.y, to.x, to.y, halfLineWidth(palette));
+    QsdPSDevice::drawLine(palette, from, to);
+}
+
+void QsdPSPrintDevice::drawSegments(const QsdPalette* palette, unsigned long count, const QsdPoint* starts,
+                                    const QsdPoint* ends) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
+    reachPoints(count, starts, halfLineWidth(palette));
+    reachPoints(count, ends, halfLineWidth(palette));
+    QsdPSDevice::drawSegments(palette, count, starts, ends);
+}
+
+void QsdPSPrintDevice::drawPolyLine(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
+    reachStroke(palette, count, points, false);
+    QsdPSDevice::drawPolyLine(palette, count, points);
+}
+
+void QsdPSPrintDevice::drawPolyLine(const QsdPalette* palette, const QsdPoint& origin, unsigned long count,
+                                    const QsdDeltaPoint* deltas) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
+    QsdPoint before = origin;
+    QsdPoint corner = origin;
+    for (unsigned long i = 0; i + 1 < count; ++i) {
+        const QsdPoint next = QsdPSStep(corner, deltas[i]);
+        reachPoints(1, &corner, halfLineWidth(palette) * miter(before, corner, next));
+        before = corner;
+        corner = next;
+    }
+    reachPoints(1, &corner, halfLineWidth(palette));
+    QsdPSDevice::drawPolyLine(palette, origin, count, deltas);
+}
+
+void QsdPSPrintDevice::fillPolyLine(const QsdPalette* palette, unsigned long count, const QsdPoint* points,
+                                    bool convex) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    reachPoints(count, points, 0);
+    QsdPSDevice::fillPolyLine(palette, count, points, convex);
+}
+
+void QsdPSPrintDevice::fillPolyLine(const QsdPalette* palette, const QsdPoint& origin, unsigned long count,
+                                    const QsdDeltaPoint* deltas, bool convex) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    QsdPoint corner = origin;
+    for (unsigned long i = 0; i < count; ++i) {
+        reachPoints(1, &corner, 0);
+        if (i + 1 < count) {
+            corner = QsdPSStep(corner, deltas[i]);
+        }
+    }
+    QsdPSDevice::fillPolyLine(palette, origin, count, deltas, convex);
+}
+
+// A path and its stroke, since the rectangle operators know nothing of the widths' mode.
+void QsdPSPrintDevice::drawRectangle(const QsdPalette* palette, const QsdRect& rect) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
+    setCurrentPalette(palette);
+    reachRect(rect, halfLineWidth(palette));
+    QsdPSWriter(stream()) << "n " << rect.width << QsdSpc() << rect.height << QsdSpc() << rect.x << QsdSpc() << rect.y
+                          << " rect s" << EOL;
+}
+
+void QsdPSPrintDevice::fillRectangle(const QsdPalette* palette, const QsdRect& rect) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    reachRect(rect, 0);
+    QsdPSDevice::fillRectangle(palette, rect);
+}
+
+void QsdPSPrintDevice::drawArc(const QsdPalette* palette, const QsdRect& rect, float start, float range) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
+    reachRect(rect, halfLineWidth(palette));
+    QsdPSDevice::drawArc(palette, rect, start, range);
+}
+
+void QsdPSPrintDevice::fillArc(const QsdPalette* palette, const QsdRect& rect, float start, float range) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    reachRect(rect, 0);
+    QsdPSDevice::fillArc(palette, rect, start, range);
+}
+
+void QsdPSPrintDevice::fillPaths(const QsdPalette* palette, unsigned long count, const QsdPointArray* arrays) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    for (unsigned long i = 0; i < count; ++i) {
+        if (arrays[i].count() > 1) {
+            reachPoints(arrays[i].count(), arrays[i].points(), 0);
+        }
+    }
+    QsdPSDevice::fillPaths(palette, count, arrays);
+}
+
+// A curve lies inside the polygon of its points.
+void QsdPSPrintDevice::drawBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
+    if (count > 1) {
+        reachStroke(palette, count, points, false);
+    }
+    QsdPSDevice::drawBezier(palette, count, points);
+}
+
+void QsdPSPrintDevice::drawClosedBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
+    if (count > 1) {
+        reachStroke(palette, count, points, true);
+    }
+    QsdPSDevice::drawClosedBezier(palette, count, points);
+}
+
+void QsdPSPrintDevice::fillBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    if (count > 2) {
+        reachPoints(count, points, 0);
+    }
+    QsdPSDevice::fillBezier(palette, count, points);
+}
+
+double QsdPSPrintDevice::halfLineWidth(const QsdPalette* palette) const
+{
+    return palette->lineWidth() == 0 ? 0.5 : palette->lineWidth() / 2.0;
+}
+
+void QsdPSPrintDevice::reachStroke(const QsdPalette* palette, unsigned long count, const QsdPoint* points,
+                                   bool closed) const
+{
+    const double half = halfLineWidth(palette);
+    for (unsigned long i = 0; i < count; ++i) {
+        const bool corner = closed || (i != 0 && i + 1 != count);
+        const double reached =
+            corner ? half * miter(points[(i + count - 1) % count], points[i], points[(i + 1) % count]) : half;
+        reachPoints(1, points + i, reached);
+    }
+}
+
+void QsdPSPrintDevice::reachPoints(unsigned long count, const QsdPoint* points, double margin) const
+{
+    if (count == 0) {
+        return;
+    }
+    QsdPSExtent extent;
+    for (unsigned long i = 0; i < count; ++i) {
+        extent.add(points[i].x, points[i].y);
+    }
+    reach(extent.left, extent.bottom, extent.right, extent.top, margin);
+}
+
+void QsdPSPrintDevice::reachRect(const QsdRect& rect, double margin) const
+{
+    reach(rect.x, rect.y, static_cast<double>(rect.x) + rect.width, static_cast<double>(rect.y) + rect.height, margin);
+}
+
+// A margin is one of lines when it is not 0: it grows with the drawing or is in points.
+void QsdPSPrintDevice::reach(double x1, double y1, double x2, double y2, double margin) const
+{
+    QsdPSPrintDocument& document = *_document;
+    const bool zoomed = document.zoomableLineWidths;
+    const double inner = zoomed ? margin : 0;
+    const double outer = zoomed ? 0 : margin;
+    QsdPSExtent extent = QsdPSExtentOf(document.toPage(), std::min(x1, x2) - inner, std::min(y1, y2) - inner,
+                                       std::max(x1, x2) + inner, std::max(y1, y2) + inner);
+    extent.left -= outer;
+    extent.bottom -= outer;
+    extent.right += outer;
+    extent.top += outer;
+    extent.limitTo(document.clipBox);
+    document.pageExtent.add(extent);
+}

@@ -1,0 +1,82 @@
+// Texts: written as QsdPSDevice does. How far they reach is what the toolkit's metrics say, which are those of the
+// printer's own fonts.
+#include "ps/QsdPSPrintDevice.h"
+
+#include "ps/QsdPSPrintOperation_p.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+/// Letters reach beyond their advances, italic ones most; in parts of the size.
+constexpr double Overhang = 0.15;
+
+struct TextBox {
+    double left;
+    double top;
+    double right;
+    double bottom;
+};
+
+/// The box of a text around its anchor, y downwards.
+TextBox boxOf(const QsdFont& font, const char* text, int length, QsdPosition position)
+{
+    const double scale = QsdPSDevice::_PSFontScale / 100.0;
+    const double size = std::max<double>(font.size(), font.ascent() + font.descent()) * scale;
+    const int count = length >= 0 || text == nullptr ? length : static_cast<int>(std::strlen(text));
+    // Each letter of an ordinary text begins at a whole unit, so it may lie off by half of one.
+    const double width = text == nullptr ? 0 : font.stringWidth(text, length) * scale + std::max(count, 0) * 0.5;
+    const double shift = position == QsdPositionRight ? width : position == QsdPositionCenter ? width / 2 : 0;
+    return {-shift - Overhang * size, -font.ascent() * scale - Overhang * size, width - shift + Overhang * size,
+            font.descent() * scale + Overhang * size};
+}
+
+} // namespace
+
+// Vertical texts take the same box, turned.
+void QsdPSPrintDevice::reachString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
+                                   QsdPosition position) const
+{
+    const QsdFont& font = *palette->font();
+    const TextBox box = boxOf(font, text, length, position);
+    if (font.getFamily() != nullptr && *font.getFamily() == '@') {
+        const double half = box.bottom - box.top;
+        reach(at.x - half, at.y + box.left - half, at.x + half, at.y + box.right + half, 0);
+    } else {
+        reach(at.x + box.left, at.y + box.top, at.x + box.right, at.y + box.bottom, 0);
+    }
+}
+
+void QsdPSPrintDevice::drawString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
+                                  QsdPosition position) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Text);
+    reachString(palette, at, text, length, position);
+    QsdPSDevice::drawString(palette, at, text, length, position);
+}
+
+void QsdPSPrintDevice::drawIString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
+                                   QsdPosition position) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Text);
+    reachString(palette, at, text, length, position);
+    QsdPSDevice::drawIString(palette, at, text, length, position);
+}
+
+void QsdPSPrintDevice::drawTransformedString(const QsdPalette* palette, const char* text, int length,
+                                             const QsdTransformer& t, const QsdRegion* clip) const
+{
+    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Text);
+    if (text != nullptr && length != 0 && *text != '\0') {
+        const QsdFont& font = *palette->font();
+        const TextBox box = boxOf(font, text, length, QsdPositionNone);
+        const double size = box.bottom - box.top;
+        const bool vertical = font.getFamily() != nullptr && *font.getFamily() == '@';
+        // The top of the text is at the origin of the transformer.
+        const QsdPSExtent extent = vertical ? QsdPSExtentOf(t, -size, box.left - size, size, box.right + size)
+                                            : QsdPSExtentOf(t, box.left, -Overhang * size, box.right, size);
+        reach(extent.left, extent.bottom, extent.right, extent.top, 0);
+    }
+    QsdPSDevice::drawTransformedString(palette, text, length, t, clip);
+}

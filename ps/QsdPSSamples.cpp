@@ -1,0 +1,41 @@
+#include "ps/QsdPSSamples_p.h"
+
+#include "ps/QsdPSGrey_p.h"
+#include "toolkit/port/QsdDisplay.h"
+
+#include <cstring>
+
+QsdPSSamples::QsdPSSamples(const QsdDisplay& display, unsigned long depth, bool inColor)
+    : _indexed(depth <= 8), _inColor(inColor)
+{
+    if (!_indexed) {
+        return;
+    }
+    constexpr std::size_t Indices = 256;
+    const QsdColorTable colors = display.colors();
+    for (std::size_t i = 0; i < Indices; ++i) {
+        const QsdRGB color = colors.color(i);
+        if (inColor) {
+            _table.insert(_table.end(), {color.red, color.green, color.blue});
+        } else {
+            _table.push_back(QsdPSGreyOf(color.red, color.green, color.blue));
+        }
+    }
+}
+
+void QsdPSSamples::convert(const unsigned char* pixels, std::size_t count, unsigned char* samples) const
+{
+    const unsigned size = components();
+    for (std::size_t i = 0; i < count; ++i, samples += size) {
+        if (_indexed) {
+            std::memcpy(samples, _table.data() + std::size_t{pixels[i]} * size, size);
+            continue;
+        }
+        const unsigned char* const pixel = pixels + 4 * i;
+        if (_inColor) {
+            std::memcpy(samples, pixel + 1, 3);
+        } else {
+            *samples = QsdPSGreyOf(pixel[1], pixel[2], pixel[3]);
+        }
+    }
+}
