@@ -229,6 +229,25 @@ TEST_F(FontTest, ATransformerMovesTurnsAndStretchesTexts)
     port->setTransformer({});
 }
 
+TEST_F(FontTest, LargerTextsAreDrawnInTheLargerFont)
+{
+    palette->setFont(fontOf("times", QsdFontItalic, 24).get());
+    palette->setClipRegion(QsdRegion({20, 0, 60, 100}));
+    setColors(*palette, Black, Red);
+    port->drawIString(palette.get(), {50, 60}, "Tq", -1, QsdPositionCenter);
+    port->drawTransformedString(palette.get(), "Tq", -1, QsdTransformer(1, 0, 0, 1, 30, 70), nullptr);
+    const std::vector<QsdRGB> expected = pixels();
+    EXPECT_GT(inkOf(*port, Black).count, 50);
+    port->clear(paletteOf(*display).get());
+    port->setTransformer(QsdTransformer(2, 0, 0, 2, 10, 20));
+    palette->setFont(fontOf("times", QsdFontItalic, 12).get());
+    palette->setClipRegion(QsdRegion({5, -10, 30, 50}));
+    port->drawIString(palette.get(), {20, 20}, "Tq", -1, QsdPositionCenter);
+    port->drawTransformedString(palette.get(), "Tq", -1, QsdTransformer(1, 0, 0, 1, 10, 25), nullptr);
+    port->setTransformer({});
+    EXPECT_EQ(pixels(), expected);
+}
+
 TEST_F(FontTest, TransformedTextsHangFromTheOrigin)
 {
     palette->setFont(fontOf("6x13", QsdFontByXName, 0).get());
@@ -262,7 +281,7 @@ TEST_F(FontTest, WithoutAFontTextsLookLikeThoseOfBitmaps)
     EXPECT_GT(inkOf(*port, Black).count, 100);
     EXPECT_GT(inkOf(*port, Red).count, 100);
     EXPECT_EQ(pixels(), colorsOf(bitmap, areaOf(bitmap)));
-    const QsdTransformer t(0.5, 0, 0, 0.5, 20, -60);
+    const QsdTransformer t(0.8, 0, 0, 0.8, 20, -60);
     port->drawTransformedString(palette.get(), "B", -1, t, nullptr);
     bitmap.drawTransformedString(palette.get(), "B", -1, t, nullptr);
     EXPECT_EQ(pixels(), colorsOf(bitmap, areaOf(bitmap)));

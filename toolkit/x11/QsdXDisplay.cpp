@@ -26,7 +26,8 @@ std::unique_ptr<QsdXDisplay> QsdXDisplay::Open(const char* name, const char* app
 
 QsdXDisplay::QsdXDisplay(std::shared_ptr<QsdXConnection> connection, const char* application)
     : _connection(std::move(connection)), _colors(std::make_unique<QsdXColors>(_connection)),
-      _fonts(std::make_unique<QsdXFontCache>(_connection))
+      _fonts(std::make_unique<QsdXFontCache>(_connection)),
+      _bitmaps(std::make_unique<QsdMemoryDisplay>(_colors->screenDepth()))
 {
     for (const auto& [name, value] : QsdXResources(*_connection, application)) {
         setResource(name.c_str(), value.c_str());
@@ -80,8 +81,7 @@ unsigned char* QsdXDisplay::getBitmapData(const QsdSystemPort* port, unsigned lo
         return nullptr;
     }
     if (port->isABitmap()) {
-        // Bitmaps are the same everywhere.
-        return QsdMemoryDisplay(screenDepth()).getBitmapData(port, size, rect);
+        return _bitmaps->getBitmapData(port, size, rect);
     }
     const auto* const drawable = dynamic_cast<const QsdXPort*>(port);
     if (drawable == nullptr || drawable->display() != this) {

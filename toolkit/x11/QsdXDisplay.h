@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+class QsdMemoryDisplay;
 class QsdXColors;
 class QsdXConnection;
 class QsdXFontCache;
@@ -86,5 +87,6 @@ private:
     std::shared_ptr<QsdXConnection> _connection;
     std::unique_ptr<QsdXColors> _colors;
     std::unique_ptr<QsdXFontCache> _fonts;
+    std::unique_ptr<QsdMemoryDisplay> _bitmaps; ///< which reads them like any display
     std::vector<QsdXWindow*> _windows;
 };

@@ -4,6 +4,7 @@
 #include "toolkit/x11/QsdXFont.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 #include <strings.h>
 
@@ -111,14 +112,16 @@ QsdXFontCache::Face QsdXFontCache::findByName(const std::string& names)
                       [&] { return several ? QsdXFace::Set(_connection, names) : QsdXFace::Font(_connection, names); });
 }
 
-QsdXFontCache::Face QsdXFontCache::faceOf(const QsdFont& font)
+QsdXFontCache::Face QsdXFontCache::faceOf(const QsdFont& font, double scale)
 {
-    if (const auto* const xFont = dynamic_cast<const QsdXFont*>(&font)) {
-        // A font of another server draws nothing here.
-        if (&xFont->face()->connection() == _connection.get()) {
-            return xFont->face();
-        }
+    const auto* const xFont = dynamic_cast<const QsdXFont*>(&font);
+    // A font of another server draws nothing here.
+    if (scale == 1 && xFont != nullptr && &xFont->face()->connection() == _connection.get()) {
+        return xFont->face();
     }
-    const unsigned size = font.size() != 0 ? font.size() : 0U + font.ascent() + font.descent();
-    return find(font.getFamily(), font.style(), size);
+    if (font.style() == QsdFontByXName && scale != 1) {
+        return nullptr;
+    }
+    const int size = font.size() != 0 ? font.size() : font.ascent() + font.descent();
+    return find(font.getFamily(), font.style(), static_cast<unsigned>(std::lround(std::min(size * scale, 1e6))));
 }

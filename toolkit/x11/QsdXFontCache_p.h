@@ -15,8 +15,8 @@ class QsdXFontCache {
 public:
     explicit QsdXFontCache(std::shared_ptr<QsdXConnection> connection) : _connection(std::move(connection)) {}
 
-    /// The face that `font` is drawn with; null when the server has none of its size.
-    [[nodiscard]] std::shared_ptr<const QsdXFace> faceOf(const QsdFont& font);
+    /// The face that `font` is drawn with when it is `scale` times as large; null when the server has none.
+    [[nodiscard]] std::shared_ptr<const QsdXFace> faceOf(const QsdFont& font, double scale = 1);
     /// The face for a family (null: the usual one), style bits and size in pixels, where the server has it.
     [[nodiscard]] std::shared_ptr<const QsdXFace> find(const char* family, std::uint16_t style, unsigned size);
     /// The face with names of X, separated by commas.

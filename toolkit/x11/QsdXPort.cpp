@@ -116,6 +116,25 @@ std::optional<QsdPoint> QsdXPort::Placing::operator()(const QsdPoint& point) con
     return QsdPoint{static_cast<std::int32_t>(x), static_cast<std::int32_t>(y)};
 }
 
+// A clip that is turned is no region any more; only texts and shapes that stay upright ask.
+QsdRegion QsdXPort::visibleRegion(const QsdPalette& palette, const QsdRect* clip) const
+{
+    QsdRegion given = _clip;
+    given.intersect(palette.clipRegion());
+    if (clip != nullptr) {
+        given.intersect(*clip);
+    }
+    QsdRegion visible(portArea());
+    if (!given.isFull()) {
+        QsdRegion mapped;
+        for (std::uint16_t i = 0; i < given.count(); ++i) {
+            mapped.add(_transformer.transform(given.rects()[i]));
+        }
+        visible.intersect(mapped);
+    }
+    return visible;
+}
+
 std::optional<QsdXPort::Placing> QsdXPort::placing(const QsdPalette& palette) const
 {
     double x11, x12, x21, x22, x0, y0;
@@ -124,11 +143,7 @@ std::optional<QsdXPort::Placing> QsdXPort::placing(const QsdPalette& palette) co
     if (!moved || x0 != held(x0) || y0 != held(y0)) {
         return std::nullopt;
     }
-    Placing result{{held(x0), held(y0)}, QsdRegion(portArea())};
-    QsdRegion region = _clip;
-    region.intersect(palette.clipRegion());
-    region.translate(result.shift.x, result.shift.y);
-    result.clip.intersect(region);
+    Placing result{{held(x0), held(y0)}, visibleRegion(palette, nullptr)};
     if (result.clip.count() > QsdXGraphics::MostClipRectangles) {
         return std::nullopt;
     }

@@ -18,9 +18,9 @@ class QsdXGraphics;
 /// of QsdBitmap, so that both show the same pixels: the server draws where its rules are the toolkit's (points, solid
 /// lines, upright rectangles, copies, letters); other shapes are cut into rectangles by the code that draws into
 /// bitmaps. Coordinates of all 32 bits are safe although those of X have 16. Texts are drawn with the server's fonts,
-/// or like those of bitmaps where it has none that fit; under a transformer that does more than move them they are
-/// drawn as turned or stretched pictures of their letters, placed on whole units. Alpha and antialiasing of palettes do
-/// not count.
+/// or like those of bitmaps where it has none that fit. Under a transformer that makes them larger or smaller, they are
+/// drawn in the font of that size; where there is none, or they are turned, as pictures of their letters, placed on
+/// whole units. Alpha and antialiasing of palettes do not count.
 class QsdXPort : public QsdSystemPort {
 public:
     ~QsdXPort() override;
@@ -121,8 +121,15 @@ private:
         /// Where a point comes to lie; nothing for one too far away for X's coordinates.
         [[nodiscard]] std::optional<QsdPoint> operator()(const QsdPoint& point) const;
     };
+    /// How a text lies at its anchor.
+    struct TextForm {
+        QsdPosition position;
+        bool opaque;
+        bool hanging; ///< from the anchor, not standing on it
+    };
 
     [[nodiscard]] QsdRect portArea() const;
+    [[nodiscard]] QsdRegion visibleRegion(const QsdPalette& palette, const QsdRect* clip) const;
     [[nodiscard]] std::optional<Placing> placing(const QsdPalette& palette) const;
     [[nodiscard]] QsdRect visibleArea(const Extent& extent) const;
     [[nodiscard]] Extent strokeExtent(const QsdPalette& palette, const std::optional<QsdRect>& bounds) const;
@@ -143,12 +150,14 @@ private:
                          const QsdTransformer& t, const QsdRect* clip, bool transparent) const;
     [[nodiscard]] bool copyDirectly(const QsdPalette& palette, const QsdSystemPort& source, const QsdRect& rect,
                                     const QsdPoint& at) const;
-    void drawText(const QsdPalette& palette, const QsdPoint& at, const char* text, int length, QsdPosition position,
-                  bool opaque) const;
-    void drawTextDirectly(const QsdPalette& palette, const QsdXFace& face, const Placing& placing, const QsdPoint& at,
-                          std::string_view text, bool opaque) const;
-    void drawTextAsPicture(const QsdPalette& palette, const QsdXFace& face, std::string_view text,
-                           const QsdTransformer& t, const QsdRect* clip, bool opaque) const;
+    void drawTextAt(const QsdPalette& palette, const QsdPoint& at, const char* text, int length,
+                    const TextForm& form) const;
+    void drawText(const QsdPalette& palette, const QsdTransformer& placing, const QsdRect* clip, std::string_view text,
+                  const TextForm& form, const ShapeDrawing& draw) const;
+    [[nodiscard]] bool drawTextUpright(const QsdPalette& palette, const QsdTransformer& placing, const QsdRect* clip,
+                                       std::string_view text, const TextForm& form) const;
+    void drawTextAsPicture(const QsdPalette& palette, const QsdXFace& face, const QsdTransformer& placing,
+                           const QsdRect* clip, std::string_view text, const TextForm& form) const;
 
     QsdXDisplay& _xDisplay;
     std::uint16_t _depth;
