@@ -1,4 +1,5 @@
-// Bitmaps at their natural size, read back from their display.
+// Bitmaps at their natural size, read back from their display. Pixels are read before the first word of an image is
+// written, so that a document stays in order when there is no memory for them.
 #include "ps/QsdPSDevice.h"
 
 #include "ps/QsdPSBackground_p.h"
@@ -22,17 +23,20 @@ void writeUnitMatrix(QsdPSWriter& out, const QsdRect& rect)
 void QsdPSDevice::drawBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
                              const QsdPoint& at) const
 {
+    if (source == nullptr) {
+        return;
+    }
     checkClip(palette->clipRegion());
     setCurrentPalette(palette);
+    const QsdPixelRows pixels(*palette->display(), source, rect);
     const std::int64_t bottom = std::int64_t{at.y} + rect.height;
     if (source->depth() == 1) {
         QsdPSWriter(_stream) << "G n " << rect.width << QsdSpc() << rect.height << QsdSpc() << at << " rect G ";
         setForeground(QsdPSBackground(palette).get());
         QsdPSWriter(_stream) << " fill g" << EOL << at.x << QsdSpc() << bottom << " t ";
-        writeBitmapMask(palette, source, rect, "       imagemask ");
+        writeBitmapMask(palette, pixels, rect, "       imagemask ");
         return;
     }
-    const QsdPixelRows pixels(*palette->display(), source, rect);
     {
         QsdPSWriter out(_stream);
         if (_level == 1) {
@@ -42,7 +46,7 @@ void QsdPSDevice::drawBitmap(const QsdPalette* palette, const QsdSystemPort* sou
         out << rect.width << QsdSpc() << rect.height << " 8";
         writeUnitMatrix(out, rect);
         out << " ";
-        if (readsThroughFilter()) {
+        if (_level == 2) {
             writeFilteredSource(out, _encoder.get());
             out << " " << imageOperatorString() << EOL;
         } else {
@@ -56,10 +60,9 @@ void QsdPSDevice::drawBitmap(const QsdPalette* palette, const QsdSystemPort* sou
 
 // Paints the set bits of a one-bit source in the foreground and ends the save level around it; `level2Operator` differs
 // between the forms in its blanks alone.
-void QsdPSDevice::writeBitmapMask(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
+void QsdPSDevice::writeBitmapMask(const QsdPalette* palette, const QsdPixelRows& pixels, const QsdRect& rect,
                                   const char* level2Operator) const
 {
-    const QsdPixelRows pixels(*palette->display(), source, rect);
     {
         QsdPSWriter out(_stream);
         if (_level == 1) {
@@ -67,7 +70,7 @@ void QsdPSDevice::writeBitmapMask(const QsdPalette* palette, const QsdSystemPort
         }
         out << rect.width << " -" << rect.height << " scale " << rect.width << QsdSpc() << rect.height << " true";
         writeUnitMatrix(out, rect);
-        if (readsThroughFilter()) {
+        if (_level == 2) {
             writeFilteredSource(out, _encoder.get());
             out << level2Operator << EOL;
         } else {
@@ -84,11 +87,12 @@ void QsdPSDevice::drawTransparentBitmap(const QsdPalette* palette, const QsdSyst
     checkClip(palette->clipRegion());
     setCurrentPalette(palette);
     if (source != nullptr && source->depth() == 1) {
+        const QsdPixelRows pixels(*palette->display(), source, rect);
         QsdPSWriter(_stream) << "n " << at << " M "
                              << "0 " << rect.height << " rL " << rect.width << " 0 rL "
                              << "0 " << static_cast<std::int32_t>(-rect.height) << " rL" << EOL << "G " << at.x
                              << QsdSpc() << std::int64_t{at.y} + rect.height << " t ";
-        writeBitmapMask(palette, source, rect, " imagemask");
+        writeBitmapMask(palette, pixels, rect, " imagemask");
         return;
     }
     const QsdSystemPort* const mask = QsdPSMaskOf(source);
@@ -101,7 +105,8 @@ void QsdPSDevice::drawTransparentBitmap(const QsdPalette* palette, const QsdSyst
     for (std::uint32_t r = 0; r < rect.height; ++r) {
         // A strip is painted upwards from its origin, so it starts on the far side of its row.
         const std::int64_t y = std::int64_t{at.y} + r + 1;
-        QsdForEachMaskRun(maskPixels.row(r), rect.width, [&](unsigned long first, unsigned long length, bool) {
+        QsdForEachMaskRun(maskPixels, r, rect.width, [&](unsigned long first, unsigned long length, bool) {
+            const QsdPixelRun run = pixels.run(r, first, length);
             {
                 QsdPSWriter out(_stream);
                 out << length << QsdSpc() << static_cast<std::int64_t>(first) + at.x << QsdSpc() << y << QsdSpc();
@@ -110,7 +115,7 @@ void QsdPSDevice::drawTransparentBitmap(const QsdPalette* palette, const QsdSyst
                 }
                 out << " strip " << imageOperatorString() << EOL;
             }
-            writeImage(&display, display.screenDepth(), length, 1, pixels.pixel(r, first), pixels.size());
+            writeImage(&display, display.screenDepth(), length, 1, run.data, run.size);
             QsdPSWriter(_stream) << "g" << EOL;
         });
     }

@@ -2,13 +2,15 @@
 #pragma once
 
 #include "ps/QsdPSColorModel.h"
+#include "ps/QsdPSFontNames_.h"
+#include "ps/QsdPSFonts_.h"
 #include "toolkit/port/QsdPort.h"
 
 #include <iosfwd>
 #include <memory>
 
 class QsdPostScriptEncoder;
-class QsdPSFontNames_;
+class QsdPixelRows;
 
 /// Turns drawing calls into one PostScript document per initDevice and end.
 ///
@@ -66,6 +68,10 @@ public:
     void fillRectangle(const QsdPalette* palette, const QsdRect& rect) const override;
     void drawArc(const QsdPalette* palette, const QsdRect& rect, float start, float range) const override;
     void fillArc(const QsdPalette* palette, const QsdRect& rect, float start, float range) const override;
+    /// In every form of the bitmap operations a null bitmap, or null pixels, draw nothing, and pixels that the source
+    /// does not have are 0: those outside it, those of a drawable that cannot be read, and the bytes that it is short
+    /// of in the layout of the palette's display. When there is no memory for the pixels std::bad_alloc passes before
+    /// any of the image is written; so it does for an area of which more than 256 MiB lie outside the source.
     void drawBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
                     const QsdPoint& at) const override;
     void drawTransparentBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
@@ -118,7 +124,8 @@ public:
     /// Writes the colour of the palette's foreground.
     virtual void setForeground(const QsdPalette* palette) const;
     /// Writes the sample data of one image through the encoder: `height` rows of size / height bytes at `data`, in the
-    /// layout of QsdDisplay::getBitmapData for `depth`. Nothing at all when width or height is 0.
+    /// layout of QsdDisplay::getBitmapData for `depth`. Bytes that a row is short of count as 0, and so do all of null
+    /// `data`. Nothing at all when width or height is 0.
     virtual void writeImage(const QsdDisplay* display, unsigned long depth, unsigned long width, unsigned long height,
                             const unsigned char* data, unsigned long size) const;
     /// Fills the current path of the document by the palette's fill style, fill rule and patterns.
@@ -143,8 +150,9 @@ public:
     /// the next document, whose prolog depends on it.
     void setPostScriptLevel(unsigned long level);
     [[nodiscard]] unsigned long getPostScriptLevel() const { return _level; }
-    /// Gives the device an encoder of image data, which it owns from now on; the one before is deleted first. At level
-    /// 1 the argument is deleted and hexadecimal data stays. Null is allowed at other levels: then draw no images.
+    /// Gives the device an encoder of image data, which it owns from now on; the one before is deleted first,
+    /// unless it is the same. At level 1 the argument is deleted and hexadecimal data stays. Null is allowed at other
+    /// levels: then draw no images.
     void setEncoder(QsdPostScriptEncoder* encoder);
     [[nodiscard]] QsdPostScriptEncoder* getEncoder() const { return _encoder.get(); }
 
@@ -185,6 +193,7 @@ protected:
     [[nodiscard]] std::ostream* stream() const { return _stream; }
     /// The rectangle last given to initDevice or initClip, device coordinates; all zero before.
     [[nodiscard]] const QsdRect& boundingBox() const { return _boundingBox; }
+    void setBoundingBox(const QsdRect& rect) { _boundingBox = rect; }
     /// The clip and the transformer that operations are written under.
     [[nodiscard]] const QsdRegion& currentClip() const { return _clipCache; }
     [[nodiscard]] const QsdTransformer& currentTransformer() const { return _currentTransformer; }
@@ -215,8 +224,6 @@ protected:
     virtual void writeFontSelection(int size, const char* name, const char* suffix, bool multiByte) const;
     /// Copies a font file, which defines the font `name` followed by `suffix`, into the document.
     virtual void writeFontFile(const char* fileName, const char* name, const char* suffix) const;
-    /// Whether images other than those of level 1 get their samples through the encoder's filter.
-    [[nodiscard]] virtual bool readsThroughFilter() const;
 
 private:
     void loadFontMapFile();
@@ -234,7 +241,7 @@ private:
 
     void openString(const QsdPalette* palette, const QsdPoint& at, const char* opening) const;
 
-    void writeBitmapMask(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
+    void writeBitmapMask(const QsdPalette* palette, const QsdPixelRows& pixels, const QsdRect& rect,
                          const char* level2Operator) const;
     void stretchMask(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
                      const QsdTransformer& t) const;

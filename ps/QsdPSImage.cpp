@@ -2,9 +2,11 @@
 #include "ps/QsdPSDevice.h"
 
 #include "ps/QsdPSGrey_p.h"
+#include "ps/QsdPSImageSource_p.h"
 #include "toolkit/encoder/QsdPostScriptEncoder.h"
 #include "toolkit/port/QsdDisplay.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -15,9 +17,9 @@ class IndexedColors {
 public:
     explicit IndexedColors(const QsdDisplay& display)
     {
-        std::array<unsigned short, 256> reds;
-        std::array<unsigned short, 256> greens;
-        std::array<unsigned short, 256> blues;
+        std::array<unsigned short, 256> reds{};
+        std::array<unsigned short, 256> greens{};
+        std::array<unsigned short, 256> blues{};
         display.colorTable(256, reds.data(), greens.data(), blues.data());
         for (std::size_t i = 0; i < 256; ++i) {
             _rgb[i] = {static_cast<unsigned char>(reds[i] >> 8), static_cast<unsigned char>(greens[i] >> 8),
@@ -34,30 +36,63 @@ private:
     std::array<unsigned char, 256> _grey;
 };
 
-void putIndexedRow(QsdPostScriptEncoder& encoder, const IndexedColors& colors, const unsigned char* row,
-                   unsigned long width, bool inColor)
+/// The bytes of one row of a source, which may be fewer than its pixels need; those beyond them are 0.
+struct Row {
+    const unsigned char* bytes;
+    unsigned long length;
+
+    [[nodiscard]] unsigned char byte(unsigned long i) const
+    {
+        return i < length ? bytes[i] : static_cast<unsigned char>(0);
+    }
+};
+
+void putBitRow(QsdPostScriptEncoder& encoder, const Row& row, unsigned long width)
+{
+    const unsigned long needed = QsdPSBitRowBytes(width);
+    const unsigned long there = std::min(needed, row.length);
+    if (there != 0) {
+        encoder.putBytes(there, row.bytes);
+    }
+    for (unsigned long i = there; i < needed; ++i) {
+        encoder.putByte(0);
+    }
+}
+
+void putIndexedRow(QsdPostScriptEncoder& encoder, const IndexedColors& colors, const Row& row, unsigned long width,
+                   bool inColor)
 {
     for (unsigned long i = 0; i < width; ++i) {
+        const unsigned char index = row.byte(i);
         if (inColor) {
-            const auto& rgb = colors.rgb(row[i]);
+            const auto& rgb = colors.rgb(index);
             encoder.putByte(rgb[0]);
             encoder.putByte(rgb[1]);
             encoder.putByte(rgb[2]);
         } else {
-            encoder.putByte(colors.grey(row[i]));
+            encoder.putByte(colors.grey(index));
         }
     }
 }
 
-void putDirectRow(QsdPostScriptEncoder& encoder, const unsigned char* row, unsigned long width, bool inColor)
+void putDirectPixel(QsdPostScriptEncoder& encoder, const unsigned char* pixel, bool inColor)
 {
-    for (unsigned long i = 0; i < width; ++i) {
-        const unsigned char* const pixel = row + 4 * i;
-        if (inColor) {
-            encoder.putBytes(3, pixel + 1);
-        } else {
-            encoder.putByte(QsdPSGreyOf(pixel[1], pixel[2], pixel[3]));
-        }
+    if (inColor) {
+        encoder.putBytes(3, pixel + 1);
+    } else {
+        encoder.putByte(QsdPSGreyOf(pixel[1], pixel[2], pixel[3]));
+    }
+}
+
+void putDirectRow(QsdPostScriptEncoder& encoder, const Row& row, unsigned long width, bool inColor)
+{
+    const unsigned long there = std::min(width, row.length / 4);
+    for (unsigned long i = 0; i < there; ++i) {
+        putDirectPixel(encoder, row.bytes + 4 * i, inColor);
+    }
+    for (unsigned long i = there; i < width; ++i) {
+        const std::array<unsigned char, 4> pixel = {0, row.byte(4 * i + 1), row.byte(4 * i + 2), row.byte(4 * i + 3)};
+        putDirectPixel(encoder, pixel.data(), inColor);
     }
 }
 
@@ -69,22 +104,23 @@ void QsdPSDevice::writeImage(const QsdDisplay* display, unsigned long depth, uns
     if (width == 0 || height == 0 || _encoder == nullptr) {
         return;
     }
-    const unsigned long rowBytes = size / height;
+    const unsigned long rowBytes = data == nullptr ? 0 : size / height;
+    const auto row = [=](unsigned long r) { return Row{data + r * rowBytes, rowBytes}; };
     const bool inColor = _colorModel != QsdPSGrey;
     QsdPostScriptEncoder& encoder = *_encoder;
     encoder.startData();
     if (depth == 1) {
         for (unsigned long r = 0; r < height; ++r) {
-            encoder.putBytes((width + 7) / 8, data + r * rowBytes);
+            putBitRow(encoder, row(r), width);
         }
     } else if (depth <= 8) {
         const IndexedColors colors(*display);
         for (unsigned long r = 0; r < height; ++r) {
-            putIndexedRow(encoder, colors, data + r * rowBytes, width, inColor);
+            putIndexedRow(encoder, colors, row(r), width, inColor);
         }
     } else {
         for (unsigned long r = 0; r < height; ++r) {
-            putDirectRow(encoder, data + r * rowBytes, width, inColor);
+            putDirectRow(encoder, row(r), width, inColor);
         }
     }
     encoder.endData();

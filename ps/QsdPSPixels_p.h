@@ -3,42 +3,101 @@
 
 #include "toolkit/base/QsMalloc.h"
 #include "toolkit/port/QsdDisplay.h"
+#include "toolkit/port/QsdSystemPort.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <memory>
+#include <new>
+#include <utility>
+#include <vector>
 
-/// The pixels of a rectangle of a drawable in the layout of its display, row by row.
+/// Neighbouring colour pixels of one row.
+struct QsdPixelRun {
+    const unsigned char* data;
+    unsigned long size;               ///< bytes that an image of one row may take for its stride
+    std::vector<unsigned char> own{}; ///< holds the pixels when the source is short of them
+};
+
+/// The pixels of a rectangle of a drawable in the layout of its display, row by row. A drawable that has none leaves
+/// rows without a byte.
 class QsdPixelRows {
 public:
+    /// Throws std::bad_alloc when there is no memory for the pixels, and for a rectangle of which more than 256 MiB lie
+    /// outside the drawable: those are nothing but zeros.
     QsdPixelRows(const QsdDisplay& display, const QsdSystemPort* port, const QsdRect& rect)
-        : _data(display.getBitmapData(port, _size, rect)), _rowBytes(rect.height == 0 ? 0 : _size / rect.height),
+        : _data(display.getBitmapData(port, _size, checked(port, rect))),
+          _rowBytes(_data == nullptr || rect.height == 0 ? 0 : _size / rect.height),
           _pixelBytes(display.screenDepth() > 8 ? 4 : 1)
     {
     }
 
     [[nodiscard]] const unsigned char* data() const { return _data.get(); }
     [[nodiscard]] unsigned long size() const { return _size; }
-    [[nodiscard]] const unsigned char* row(unsigned long r) const { return _data.get() + r * _rowBytes; }
-    /// The address of a colour pixel.
-    [[nodiscard]] const unsigned char* pixel(unsigned long r, unsigned long x) const
+    /// Copies the first `size` bytes of a row; those that the row does not have become 0.
+    void copyRow(unsigned long r, unsigned long size, unsigned char* bytes) const
     {
-        return row(r) + x * _pixelBytes;
+        const unsigned long there = std::min(size, _rowBytes);
+        if (there != 0) {
+            std::memcpy(bytes, _data.get() + r * _rowBytes, there);
+        }
+        std::memset(bytes + there, 0, size - there);
+    }
+    /// Whether the bit of column `x` is set in a row of one-bit pixels.
+    [[nodiscard]] bool bit(unsigned long r, unsigned long x) const
+    {
+        return x / 8 < _rowBytes && (_data.get()[r * _rowBytes + x / 8] & (0x80U >> (x % 8))) != 0;
+    }
+    /// `length` colour pixels of a row from column `x` on; those that the row does not have are 0. The size is that of
+    /// all rows, or of the run alone where zeros were filled in.
+    [[nodiscard]] QsdPixelRun run(unsigned long r, unsigned long x, unsigned long length) const
+    {
+        const unsigned long first = x * _pixelBytes;
+        const unsigned long bytes = length * _pixelBytes;
+        const unsigned char* const row = _data.get() + r * _rowBytes;
+        if (first + bytes <= _rowBytes) {
+            return {row + first, _size};
+        }
+        std::vector<unsigned char> padded(bytes);
+        if (first < _rowBytes) {
+            std::copy(row + first, row + _rowBytes, padded.begin());
+        }
+        const unsigned char* const data = padded.data();
+        return {data, bytes, std::move(padded)};
     }
 
 private:
+    static const QsdRect& checked(const QsdSystemPort* port, const QsdRect& rect)
+    {
+        constexpr std::uint64_t MostZeros = std::uint64_t{1} << 28;
+        const auto side = [](unsigned long length) {
+            return static_cast<std::uint32_t>(std::min<unsigned long>(length, UINT32_MAX));
+        };
+        const QsdRect inside = rect.intersected({0, 0, side(port->width()), side(port->height())});
+        const std::uint64_t pixels =
+            std::uint64_t{rect.width} * rect.height - std::uint64_t{inside.width} * inside.height;
+        const std::uint64_t most = port->depth() == 1 ? MostZeros * 8 : MostZeros / 4;
+        if (pixels > most) {
+            throw std::bad_alloc();
+        }
+        return rect;
+    }
+
     unsigned long _size = 0;
     std::unique_ptr<unsigned char, QsFreeDeleter> _data;
     unsigned long _rowBytes;
     unsigned long _pixelBytes;
 };
 
-/// Calls emit(first, length, atRowEnd) for each run of set bits among the first `width` of a row of mask bits.
+/// Calls emit(first, length, atRowEnd) for each run of set bits among the first `width` of row `r` of a mask.
 template <class Emit>
-void QsdForEachMaskRun(const unsigned char* mask, unsigned long width, Emit emit)
+void QsdForEachMaskRun(const QsdPixelRows& mask, unsigned long r, unsigned long width, Emit emit)
 {
     bool inside = false;
     unsigned long first = 0;
     for (unsigned long i = 0; i < width; ++i) {
-        const bool set = (mask[i / 8] & (0x80U >> (i % 8))) != 0;
+        const bool set = mask.bit(r, i);
         if (set == inside) {
             continue;
         }

@@ -23,6 +23,10 @@ const char* QsdPSDevice::imageOperatorString() const
 // Level 1 has no decoding filters: its images are always read as hexadecimal strings, whatever encoder is offered.
 void QsdPSDevice::setEncoder(QsdPostScriptEncoder* encoder)
 {
+    if (_encoder.get() == encoder) {
+        // Given back to the device, which is about to own it again.
+        static_cast<void>(_encoder.release());
+    }
     _encoder.reset();
     if (_level == 1) {
         _encoder = std::make_unique<QsdASCIIHexEncoder>(_stream, false);
@@ -33,11 +37,6 @@ void QsdPSDevice::setEncoder(QsdPostScriptEncoder* encoder)
     if (encoder != nullptr) {
         encoder->setStream(_stream);
     }
-}
-
-bool QsdPSDevice::readsThroughFilter() const
-{
-    return _level == 2;
 }
 
 void QsdPSDevice::setPostScriptLevel(unsigned long level)

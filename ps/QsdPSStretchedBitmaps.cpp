@@ -43,6 +43,9 @@ void writeUnitImage(QsdPSWriter& out, const QsdRect& area, const char* samples)
 void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
                                 const QsdTransformer& t, const QsdRect* clip) const
 {
+    if (bitmap == nullptr) {
+        return;
+    }
     checkClip(palette->clipRegion());
     setCurrentPalette(palette);
     const QsdRect area = areaOf(*bitmap);
@@ -68,7 +71,7 @@ void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, c
         }
         writeScale(out, area);
         writeUnitImage(out, area, " true[");
-        if (readsThroughFilter()) {
+        if (_level == 2) {
             writeFilteredSource(out, _encoder.get());
             out << " imagemask" << EOL;
         } else {
@@ -85,7 +88,7 @@ void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, c
         writeScale(out, area);
         writeUnitImage(out, area, " 8[");
         out << EOL;
-        if (readsThroughFilter()) {
+        if (_level == 2) {
             writeFilteredSource(out, _encoder.get());
             out << " " << imageOperatorString() << EOL;
         } else {
@@ -99,6 +102,9 @@ void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, c
 void QsdPSDevice::stretchTransparentBitmap(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
                                            const QsdTransformer& t, const QsdRect* clip) const
 {
+    if (bitmap == nullptr) {
+        return;
+    }
     checkClip(palette->clipRegion());
     const bool oneBit = bitmap->depth() == 1;
     const QsdSystemPort* const mask = oneBit ? nullptr : QsdPSMaskOf(bitmap);
@@ -131,7 +137,7 @@ void QsdPSDevice::stretchMask(const QsdPalette* palette, const QsdPoint& at, con
             out << "/st " << QsdPSBitRowBytes(area.width) << " string def" << EOL;
         }
         writeUnitImage(out, area, " true[");
-        if (readsThroughFilter()) {
+        if (_level == 2) {
             writeFilteredSource(out, _encoder.get());
             out << " imagemask " << EOL;
         } else {
@@ -154,7 +160,8 @@ void QsdPSDevice::stretchStrips(const QsdPalette* palette, const QsdPoint& at, c
     const QsdPixelRows pixels(display, bitmap, area);
     const QsdPixelRows maskPixels(display, mask, area);
     for (std::uint32_t r = 0; r < area.height; ++r) {
-        QsdForEachMaskRun(maskPixels.row(r), area.width, [&](unsigned long first, unsigned long length, bool atRowEnd) {
+        QsdForEachMaskRun(maskPixels, r, area.width, [&](unsigned long first, unsigned long length, bool atRowEnd) {
+            const QsdPixelRun run = pixels.run(r, first, length);
             {
                 QsdPSWriter out(_stream);
                 if (_level == 1) {
@@ -165,7 +172,7 @@ void QsdPSDevice::stretchStrips(const QsdPalette* palette, const QsdPoint& at, c
                 writeMatrix(out, t, at);
                 out << " " << first << QsdSpc() << r + 1 << " t " << length << " -1 scale 0 -1 t " << length << QsdSpc()
                     << " 1 8 [" << length << " 0 0 -1 0 1]" << EOL;
-                if (readsThroughFilter()) {
+                if (_level == 2) {
                     writeFilteredSource(out, _encoder.get());
                     out << " ";
                 } else {
@@ -173,7 +180,7 @@ void QsdPSDevice::stretchStrips(const QsdPalette* palette, const QsdPoint& at, c
                 }
                 out << imageOperatorString() << EOL;
             }
-            writeImage(&display, display.screenDepth(), length, 1, pixels.pixel(r, first), pixels.size());
+            writeImage(&display, display.screenDepth(), length, 1, run.data, run.size);
             QsdPSWriter(_stream) << "g" << EOL;
         });
     }
@@ -183,18 +190,26 @@ void QsdPSDevice::stretchStrips(const QsdPalette* palette, const QsdPoint& at, c
 void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdRect& dest, const QsdBitmap* bitmap,
                                 const QsdRect* clip) const
 {
-    stretchBitmap(palette, QsdPoint{dest.x, dest.y}, bitmap, QsdTransformer(areaOf(*bitmap), dest), clip);
+    if (bitmap != nullptr) {
+        stretchBitmap(palette, QsdPoint{dest.x, dest.y}, bitmap, QsdTransformer(areaOf(*bitmap), dest), clip);
+    }
 }
 
 void QsdPSDevice::stretchTransparentBitmap(const QsdPalette* palette, const QsdRect& dest, const QsdBitmap* bitmap,
                                            const QsdRect* clip) const
 {
-    stretchTransparentBitmap(palette, QsdPoint{dest.x, dest.y}, bitmap, QsdTransformer(areaOf(*bitmap), dest), clip);
+    if (bitmap != nullptr) {
+        stretchTransparentBitmap(palette, QsdPoint{dest.x, dest.y}, bitmap, QsdTransformer(areaOf(*bitmap), dest),
+                                 clip);
+    }
 }
 
 void QsdPSDevice::stretchBitmapData(const QsdPalette* palette, const QsdBitmapData* source, const QsdRect& from,
                                     const QsdRect& dest, bool) const
 {
+    if (source == nullptr) {
+        return;
+    }
     QsdRGBBitmapData pixels(from.width, from.height);
     pixels.copy(*source, from, QsdPoint{});
     const QsdBitmap bitmap(display(), pixels);

@@ -83,4 +83,45 @@ TEST_F(Image, DirectPixels)
     EXPECT_EQ(calls(QsdPSGrey, 24, 4, 1, pixels), "start FF 57 7F 27 end");
 }
 
+TEST_F(Image, BytesThatRowsAreShortOfAreZero)
+{
+    EXPECT_EQ(calls(QsdPSRGB, 1, 17, 2, {1, 2, 3, 4}), "start [01 02] 00 [03 04] 00 end");
+    EXPECT_EQ(calls(QsdPSRGB, 24, 2, 2, {7, 1, 2, 3, 7, 4, 7, 5}),
+              "start [01 02 03] [00 00 00] [04 07 05] [00 00 00] end");
+    EXPECT_EQ(calls(QsdPSRGB, 24, 1, 1, {7, 1, 2}), "start [01 02 00] end");
+    EXPECT_EQ(calls(QsdPSGrey, 24, 2, 1, {7, 255, 255, 255}), "start FF 00 end");
+    display.setColors(QsdColorTable({{1, 2, 3}, {255, 0, 0}}));
+    EXPECT_EQ(calls(QsdPSRGB, 8, 3, 1, {1}), "start FF 00 00 01 02 03 01 02 03 end");
+    EXPECT_EQ(calls(QsdPSRGB, 24, 1, 3, {7, 9}), "start [00 00 00] [00 00 00] [00 00 00] end");
+}
+
+TEST_F(Image, NullDataIsZeros)
+{
+    std::string recorded;
+    TestDevice device(&display, QsdPSRGB);
+    device.initDevice("unused", nullptr);
+    device.setEncoder(new RecordingEncoder(recorded));
+    device.writeImage(&display, 1, 9, 1, nullptr, 2);
+    device.writeImage(&display, 24, 1, 1, nullptr, 4);
+    EXPECT_EQ(recorded, "start 00 00 end start [00 00 00] end");
+    device.end();
+}
+
+TEST_F(Image, ColoursThatADisplayLeavesOutAreBlack)
+{
+    class Idle : public QsdMemoryDisplay {
+    public:
+        void colorTable(unsigned short, unsigned short*, unsigned short*, unsigned short*) const override {}
+    };
+    const Idle idle;
+    std::string recorded;
+    TestDevice device(&display, QsdPSRGB);
+    device.initDevice("unused", nullptr);
+    device.setEncoder(new RecordingEncoder(recorded));
+    const unsigned char index = 200;
+    device.writeImage(&idle, 8, 1, 1, &index, 1);
+    EXPECT_EQ(recorded, "start 00 00 00 end");
+    device.end();
+}
+
 } // namespace

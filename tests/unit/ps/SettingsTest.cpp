@@ -139,4 +139,58 @@ TEST_F(Settings, NoEncoderDrawsNoSamples)
     device.end();
 }
 
+TEST_F(Settings, TheEncoderBeforeIsDeletedFirst)
+{
+    class Second : public QsdASCII85Encoder {
+    public:
+        Second(const bool& firstAlive, bool& sawFirst)
+            : QsdASCII85Encoder(nullptr), _firstAlive(firstAlive), _sawFirst(sawFirst)
+        {
+        }
+        void setStream(std::ostream* stream) override
+        {
+            _sawFirst = _firstAlive;
+            QsdASCII85Encoder::setStream(stream);
+        }
+
+    private:
+        const bool& _firstAlive;
+        bool& _sawFirst;
+    };
+    device.setEncoder(new TracedEncoder(alive));
+    ASSERT_TRUE(alive);
+    bool sawFirst = true;
+    device.setEncoder(new Second(alive, sawFirst));
+    EXPECT_FALSE(sawFirst);
+}
+
+TEST_F(Settings, TheEncoderInUseMayBeSetAgain)
+{
+    device.initDevice("unused", nullptr);
+    auto* const mine = new TracedEncoder(alive);
+    device.setEncoder(mine);
+    mine->bound = nullptr;
+    device.setEncoder(device.getEncoder());
+    EXPECT_TRUE(alive);
+    EXPECT_EQ(device.getEncoder(), mine);
+    EXPECT_NE(mine->bound, nullptr);
+
+    device.setPostScriptLevel(1);
+    device.setEncoder(device.getEncoder());
+    device.taken();
+    device.getEncoder()->startData();
+    device.getEncoder()->putByte(0xAB);
+    device.getEncoder()->endData();
+    EXPECT_EQ(device.taken(), "ab\n");
+    device.end();
+}
+
+TEST_F(Settings, TheDevicesHeaderBringsTheFontRegistry)
+{
+    const QsdPSFonts_& registry = *QsdPSFonts_::GetInstance();
+    const QsdPSFontNames_* const times = registry.getPSFontNames(QsEncodingLatin1, "times");
+    ASSERT_NE(times, nullptr);
+    EXPECT_STREQ(times->normalName(), "Times-Roman");
+}
+
 } // namespace
