@@ -11,7 +11,8 @@
 /// QsdDisplay::createColorPattern makes one that suits a display.
 class QsdColorPattern : public QsdResource {
 public:
-    /// Copies `size` bytes of `data`: `height` rows of size / height bytes. Width and height from 1.
+    /// Copies `size` bytes of `data`: `height` rows of size / height bytes. Width and height from 1, which 0
+    /// is taken for; null `data` has no bytes. Pixels beyond the end of the data are drawn as 0.
     QsdColorPattern(std::uint16_t width, std::uint16_t height, std::uint16_t depth, const unsigned char* data,
                     unsigned long size);
 

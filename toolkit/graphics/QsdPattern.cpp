@@ -33,8 +33,10 @@ QsdPattern::QsdPattern(std::uint16_t width, std::uint16_t height, const unsigned
 
 QsdPattern* QsdPattern::FromXBM(std::uint16_t width, std::uint16_t height, const unsigned char* bits)
 {
-    std::vector<unsigned char> rows(bits, bits + sizeOf(width, height));
-    std::transform(rows.begin(), rows.end(), rows.begin(), reversed);
+    std::vector<unsigned char> rows(sizeOf(width, height));
+    if (bits != nullptr) {
+        std::transform(bits, bits + rows.size(), rows.begin(), reversed);
+    }
     return new QsdPattern(width, height, rows.data());
 }
 

@@ -9,10 +9,11 @@
 /// An unchanging monochrome tile. Rows are whole bytes, the leftmost pixel in the most significant bit.
 class QsdPattern : public QsdResource {
 public:
-    /// Copies `height` rows of (width + 7) / 8 bytes; set bits are painted in the foreground. Width and height from 1;
-    /// a null `bits` gives a tile of set bits.
+    /// Copies `height` rows of (width + 7) / 8 bytes; set bits are painted in the foreground. Width and height from 1,
+    /// which 0 is taken for; a null `bits` gives a tile of set bits.
     QsdPattern(std::uint16_t width, std::uint16_t height, const unsigned char* bits);
-    /// A tile from data in the X bitmap format, whose leftmost pixel is the least significant bit. Owned by the caller.
+    /// A tile from data in the X bitmap format, whose leftmost pixel is the least significant bit; a null
+    /// `bits` gives a tile of cleared bits. Owned by the caller.
     [[nodiscard]] static QsdPattern* FromXBM(std::uint16_t width, std::uint16_t height, const unsigned char* bits);
 
     [[nodiscard]] std::uint16_t width() const { return _width; }

@@ -38,7 +38,7 @@ std::unique_ptr<QsdBitmap> QsdBitmap::FromBits(QsdDisplay* display, std::uint32_
                                                const unsigned char* bits)
 {
     auto bitmap = std::make_unique<QsdBitmap>(display, width, height, std::uint16_t{1});
-    if (width != 0 && height != 0) {
+    if (bits != nullptr && width != 0 && height != 0) {
         std::memcpy(bitmap->_pixels.row(0), bits, bitmap->_pixels.bytes().size());
     }
     return bitmap;

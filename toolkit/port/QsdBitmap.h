@@ -15,7 +15,7 @@ class QsdBitmapPath;
 /// centres they contain; lines go through the centres of the pixels that their points name, and their width follows the
 /// scale of the transformer. Texts are drawn with a plain alphabet of lines for Latin letters, whatever the family, in
 /// the advances of the palette's font; a character of several bytes is drawn as a box. Alpha and antialiasing of
-/// palettes do not count.
+/// palettes do not count. A null bitmap, or null pixels, draw nothing.
 class QsdBitmap : public QsdSystemPort {
 public:
     /// A bitmap of zero pixels; `depth` is 1, or anything else for the screen depth of `display`. Throws std::bad_alloc
@@ -23,7 +23,8 @@ public:
     QsdBitmap(QsdDisplay* display, std::uint32_t width, std::uint32_t height, std::uint16_t depth);
     /// A bitmap of the display's screen depth with the pixels of `data` in the nearest colours the display has.
     QsdBitmap(QsdDisplay* display, const QsdBitmapData& data);
-    /// A one-bit bitmap of `height` rows of (width + 7) / 8 bytes, the leftmost pixel in the most significant bit.
+    /// A one-bit bitmap of `height` rows of (width + 7) / 8 bytes, the leftmost pixel in the most significant bit;
+    /// null `bits` are cleared ones.
     [[nodiscard]] static std::unique_ptr<QsdBitmap> FromBits(QsdDisplay* display, std::uint32_t width,
                                                              std::uint32_t height, const unsigned char* bits);
     /// The same of rows in the X bitmap format, whose leftmost pixel is the least significant bit.

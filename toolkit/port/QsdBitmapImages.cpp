@@ -150,42 +150,58 @@ void QsdBitmap::drawImage(const QsdPalette& palette, const QsdSystemPort& source
 void QsdBitmap::drawBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
                            const QsdPoint& at) const
 {
-    drawImage(*palette, *source, rect, placed({}, at), nullptr, false);
+    if (source != nullptr) {
+        drawImage(*palette, *source, rect, placed({}, at), nullptr, false);
+    }
 }
 
 void QsdBitmap::drawTransparentBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
                                       const QsdPoint& at) const
 {
-    drawImage(*palette, *source, rect, placed({}, at), nullptr, true);
+    if (source != nullptr) {
+        drawImage(*palette, *source, rect, placed({}, at), nullptr, true);
+    }
 }
 
 void QsdBitmap::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
                               const QsdTransformer& t, const QsdRect* clip) const
 {
-    drawImage(*palette, *bitmap, areaOf(*bitmap), placed(t, at), clip, false);
+    if (bitmap != nullptr) {
+        drawImage(*palette, *bitmap, areaOf(*bitmap), placed(t, at), clip, false);
+    }
 }
 
 void QsdBitmap::stretchTransparentBitmap(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
                                          const QsdTransformer& t, const QsdRect* clip) const
 {
-    drawImage(*palette, *bitmap, areaOf(*bitmap), placed(t, at), clip, true);
+    if (bitmap != nullptr) {
+        drawImage(*palette, *bitmap, areaOf(*bitmap), placed(t, at), clip, true);
+    }
 }
 
 void QsdBitmap::stretchBitmap(const QsdPalette* palette, const QsdRect& dest, const QsdBitmap* bitmap,
                               const QsdRect* clip) const
 {
-    stretchBitmap(palette, QsdPoint{dest.x, dest.y}, bitmap, QsdTransformer(areaOf(*bitmap), dest), clip);
+    if (bitmap != nullptr) {
+        stretchBitmap(palette, QsdPoint{dest.x, dest.y}, bitmap, QsdTransformer(areaOf(*bitmap), dest), clip);
+    }
 }
 
 void QsdBitmap::stretchTransparentBitmap(const QsdPalette* palette, const QsdRect& dest, const QsdBitmap* bitmap,
                                          const QsdRect* clip) const
 {
-    stretchTransparentBitmap(palette, QsdPoint{dest.x, dest.y}, bitmap, QsdTransformer(areaOf(*bitmap), dest), clip);
+    if (bitmap != nullptr) {
+        stretchTransparentBitmap(palette, QsdPoint{dest.x, dest.y}, bitmap, QsdTransformer(areaOf(*bitmap), dest),
+                                 clip);
+    }
 }
 
 void QsdBitmap::stretchBitmapData(const QsdPalette* palette, const QsdBitmapData* source, const QsdRect& from,
                                   const QsdRect& dest, bool) const
 {
+    if (source == nullptr) {
+        return;
+    }
     QsdRGBBitmapData pixels(from.width, from.height);
     pixels.copy(*source, from, QsdPoint{});
     const QsdBitmap bitmap(display(), pixels);

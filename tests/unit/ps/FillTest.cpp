@@ -1,4 +1,4 @@
-#include "tests/unit/ps/TestDevice.h"
+#include "tests/unit/ps/RecordedSamples.h"
 
 #include "toolkit/graphics/QsdRGBBitmapData.h"
 
@@ -140,6 +140,24 @@ TEST_F(Fill, MissingColourPatternPaintsNothing)
     open.settle();
     open.device.fillRectangle(open.palette.get(), {0, 0, 1, 1});
     EXPECT_EQ(open.device.taken(), "n 1 1 0 0 rect \n");
+}
+
+TEST(ColourPatternFill, OfAnotherDepthThanTheDisplay)
+{
+    RecordedSamples d;
+    const unsigned char bytes[] = {1, 2, 3, 4};
+    const auto use = [&](std::uint16_t width, std::uint16_t height, std::uint16_t depth, unsigned long size) {
+        const auto* const data = size == 0 ? nullptr : bytes;
+        d.open.palette->setColorPattern(
+            QsdHandle<QsdColorPattern>::Adopt(new QsdColorPattern(width, height, depth, data, size)).get());
+        d.open.palette->setFillStyle(QsdFillColorPattern);
+        d.open.device.fillWithPattern(d.open.palette.get());
+        return d.taken();
+    };
+    EXPECT_EQ(use(4, 1, 8, 4), "start [02 03 04] [00 00 00] [00 00 00] [00 00 00] end");
+    EXPECT_EQ(use(1, 4, 1, 4), "start [00 00 00] [00 00 00] [00 00 00] [00 00 00] end");
+    EXPECT_EQ(use(1, 1, 24, 0), "start [00 00 00] end");
+    EXPECT_EQ(use(0, 0, 24, 4), "start [02 03 04] end");
 }
 
 } // namespace

@@ -90,4 +90,21 @@ TEST(RGBBitmapData, CopiesWhatBothHave)
     EXPECT_EQ(target.pixel(1, 0), (QsdRGB{1, 2, 7}));
 }
 
+TEST(Pattern, OfTheXFormatWithoutBitsIsCleared)
+{
+    const auto pattern = QsdHandle<QsdPattern>::Adopt(QsdPattern::FromXBM(9, 1, nullptr));
+    EXPECT_EQ(bytesOf(*pattern), (std::vector<unsigned>{0, 0}));
+}
+
+TEST(ColorPattern, HasAtLeastOnePixel)
+{
+    const unsigned char pixel[] = {0, 1, 2, 3};
+    const auto pattern = QsdHandle<QsdColorPattern>::Adopt(new QsdColorPattern(0, 0, 24, pixel, 4));
+    EXPECT_EQ(pattern->width(), 1);
+    EXPECT_EQ(pattern->height(), 1);
+    EXPECT_EQ(bytesOf(*pattern), (std::vector<unsigned>{0, 1, 2, 3}));
+    const auto empty = QsdHandle<QsdColorPattern>::Adopt(new QsdColorPattern(1, 1, 24, nullptr, 4));
+    EXPECT_EQ(bytesOf(*empty), std::vector<unsigned>());
+}
+
 } // namespace

@@ -401,4 +401,24 @@ TEST_F(BitmapText, WideTextsAreTheSameInTheirOrderOfSight)
     EXPECT_TRUE(inkOf(nothing).isEmpty());
 }
 
+TEST_F(BitmapDrawing, NullBitmapsDrawNothing)
+{
+    const Rows before = rowsOf(bitmap);
+    const QsdBitmap* const none = nullptr;
+    bitmap.drawBitmap(palette.get(), none, {0, 0, 4, 4}, {0, 0});
+    bitmap.drawTransparentBitmap(palette.get(), none, {0, 0, 4, 4}, {0, 0});
+    bitmap.stretchBitmap(palette.get(), QsdPoint{0, 0}, none, QsdTransformer(), nullptr);
+    bitmap.stretchTransparentBitmap(palette.get(), QsdPoint{0, 0}, none, QsdTransformer(), nullptr);
+    bitmap.stretchBitmap(palette.get(), QsdRect{0, 0, 4, 4}, none, nullptr);
+    bitmap.stretchTransparentBitmap(palette.get(), QsdRect{0, 0, 4, 4}, none, nullptr);
+    bitmap.stretchBitmapData(palette.get(), nullptr, {0, 0, 1, 1}, {0, 0, 4, 4}, false);
+    EXPECT_EQ(rowsOf(bitmap), before);
+}
+
+TEST_F(BitmapDrawing, NullBitsAreCleared)
+{
+    EXPECT_EQ(rowsOf(*QsdBitmap::FromBits(&display, 9, 1, nullptr)), Rows{"........."});
+    EXPECT_EQ(rowsOf(*QsdBitmap::FromXBM(&display, 9, 1, nullptr)), Rows{"........."});
+}
+
 } // namespace
