@@ -1,14 +1,15 @@
 // Reading the font map file.
 #include "ps/QsdPSFonts_.h"
 
+#include "ps/QsdPSClassicNumbers_p.h"
 #include "toolkit/base/QsLocale.h"
 #include "toolkit/base/QsMalloc.h"
 #include "toolkit/base/QsdGlobalContext.h"
 #include "toolkit/base/QsdMessages.h"
-#include "toolkit/base/QsdNumbers.h"
 #include "toolkit/base/QsdReadString.h"
 #include "toolkit/base/QsdVersion.h"
 
+#include <algorithm>
 #include <cstring>
 #include <fstream>
 #include <istream>
@@ -109,10 +110,11 @@ bool QsdPSFonts_::load(const char* path, QsEncoding)
 bool QsdPSFonts_::readHeader(std::istream& stream, const char* name, QsEncoding* encoding)
 {
     bool valid = readHeaderWord(stream, "QsdPSFonts");
-    QsdSetLocaleC(true);
     double version = 0;
-    stream >> version;
-    QsdSetLocaleC(false);
+    {
+        const QsdPSClassicNumbers classicNumbers;
+        stream >> version;
+    }
     // Compared before it is truncated, so that no version is too large for the conversion.
     if (stream.eof() || !valid || version * 100.0 >= QsdGetVersion() + 1.0) {
         QsdWarning("%s Invalid header", name);
@@ -170,12 +172,16 @@ bool QsdPSFonts_::read(std::istream& stream, const char*)
 bool QsdPSFonts_::loadValue(QsdPSFontNames_* record, char* key, char* value)
 {
     if (std::strcmp(key, "Family") == 0) {
-        if (record->family() != nullptr) {
+        const bool hasFamily = record->family() != nullptr;
+        const bool isEntered = std::find(_fonts, _fonts + _count, record) != _fonts + _count;
+        if (hasFamily && !isEntered) {
             addOrReplace(new QsdPSFontNames_(record->encoding(), record->family(), record->normalName(),
                                              record->boldName(), record->italicName(), record->boldItalicName(),
                                              record->normalDownloadFileName(), record->boldDownloadFileName(),
                                              record->italicDownloadFileName(), record->boldItalicDownloadFileName()),
                          record->isDefault());
+        }
+        if (hasFamily) {
             for (const Key& k : Keys) {
                 (record->*k.set)(nullptr);
             }

@@ -6,14 +6,16 @@
 
 namespace {
 
+/// `text` may be the field's own.
 void assign(char*& field, const char* text)
 {
-    delete[] field;
-    field = nullptr;
+    char* copy = nullptr;
     if (text != nullptr) {
-        field = new char[std::strlen(text) + 1];
-        std::strcpy(field, text);
+        copy = new char[std::strlen(text) + 1];
+        std::strcpy(copy, text);
     }
+    delete[] field;
+    field = copy;
 }
 
 } // namespace

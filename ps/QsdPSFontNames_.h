@@ -21,7 +21,8 @@ public:
     QsdPSFontNames_& operator=(const QsdPSFontNames_&) = delete;
     ~QsdPSFontNames_();
 
-    /// Each setter frees the old text and keeps a copy of the new one; null is allowed.
+    /// Each setter frees the old text and keeps a copy of the new one; null, and a text of the record's own, are
+    /// allowed.
     void setFamily(const char* family);
     void setNormalName(const char* name);
     void setBoldName(const char* name);

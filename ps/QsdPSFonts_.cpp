@@ -103,7 +103,9 @@ void QsdPSFonts_::addOrReplace(QsdPSFontNames_* names, bool asDefault)
     } else {
         QsdPSFontNames_* const old = std::exchange(_fonts[index], names);
         _defaults.remove(defaultsKey(old->encoding()), old);
-        delete old;
+        if (old != names) {
+            delete old;
+        }
     }
     if (asDefault) {
         setDefault(names);

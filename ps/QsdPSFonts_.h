@@ -32,7 +32,8 @@ public:
     /// Enters `names` at the end and takes it over, unless an equal record (family with regard to case, encoding) is
     /// there: then it stays the caller's. With `asDefault` it becomes its encoding's default in either case.
     void add(QsdPSFontNames_* names, bool asDefault);
-    /// Enters `names` and takes it over: in the place of an equal record, which is deleted, else at the end.
+    /// Enters `names` and takes it over: in the place of an equal record, which is deleted, else at the end. A record
+    /// that is there itself stays in its place, and is its encoding's default if `asDefault` says so.
     void addOrReplace(QsdPSFontNames_* names, bool asDefault);
     /// Clears the marks of downloaded faces of every record, so that the next document gets its own copies.
     void resetDownloaded();
@@ -47,8 +48,9 @@ public:
     /// Reads the two header lines and stores the encoding they name. False, after a warning that begins with `name`,
     /// when they are not right.
     bool readHeader(std::istream& stream, const char* name, QsEncoding* encoding);
-    /// Applies one entry of a font map to `record`, the record being read; a new family first enters a copy of it.
-    /// `value` may be null. False for a key that nobody knows.
+    /// Applies one entry of a font map to `record`, the record being read; a new family first enters a copy of it,
+    /// unless it is entered itself: then it changes where it is. `value` may be null. False for a key that nobody
+    /// knows.
     bool loadValue(QsdPSFontNames_* record, char* key, char* value);
 
     /// Number of records, and of slots allocated for them.

@@ -219,4 +219,54 @@ TEST(FontRegistry, RecordsWithoutAFamilyAreHarmless)
     EXPECT_EQ(registry.getPSFontNames(QsEncodingLatin1, "nobody"), nullptr);
 }
 
+TEST(FontNames, SettersTakeTheirOwnText)
+{
+    const char text[] = "a text long enough to be freed for good";
+    QsdPSFontNames_ names(QsEncodingLatin1, text, text, text, text, text, text, text, text, text);
+    names.setFamily(names.family());
+    names.setNormalName(names.normalName());
+    names.setBoldName(names.boldName());
+    names.setItalicName(names.italicName());
+    names.setBoldItalicName(names.boldItalicName());
+    names.setNormalDownloadFileName(names.normalDownloadFileName());
+    names.setBoldDownloadFileName(names.boldDownloadFileName());
+    names.setItalicDownloadFileName(names.italicDownloadFileName());
+    names.setBoldItalicDownloadFileName(names.boldItalicDownloadFileName());
+    for (const char* const copy : {names.family(), names.normalName(), names.boldName(), names.italicName(),
+                                   names.boldItalicName(), names.normalDownloadFileName(), names.boldDownloadFileName(),
+                                   names.italicDownloadFileName(), names.boldItalicDownloadFileName()}) {
+        EXPECT_STREQ(copy, text);
+    }
+    names.setFamily(names.family() + 2);
+    EXPECT_STREQ(names.family(), text + 2);
+}
+
+TEST(FontRegistry, ARecordMayBeEnteredAgain)
+{
+    QsdPSFonts_ registry(20);
+    QsdPSFontNames_* const courier = registry.getPSFontNames(QsEncodingLatin1, "courier");
+    registry.addOrReplace(courier, true);
+    EXPECT_EQ(registry.count(), 14U);
+    EXPECT_EQ(registry.getPSFontNames(courier), 2);
+    EXPECT_EQ(registry.getDefaultFontNames(QsEncodingLatin1), courier);
+    registry.addOrReplace(courier, false);
+    EXPECT_EQ(registry.getDefaultFontNames(QsEncodingLatin1), nullptr);
+    EXPECT_STREQ(registry.getPSFontNames(QsEncodingLatin1, "courier")->normalName(), "Courier");
+}
+
+TEST(FontRegistry, ValuesMayGoIntoAnEnteredRecord)
+{
+    QsdPSFonts_ registry(20);
+    QsdPSFontNames_* const courier = registry.getPSFontNames(QsEncodingLatin1, "courier");
+    char family[] = "Family";
+    char name[] = "NormalName";
+    char value[] = "Mine";
+    EXPECT_TRUE(registry.loadValue(courier, family, value));
+    EXPECT_TRUE(registry.loadValue(courier, name, value));
+    EXPECT_EQ(registry.count(), 14U);
+    EXPECT_EQ(registry.getPSFontNames(QsEncodingLatin1, "mine"), courier);
+    EXPECT_STREQ(courier->normalName(), "Mine");
+    EXPECT_EQ(courier->boldName(), nullptr);
+}
+
 } // namespace
