@@ -1,13 +1,13 @@
 // Which PostScript font stands for a toolkit font.
 #include "ps/QsdPSDevice.h"
 
+#include "ps/QsdPSFontFile_p.h"
 #include "ps/QsdPSFonts_.h"
 #include "ps/QsdPSString.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsLocale.h"
 #include "toolkit/base/QsdMessages.h"
 
-#include <fstream>
 #include <string>
 #include <string_view>
 
@@ -44,12 +44,11 @@ QsdPSFontNames_* findByXNames(const QsdFont& font)
 QsdPSFontNames_* findNames(const QsdFont& font)
 {
     const QsdPSFonts_& registry = *QsdPSFonts_::GetInstance();
-    const char* const family = font.style() == QsdFontByXName ? nullptr : font.getFamily();
     QsdPSFontNames_* names = nullptr;
     if (font.style() == QsdFontByXName) {
         names = findByXNames(font);
-    } else if (family != nullptr) {
-        names = registry.getPSFontNames(CurrentEncoding, family);
+    } else if (font.getFamily() != nullptr) {
+        names = registry.getPSFontNames(CurrentEncoding, font.getFamily());
     }
     if (names == nullptr) {
         names = registry.getDefaultFontNames(CurrentEncoding);
@@ -57,8 +56,8 @@ QsdPSFontNames_* findNames(const QsdFont& font)
     if (names == nullptr) {
         names = registry.getPSFontNames(CurrentEncoding, nullptr);
     }
-    if (names == nullptr && CurrentEncoding != QsEncodingLatin1 && family != nullptr) {
-        names = registry.getPSFontNames(QsEncodingLatin1, family);
+    if (names == nullptr && CurrentEncoding != QsEncodingLatin1 && font.getFamily() != nullptr) {
+        names = registry.getPSFontNames(QsEncodingLatin1, font.getFamily());
     }
     return names;
 }
@@ -80,13 +79,13 @@ void QsdPSDevice::setFont(const QsdPalette* palette) const
     const QsdFont& font = *palette->font();
     const int size = font.size() != 0 ? font.size() : font.ascent() + font.descent() - 1;
     QsdPSFontNames_* const names = findNames(font);
-    if (names == nullptr || names->normalName() == nullptr) {
+    const QsdPSFace face = faceOf(font);
+    const char* const ownName = names == nullptr ? nullptr : names->name(face);
+    const char* const name = ownName != nullptr || names == nullptr ? ownName : names->normalName();
+    if (name == nullptr) {
         writeFontSelection(size, "Helvetica", "", false);
         return;
     }
-    const QsdPSFace face = faceOf(font);
-    const char* const ownName = names->name(face);
-    const char* const name = ownName != nullptr ? ownName : names->normalName();
     const char* const suffix = ownName != nullptr ? "" : FaceSuffixes[static_cast<unsigned>(face)];
 
     if (names->downloadFileName(face) != nullptr && !names->isDownloaded(face)) {
@@ -104,19 +103,12 @@ void QsdPSDevice::writeFontSelection(int size, const char* name, const char* suf
 
 void QsdPSDevice::writeFontFile(const char* fileName, const char* name, const char* suffix) const
 {
-    std::ifstream file(fileName, std::ios_base::in | std::ios_base::binary);
-    // A directory can be opened, but not read.
-    const bool readable = file.is_open() && (file.peek(), !file.bad());
-    if (!readable) {
-        QsdWarning("Couldn't open font file %s", fileName);
+    QsdPSFontFile file(fileName);
+    if (!file.isOpen()) {
         return;
     }
     QsdPSWriter out(_stream);
     out << EOL << "%%BeginFont: " << name << suffix << EOL;
-    char block[4096];
-    while (file.good()) {
-        file.read(block, sizeof block);
-        out << std::string_view(block, static_cast<std::size_t>(file.gcount()));
-    }
+    file.copyTo(out);
     out << EOL << "%%EndFont" << EOL;
 }

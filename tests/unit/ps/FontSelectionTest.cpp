@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <vector>
 
 namespace {
@@ -160,6 +161,57 @@ TEST_F(FontFile, EmptyIsCopiedEmpty)
     std::ofstream(path, std::ios::binary).flush();
     add("mine", path.c_str());
     EXPECT_EQ(selected("mine"), "\n%%BeginFont: Mine\n\n%%EndFont\n12/Mine qsdsf\n");
+}
+
+TEST_F(FontSelection, FacesWithANameOfTheirOwnNeedNoNormalOne)
+{
+    QsdPSFonts_::GetInstance()->add(new QsdPSFontNames_(QsEncodingLatin1, "bold only", nullptr, "Heavy", nullptr,
+                                                        nullptr, nullptr, nullptr, nullptr, nullptr),
+                                    false);
+    EXPECT_EQ(selected("bold only", QsdFontBold), "12/Heavy qsdsf\n");
+    EXPECT_EQ(selected("bold only"), "12/Helvetica qsdsf\n");
+    EXPECT_EQ(selected("bold only", QsdFontBold | QsdFontItalic), "12/Helvetica qsdsf\n");
+}
+
+TEST_F(FontSelection, FontsOfAWindowSystemFallBackToTheirFamilyToo)
+{
+    use(static_cast<QsEncoding>(99));
+    EXPECT_EQ(selected("times", QsdFontByXName), "12/Times-Roman qsdsf\n");
+}
+
+TEST_F(FontSelection, LatinRecordsStayLatinAmongSeveralByteCharacters)
+{
+    QsdGlobalContext::GetInstance().setLocale(QsLocale("ja_JP.eucJP"));
+    EXPECT_EQ(selected("times"), "12/Times-Roman qsdsf\n");
+}
+
+TEST_F(FontSelection, WithoutADefaultTheFirstRecordServes)
+{
+    const auto record = [](const char* name) {
+        return new QsdPSFontNames_(QsEncodingGBK, "fixed", name, name, name, name, nullptr, nullptr, nullptr, nullptr);
+    };
+    QsdPSFonts_& registry = *QsdPSFonts_::GetInstance();
+    registry.addOrReplace(record("Mine"), false);
+    ASSERT_EQ(registry.getDefaultFontNames(QsEncodingGBK), nullptr);
+    use(QsEncodingGBK);
+    EXPECT_EQ(selected("no such family"), "12/Mine qsdjsf\n");
+    registry.addOrReplace(record("MHeiGB-Medium"), true);
+}
+
+TEST_F(FontFile, ThatNeverEndsIsNotCopied)
+{
+    std::vector<std::string> warnings;
+    QsdSetWarningHandler(
+        [](const char* message, void* data) { static_cast<std::vector<std::string>*>(data)->push_back(message); },
+        &warnings);
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    add("pipe", path.c_str());
+    add("zeros", "/dev/zero");
+    EXPECT_EQ(selected("pipe"), "12/Mine qsdsf\n");
+    EXPECT_EQ(selected("zeros"), "12/Mine qsdsf\n");
+    EXPECT_EQ(warnings,
+              (std::vector<std::string>{"Couldn't open font file " + path, "Couldn't open font file /dev/zero"}));
+    QsdSetWarningHandler(nullptr, nullptr);
 }
 
 } // namespace
