@@ -20,8 +20,9 @@ public:
 
     void put(char c)
     {
-        if (_buffer != nullptr && _buffer->sputc(c) == std::ostream::traits_type::eof()) {
-            fail();
+        if (_buffer != nullptr && !taken(c)) {
+            _buffer = nullptr;
+            _out.setstate(std::ios_base::badbit);
         }
     }
     void put(unsigned char byte) { put(static_cast<char>(byte)); }
@@ -41,10 +42,14 @@ public:
     }
 
 private:
-    void fail()
+    /// Whether the buffer took the character; what it throws means that it did not.
+    bool taken(char c)
     {
-        _buffer = nullptr;
-        _out.setstate(std::ios_base::badbit);
+        try {
+            return _buffer->sputc(c) != std::ostream::traits_type::eof();
+        } catch (...) {
+            return false;
+        }
     }
 
     std::ostream& _out;
@@ -141,7 +146,7 @@ void writeEUC(const unsigned char* text, std::size_t length, LiteralBody& body)
 
 void WriteOutPSString(const char* text, std::ostream* out, int length)
 {
-    if (text == nullptr || out == nullptr || *text == '\0' || length == 0) {
+    if (length == 0 || text == nullptr || out == nullptr || *text == '\0') {
         return;
     }
     const auto* const bytes = reinterpret_cast<const unsigned char*>(text);

@@ -3,6 +3,7 @@
 #include "ps/QsdPSDevice.h"
 
 #include "ps/QsdPSBackground_p.h"
+#include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSClipRestorer_p.h"
 #include "ps/QsdPSString.h"
 #include "ps/QsdPSWriter_p.h"
@@ -83,14 +84,13 @@ void QsdPSDevice::openString(const QsdPalette* palette, const QsdPoint& at, cons
     }
     double x11, x12, x21, x22, x0, y0;
     verticalTransformer(font).getValues(x11, x12, x21, x22, x0, y0);
-    QsdSetLocaleC(true);
     // The ordinate has always been written unsigned, so one above the page comes out as a large number.
     const auto y =
         static_cast<std::uint32_t>(std::int64_t{at.y} - font.ascent() + ((font.ascent() + font.descent()) >> 1));
+    const QsdPSClassicNumbers classicNumbers;
     out << "G " << at.x << QsdSpc() << y;
     writeFactors(out, x11, x12, x21, x22);
     out << " 1 -1 scale(";
-    QsdSetLocaleC(false);
 }
 
 void QsdPSDevice::drawString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
@@ -121,7 +121,7 @@ void QsdPSDevice::drawIString(const QsdPalette* palette, const QsdPoint& at, con
 void QsdPSDevice::drawTransformedString(const QsdPalette* palette, const char* text, int length,
                                         const QsdTransformer& t, const QsdRegion* clip) const
 {
-    if (text == nullptr || *text == '\0' || length == 0) {
+    if (length == 0 || text == nullptr || *text == '\0') {
         return;
     }
     checkClip(palette->clipRegion());
@@ -137,15 +137,14 @@ void QsdPSDevice::drawTransformedString(const QsdPalette* palette, const char* t
     }
     double x11, x12, x21, x22, x0, y0;
     matrix.getValues(x11, x12, x21, x22, x0, y0);
-    QsdSetLocaleC(true);
     {
+        const QsdPSClassicNumbers classicNumbers;
         // The move by the ascent puts the top of the text at the transformed origin.
         QsdPSWriter out(_stream);
         out << x0 << QsdSpc() << y0;
         writeFactors(out, x11, x12, x21, x22);
         out << "0 " << font.ascent() << " rM 1 -1 scale(";
     }
-    QsdSetLocaleC(false);
     WriteOutPSString(text, _stream, length);
     QsdPSWriter(_stream) << ")" << showProcedure(font) << EOL;
 }

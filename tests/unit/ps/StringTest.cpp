@@ -1,7 +1,9 @@
 #include "ps/QsdPSString.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 namespace {
@@ -113,6 +115,37 @@ TEST(StringLiteral, AFailedStreamTakesNothing)
     out.setstate(std::ios_base::badbit);
     WriteOutPSString("abc", &out, -1);
     EXPECT_EQ(out.str(), "");
+}
+
+TEST(StringLiteral, EUCWritesTheThirdSetOutsideAKanjiRunHalfRaw)
+{
+    // The shift keeps the first byte from opening a run, so it goes into the run there is; the second opens one.
+    EXPECT_EQ(body(QsEncodingEUCJP, "\x8F\xB0\xA1"), "\xB0\\377\\001\\41");
+    EXPECT_EQ(body(QsEncodingEUCJP, "A\x8F\xB0\xA1"), "A\xB0\\377\\001\\41");
+    EXPECT_EQ(body(QsEncodingEUCJP, "\x8E\xB1\x8F\xB0\xA1"), "\\377\\002\\\xB1\\\xB0\\377\\001\\41");
+}
+
+TEST(StringLiteral, OfNoLengthIsNotLookedAt)
+{
+    CurrentEncoding = QsEncodingLatin1;
+    std::ostringstream out;
+    const auto* const unreadable = reinterpret_cast<const char*>(std::uintptr_t{1});
+    WriteOutPSString(unreadable, &out, 0);
+    EXPECT_EQ(out.str(), "");
+}
+
+TEST(StringLiteral, WhatABufferThrowsStaysInside)
+{
+    class Throwing : public std::streambuf {
+        int_type overflow(int_type) override { throw std::runtime_error("no"); }
+    };
+    for (const QsEncoding encoding : {QsEncodingLatin1, QsEncodingEUCJP, QsEncodingShiftJIS}) {
+        CurrentEncoding = encoding;
+        Throwing buffer;
+        std::ostream out(&buffer);
+        EXPECT_NO_THROW(WriteOutPSString("abc", &out, -1));
+        EXPECT_TRUE(out.bad());
+    }
 }
 
 } // namespace

@@ -5,8 +5,11 @@
 #include "toolkit/graphics/QsdBidiString.h"
 
 #include <clocale>
+#include <cstdint>
 #include <gtest/gtest.h>
+#include <ostream>
 #include <stdexcept>
+#include <streambuf>
 
 namespace {
 
@@ -217,6 +220,90 @@ TEST_F(Text, BidirectionalStringsAreNotDrawn)
     fresh.device.drawIString(fresh.palette.get(), {0, 0}, &text, 3, QsdPositionNone);
     fresh.device.drawTransformedString(fresh.palette.get(), &text, 3, QsdTransformer(), nullptr);
     EXPECT_EQ(fresh.device.taken(), "");
+}
+
+TEST_F(Text, OpaqueStringsInEveryShowProcedure)
+{
+    const std::string box = "G dup true charpath pathbbox n 4 2 roll 2 copy M\n"
+                            "3 index exch L 3 -1 roll 2 index L exch L c 1 setgray\n";
+    useFont("helvetica", QsdFontUnderlined);
+    EXPECT_EQ(opaque("Hi"), " G n 10 20 M 1 -1 scale(Hi)\n" + box + " fill g qsdushow g\n");
+    use("ja_JP.eucJP");
+    useFont("fixed");
+    EXPECT_EQ(opaque("Hi"), " G n 10 20 M 1 -1 scale(Hi)\n" + box + " fill g qsdjshow g\n");
+}
+
+TEST_F(Text, TransformedUnderlinedStringOfSeveralByteCharacters)
+{
+    use("ja_JP.eucJP");
+    useFont("fixed", QsdFontUnderlined);
+    const std::string ascent = std::to_string(open.palette->font()->ascent());
+    EXPECT_EQ(transformed("Hi", QsdTransformer()),
+              " G \n0 0 M[1 0 0 1 0 0]concat\n0 " + ascent + " rM 1 -1 scale(Hi)qsdjushow g\n");
+}
+
+TEST_F(Text, TransformedVerticalString)
+{
+    use("ja_JP.SJIS");
+    useFont("@mincho");
+    ASSERT_EQ(open.palette->font()->ascent(), 11);
+    ASSERT_EQ(open.palette->font()->descent(), 3);
+    EXPECT_EQ(transformed("A", QsdTransformer(2, 0, 0, 3, 10, 20)),
+              " G \n32 -1 M[0 3 -2 0 0 0]concat\n0 11 rM 1 -1 scale(\\101)qsdjshow g\n");
+}
+
+TEST_F(Text, TransformedStringOfNoLengthIsNotLookedAt)
+{
+    const auto* const unreadable = reinterpret_cast<const char*>(std::uintptr_t{1});
+    EXPECT_EQ(transformed(unreadable, QsdTransformer(), nullptr, 0), "");
+}
+
+/// Takes everything; the flush of the line that is told fails.
+class FailingBuffer : public std::streambuf {
+public:
+    int failAt = -1;
+
+private:
+    int_type overflow(int_type c) override { return c; }
+    int sync() override { return failAt-- == 0 ? -1 : 0; }
+};
+
+/// A device on such a buffer, whose stream throws when it fails.
+class ThrowingDevice : public QsdPSDevice {
+public:
+    explicit ThrowingDevice(QsdDisplay* display) : QsdPSDevice(display, QsdPSRGB) {}
+    std::ostream* openStream(const char*) override
+    {
+        auto* const stream = new std::ostream(&buffer);
+        stream->exceptions(std::ios_base::badbit);
+        return stream;
+    }
+
+    FailingBuffer buffer;
+};
+
+TEST_F(Text, NumberConventionsComeBackWhenTheStreamThrows)
+{
+    if (std::setlocale(LC_NUMERIC, "de_DE.UTF-8") == nullptr) {
+        GTEST_SKIP() << "no locale with a decimal comma";
+    }
+    use("ja_JP.SJIS");
+    useFont("@mincho");
+    for (const bool isTransformed : {false, true}) {
+        ThrowingDevice device(&open.display);
+        device.initDevice("unused", nullptr);
+        device.setCurrentPalette(open.palette.get());
+        device.buffer.failAt = isTransformed ? 1 : 0;
+        if (isTransformed) {
+            EXPECT_THROW(device.drawTransformedString(open.palette.get(), "A", -1, QsdTransformer(), nullptr),
+                         std::ios_base::failure);
+        } else {
+            EXPECT_THROW(device.drawString(open.palette.get(), {1, 2}, "A", -1, QsdPositionNone),
+                         std::ios_base::failure);
+        }
+        EXPECT_STREQ(std::localeconv()->decimal_point, ",");
+    }
+    std::setlocale(LC_NUMERIC, "C");
 }
 
 } // namespace
