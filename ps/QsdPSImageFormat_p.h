@@ -12,7 +12,7 @@ public:
     enum Kind : std::uint8_t { Grey, Color, Indexed };
 
     /// For pixels of one component (grey) or three (red, green, blue).
-    explicit QsdPSImageFormat(unsigned components) : _components(components), _isGrey(components == 1) {}
+    explicit QsdPSImageFormat(unsigned components) : _components(components) {}
 
     /// Takes `count` more pixels into account.
     void look(const unsigned char* samples, std::size_t count);
@@ -36,7 +36,7 @@ private:
     static constexpr std::size_t Slots = 1024;
 
     unsigned _components;
-    bool _isGrey;
+    bool _isGrey = true;
     bool _fewColors = true;
     std::size_t _count = 0;
     std::array<std::uint32_t, MaxColors> _colors{};

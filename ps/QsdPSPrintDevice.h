@@ -19,7 +19,8 @@ struct QsdPSTile;
 /// sent to other pages, and the bounding box does not know what it paints. The samples of colour bitmaps are written
 /// without a call of writeImage, which is kept for derived devices' own use.
 ///
-/// Levels other than 1 and 2 are taken as 3.
+/// An encoder whose decoder is a filter must write the filter's end mark, since images are read up to it. Levels other
+/// than 1 and 2 are taken as 3.
 class QsdPSPrintDevice : public QsdPSDevice {
 public:
     QsdPSPrintDevice(QsdDisplay* display, QsdPSColorModel model);
