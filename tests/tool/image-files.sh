@@ -155,7 +155,18 @@ if [ -e /dev/full ]; then
     expect_status 1 timeout 5 "$tool" large.png -o /dev/full
     expect_message 'No space left'
 fi
-rm large.png many.ps
+
+# How far a long run has come is shown on a terminal, and gone in the end.
+if command -v script >/dev/null; then
+    script -qec "$tool --progress large.png -o large.ps" /dev/null >shown
+    grep -q 'page 1 of 1, [1-9][0-9]* %' shown || fail "no progress on a terminal"
+    script -qec "$tool -q --progress large.png -o large.ps" /dev/null >shown
+    [ ! -s shown ] || fail "quiet runs show: $(cat shown)"
+    rm shown large.ps
+fi
+expect_status 0 "$tool" --progress large.png -o large.ps
+[ ! -s err ] || fail "progress away from terminals"
+rm large.png large.ps many.ps
 
 # A link stays a link, to a file that is there or is not.
 mkdir other
