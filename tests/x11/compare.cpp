@@ -96,7 +96,7 @@ QsdTransformer randomTransformer(Dice& dice)
 }
 
 constexpr unsigned OfLines = 15;
-constexpr unsigned OfPictures = 5;
+constexpr unsigned OfPictures = 3;
 
 constexpr Call Calls[] = {
     {"points",
@@ -321,7 +321,7 @@ void compareCalls(QsdXDisplay& xDisplay, std::uint16_t depth, unsigned firstSeed
     QsdBitmap bitmap(&memory, Width, Height, depth);
     ASSERT_EQ(pixmap.depth(), bitmap.depth());
     const QsdRGB ground{255, 255, 255};
-    constexpr unsigned Rounds = 60;
+    constexpr unsigned Rounds = 40;
     for (const Call& call : Calls) {
         for (unsigned seed = firstSeed; seed < firstSeed + Rounds; ++seed) {
             for (QsdSystemPort* const port :

@@ -25,24 +25,20 @@ unsigned levelsFor(unsigned cells)
 
 } // namespace
 
+QsdXChannel::QsdXChannel(unsigned long mask) : _shift(mask == 0 ? 0 : std::countr_zero(mask)), _most(mask >> _shift) {}
+
 unsigned long QsdXChannel::bits(unsigned component) const
 {
-    if (mask == 0) {
-        return 0;
-    }
-    const int shift = std::countr_zero(mask);
-    const unsigned long most = mask >> shift;
-    return ((component * most + MostComponent / 2) / MostComponent) << shift;
+    return (_most == MostComponent ? component : (component * _most + MostComponent / 2) / MostComponent) << _shift;
 }
 
 unsigned QsdXChannel::component(unsigned long pixel) const
 {
-    if (mask == 0) {
-        return 0;
+    const unsigned long bits = pixel >> _shift & _most;
+    if (_most == MostComponent || _most == 0) {
+        return static_cast<unsigned>(bits);
     }
-    const int shift = std::countr_zero(mask);
-    const unsigned long most = mask >> shift;
-    return static_cast<unsigned>((((pixel & mask) >> shift) * MostComponent + most / 2) / most);
+    return static_cast<unsigned>((bits * MostComponent + _most / 2) / _most);
 }
 
 QsdXColors::QsdXColors(std::shared_ptr<QsdXConnection> connection)
@@ -55,18 +51,19 @@ QsdXColors::QsdXColors(std::shared_ptr<QsdXConnection> connection)
         _setIsWhite = BlackPixel(display, _connection->screen()) == 0;
         _table = QsdColorTable::BlackAndWhite();
     } else if (_depth <= 8) {
-        const bool writable = visual->c_class == PseudoColor || visual->c_class == GrayScale;
+        const bool writable =
+            visual->c_class == PseudoColor || visual->c_class == GrayScale || visual->c_class == DirectColor;
         _shared.fill(!writable);
         if (writable) {
             allocateCube();
         }
         refresh();
     } else {
-        _red.mask = visual->red_mask;
-        _green.mask = visual->green_mask;
-        _blue.mask = visual->blue_mask;
+        _red = QsdXChannel(visual->red_mask);
+        _green = QsdXChannel(visual->green_mask);
+        _blue = QsdXChannel(visual->blue_mask);
         const unsigned long all = _depth >= 32 ? 0xFFFFFFFFUL : (1UL << _depth) - 1;
-        _otherBits = all & ~(_red.mask | _green.mask | _blue.mask);
+        _otherBits = all & ~(_red.mask() | _green.mask() | _blue.mask());
     }
 }
 

@@ -12,13 +12,20 @@
 #include <vector>
 
 /// Where a direct colour pixel has one of its components.
-struct QsdXChannel {
-    unsigned long mask = 0;
+class QsdXChannel {
+public:
+    QsdXChannel() = default;
+    explicit QsdXChannel(unsigned long mask);
 
+    [[nodiscard]] unsigned long mask() const { return _most << _shift; }
     /// The bits that stand for a component of 0 to 255.
     [[nodiscard]] unsigned long bits(unsigned component) const;
     /// The component that the bits of `pixel` stand for.
     [[nodiscard]] unsigned component(unsigned long pixel) const;
+
+private:
+    int _shift = 0;
+    unsigned long _most = 0;
 };
 
 /// Translates between the pixels of the screen's default visual and the values of QsdPixels: 0xRRGGBB above a depth of

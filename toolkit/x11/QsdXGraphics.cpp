@@ -76,7 +76,14 @@ void QsdXGraphics::setClip(const QsdRegion& region)
         const QsdRect& rect = region.rects()[i];
         rectangles.push_back(QsdXRectangle(rect.x, rect.y, rect.width, rect.height));
     }
-    XSetClipRectangles(display(), _gc, 0, 0, rectangles.data(), static_cast<int>(rectangles.size()), Unsorted);
+    setClip(rectangles);
+}
+
+void QsdXGraphics::setClip(const std::vector<XRectangle>& rectangles)
+{
+    // Xlib does not change what it is given, but does not promise so.
+    XSetClipRectangles(display(), _gc, 0, 0, const_cast<XRectangle*>(rectangles.data()),
+                       static_cast<int>(rectangles.size()), Unsorted);
 }
 
 void QsdXGraphics::setPlain(unsigned long foreground, unsigned long background)
@@ -163,30 +170,31 @@ Pixmap QsdXGraphics::makePixmap(const QsdPixels& pixels, unsigned long set, unsi
     return pixmap;
 }
 
-void QsdXGraphics::fillRectangles(std::vector<XRectangle> rectangles)
+void QsdXGraphics::fillRectangles(const std::vector<XRectangle>& rectangles)
 {
     if (!rectangles.empty()) {
-        XFillRectangles(display(), _pixmap, _gc, rectangles.data(), static_cast<int>(rectangles.size()));
+        XFillRectangles(display(), _pixmap, _gc, const_cast<XRectangle*>(rectangles.data()),
+                        static_cast<int>(rectangles.size()));
     }
 }
 
-void QsdXGraphics::put(const QsdPixels& pixels, const QsdPoint& at, const QsdPixels* mask)
+void QsdXGraphics::put(const QsdPixels& pixels, const QsdPoint& at, const QsdPixels& mask)
 {
     const QsdXColors& colors = _display.xColors();
     setPlain(colors.pixel(1, 1), colors.pixel(0, 1));
     _clip.reset();
-    Pixmap clip = 0;
-    if (mask != nullptr) {
-        clip = makePixmap(*mask, 1, 0);
-        XSetClipOrigin(display(), _gc, at.x, at.y);
+    const std::vector<XRectangle> covered = QsdXRectanglesOf(mask, at);
+    if (covered.size() <= MostClipRectangles) {
+        setClip(covered);
+        putImage(*_connection, colors, _pixmap, _gc, pixels, at);
+        return;
     }
+    const Pixmap clip = makePixmap(mask, 1, 0);
+    XSetClipOrigin(display(), _gc, at.x, at.y);
     XSetClipMask(display(), _gc, clip);
     putImage(*_connection, colors, _pixmap, _gc, pixels, at);
-    if (clip != 0) {
-        XSetClipMask(display(), _gc, None);
-        XSetClipOrigin(display(), _gc, 0, 0);
-        XFreePixmap(display(), clip);
-    }
+    XSetClipMask(display(), _gc, None);
+    XFreePixmap(display(), clip);
 }
 
 bool QsdXGraphics::get(const QsdRect& from, std::uint32_t x, std::uint32_t y, QsdPixels& pixels) const

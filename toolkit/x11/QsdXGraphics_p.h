@@ -47,10 +47,9 @@ public:
     /// Draws solid lines of `width` pixels with butt ends and mitred corners; 0: thin ones.
     void setLineWidth(int width);
 
-    void fillRectangles(std::vector<XRectangle> rectangles);
-    /// Puts pixels of the drawable's depth with their corner at `at`, or only those whose bit in `mask` (of the same
-    /// size, null: none) is set.
-    void put(const QsdPixels& pixels, const QsdPoint& at, const QsdPixels* mask);
+    void fillRectangles(const std::vector<XRectangle>& rectangles);
+    /// Puts those pixels of the drawable's depth, their corner at `at`, whose bit in `mask`, of the same size, is set.
+    void put(const QsdPixels& pixels, const QsdPoint& at, const QsdPixels& mask);
     /// Reads the pixels of `from`, which must be inside, to (x, y) of `pixels`; false when they cannot be read.
     [[nodiscard]] bool get(const QsdRect& from, std::uint32_t x, std::uint32_t y, QsdPixels& pixels) const;
 
@@ -64,6 +63,7 @@ private:
     [[nodiscard]] Pixmap tileFor(const QsdPalette& palette, bool stipple);
     /// A new pixmap; `set` and `unset` are what one-bit pixels are given.
     [[nodiscard]] Pixmap makePixmap(const QsdPixels& pixels, unsigned long set, unsigned long unset) const;
+    void setClip(const std::vector<XRectangle>& rectangles);
     void setPlain(unsigned long foreground, unsigned long background);
 
     QsdXDisplay& _display;

@@ -6,13 +6,39 @@
 
 // XGetPixel and XPutPixel know every layout that servers have.
 
+namespace {
+
+/// Translates pixel by pixel; neighbours are often equal.
+template <class From, class To, class Translate>
+class Translation {
+public:
+    explicit Translation(Translate translate) : _translate(translate), _to(translate(_from)) {}
+
+    [[nodiscard]] To operator()(From from)
+    {
+        if (from != _from) {
+            _from = from;
+            _to = _translate(from);
+        }
+        return _to;
+    }
+
+private:
+    Translate _translate;
+    From _from = 0;
+    To _to;
+};
+
+} // namespace
+
 void QsdXReadImage(XImage& image, const QsdXColors& colors, std::uint32_t x, std::uint32_t y, QsdPixels& pixels)
 {
+    const auto translate = [&](unsigned long pixel) { return colors.value(pixel, pixels.depth()); };
+    Translation<unsigned long, QsdPixels::Value, decltype(translate)> valueOf(translate);
     for (int row = 0; row < image.height; ++row) {
         for (int column = 0; column < image.width; ++column) {
-            const unsigned long pixel = XGetPixel(&image, column, row);
             pixels.set(x + static_cast<std::uint32_t>(column), y + static_cast<std::uint32_t>(row),
-                       colors.value(pixel, pixels.depth()));
+                       valueOf(XGetPixel(&image, column, row)));
         }
     }
 }
@@ -41,10 +67,11 @@ QsdXImageHandle QsdXMakeImage(const QsdXConnection& connection, const QsdXColors
         std::memcpy(image->data, pixels.row(first), pixels.rowBytes() * rows);
         return image;
     }
+    const auto translate = [&](QsdPixels::Value value) { return colors.pixel(value, pixels.depth()); };
+    Translation<QsdPixels::Value, unsigned long, decltype(translate)> pixelOf(translate);
     for (std::uint32_t y = 0; y < rows; ++y) {
         for (std::uint32_t x = 0; x < pixels.width(); ++x) {
-            const unsigned long pixel = colors.pixel(pixels.get(x, first + y), pixels.depth());
-            XPutPixel(image.get(), static_cast<int>(x), static_cast<int>(y), pixel);
+            XPutPixel(image.get(), static_cast<int>(x), static_cast<int>(y), pixelOf(pixels.get(x, first + y)));
         }
     }
     return image;

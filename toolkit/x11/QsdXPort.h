@@ -121,6 +121,13 @@ private:
         /// Where a point comes to lie; nothing for one too far away for X's coordinates.
         [[nodiscard]] std::optional<QsdPoint> operator()(const QsdPoint& point) const;
     };
+    /// Where a picture of so many pixels lies.
+    struct PicturePlace {
+        QsdTransformer placing; ///< from its own coordinates to those of the call
+        std::uint32_t width;
+        std::uint32_t height;
+        const QsdRect* clip; ///< null: none
+    };
     /// How a text lies at its anchor.
     struct TextForm {
         QsdPosition position;
@@ -142,8 +149,10 @@ private:
     void stroke(const QsdPalette& palette, const Extent& extent, const ShapeDrawing& draw) const;
     void fill(const QsdPalette& palette, const Extent& extent, const ShapeDrawing& draw) const;
     [[nodiscard]] bool strokeDirectly(const QsdPalette& palette, unsigned long count, const QsdPoint* points) const;
-    void drawPicture(const QsdPalette& palette, const QsdSystemPort& source, const QsdRect& bounds, bool transparent,
-                     const PictureDrawing& draw) const;
+    [[nodiscard]] std::unique_ptr<QsdBitmap> outlineOf(const QsdPalette& palette, const PicturePlace& place,
+                                                       const QsdRect& area) const;
+    void drawPicture(const QsdPalette& palette, const QsdSystemPort& source, const PicturePlace& place,
+                     bool transparent, const PictureDrawing& draw) const;
     void drawBitmapPart(const QsdPalette& palette, const QsdSystemPort& source, const QsdRect& rect, const QsdPoint& at,
                         bool transparent) const;
     void drawWholeBitmap(const QsdPalette& palette, const QsdPoint& at, const QsdBitmap& bitmap,

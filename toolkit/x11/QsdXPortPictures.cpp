@@ -1,5 +1,7 @@
 // Bitmaps and pixels drawn with the X server.
 #include "toolkit/port/QsdBitmap.h"
+#include "toolkit/port/QsdBitmapPath_p.h"
+#include "toolkit/raster/QsdPainter.h"
 #include "toolkit/x11/QsdXDisplay.h"
 #include "toolkit/x11/QsdXGraphics_p.h"
 #include "toolkit/x11/QsdXPort.h"
@@ -9,59 +11,62 @@
 
 namespace {
 
-QsdRect wholeOf(const QsdBitmap& bitmap)
-{
-    return {0, 0, bitmap.pixels().width(), bitmap.pixels().height()};
-}
-
-/// Where a bitmap comes to lie.
-QsdRect boundsOf(const QsdBitmap& bitmap, const QsdPoint& at, const QsdTransformer& t)
+/// The factors of `t` with `at` as the translation.
+QsdTransformer placed(const QsdTransformer& t, const QsdPoint& at)
 {
     double x11, x12, x21, x22, x0, y0;
     t.getValues(x11, x12, x21, x22, x0, y0);
-    const QsdTransformer placed(x11, x12, x21, x22, at.x, at.y);
-    return placed.transform(wholeOf(bitmap));
+    return {x11, x12, x21, x22, static_cast<double>(at.x), static_cast<double>(at.y)};
 }
 
 } // namespace
 
+std::unique_ptr<QsdBitmap> QsdXPort::outlineOf(const QsdPalette& palette, const PicturePlace& place,
+                                               const QsdRect& area) const
+{
+    QsdTransformer matrix = place.placing;
+    matrix.compose(_transformer).translate(-area.x, -area.y);
+    QsdBitmapPath outline(matrix, QsdBitmapPath::PixelCorner);
+    outline.addRectangle({0, 0, place.width, place.height});
+    QsdRegion visible = visibleRegion(palette, place.clip);
+    visible.translate(-area.x, -area.y);
+    auto mask = std::make_unique<QsdBitmap>(&_xDisplay, area.width, area.height, std::uint16_t{1});
+    QsdPainter(mask->pixels(), visible, {1, {}, nullptr}).fill(outline.chains(), true);
+    return mask;
+}
+
 // A picture is made in a bitmap as large as what can be seen of it, and sent through a mask of what it covers. Both are
 // made before anything changes, because the source may be this very port.
-void QsdXPort::drawPicture(const QsdPalette& palette, const QsdSystemPort& source, const QsdRect& bounds,
+void QsdXPort::drawPicture(const QsdPalette& palette, const QsdSystemPort& source, const PicturePlace& place,
                            bool transparent, const PictureDrawing& draw) const
 {
-    const QsdRect area = visibleArea({bounds});
+    const QsdRect area = visibleArea({place.placing.transform(QsdRect{0, 0, place.width, place.height})});
     if (isBad() || area.isEmpty()) {
         return;
     }
-    // Ink makes set bits of both colours, so an opaque picture of one bit covers all that it reaches.
-    const auto coverageOf = [&](const QsdSystemPort& bits, bool setBitsOnly) {
+    const auto coverageOf = [&](const QsdSystemPort& bits) {
         return coverage(palette, area,
-                        [&](const QsdBitmap& target, const QsdPalette* ink) { draw(target, ink, bits, setBitsOnly); });
+                        [&](const QsdBitmap& target, const QsdPalette* ink) { draw(target, ink, bits, true); });
     };
     if (source.depth() == 1) {
-        const std::unique_ptr<QsdBitmap> bits = coverageOf(source, true);
-        const std::unique_ptr<QsdBitmap> outline = transparent ? nullptr : coverageOf(source, false);
-        if (outline != nullptr) {
+        const std::unique_ptr<QsdBitmap> bits = coverageOf(source);
+        if (!transparent) {
             _graphics->setColor(*palette.background());
-            fillCovered(*outline, area);
+            fillCovered(*outlineOf(palette, place, area), area);
         }
         _graphics->setColor(*palette.foreground());
         fillCovered(*bits, area);
     } else {
-        const QsdBitmap* const bitmap = source.isABitmap() ? static_cast<const QsdBitmap*>(&source) : nullptr;
-        const QsdBitmap* const mask = transparent && bitmap != nullptr ? bitmap->mask() : nullptr;
+        const QsdSystemPort* const mask =
+            transparent && source.isABitmap() ? static_cast<const QsdBitmap&>(source).mask() : nullptr;
         if (transparent && mask == nullptr) {
             return;
         }
-        // What reaches beyond a drawable counts too, so only a bitmap drawn as a whole needs its size.
-        const QsdRect size = bitmap == nullptr ? QsdRect{} : wholeOf(*bitmap);
-        const std::unique_ptr<QsdBitmap> covered =
-            mask != nullptr ? coverageOf(*mask, true)
-                            : coverageOf(QsdBitmap(&_xDisplay, size.width, size.height, 1), false);
         const std::unique_ptr<QsdBitmap> picture = bitmapFor(area, depth());
         draw(*picture, &palette, source, false);
-        _graphics->put(picture->pixels(), {area.x, area.y}, &covered->pixels());
+        const std::unique_ptr<QsdBitmap> covered =
+            mask != nullptr ? coverageOf(*mask) : outlineOf(palette, place, area);
+        _graphics->put(picture->pixels(), {area.x, area.y}, covered->pixels());
     }
     finish();
 }
@@ -102,7 +107,7 @@ bool QsdXPort::copyDirectly(const QsdPalette& palette, const QsdSystemPort& sour
 void QsdXPort::drawBitmapPart(const QsdPalette& palette, const QsdSystemPort& source, const QsdRect& rect,
                               const QsdPoint& at, bool transparent) const
 {
-    drawPicture(palette, source, {at.x, at.y, rect.width, rect.height}, transparent,
+    drawPicture(palette, source, {placed({}, at), rect.width, rect.height, nullptr}, transparent,
                 [&](const QsdBitmap& target, const QsdPalette* colors, const QsdSystemPort& what, bool setBitsOnly) {
                     setBitsOnly ? target.drawTransparentBitmap(colors, &what, rect, at)
                                 : target.drawBitmap(colors, &what, rect, at);
@@ -126,7 +131,7 @@ void QsdXPort::drawTransparentBitmap(const QsdPalette* palette, const QsdSystemP
 void QsdXPort::drawWholeBitmap(const QsdPalette& palette, const QsdPoint& at, const QsdBitmap& bitmap,
                                const QsdTransformer& t, const QsdRect* clip, bool transparent) const
 {
-    drawPicture(palette, bitmap, boundsOf(bitmap, at, t), transparent,
+    drawPicture(palette, bitmap, {placed(t, at), bitmap.pixels().width(), bitmap.pixels().height(), clip}, transparent,
                 [&](const QsdBitmap& target, const QsdPalette* colors, const QsdSystemPort& what, bool setBitsOnly) {
                     const auto* const picture = static_cast<const QsdBitmap*>(&what);
                     setBitsOnly ? target.stretchTransparentBitmap(colors, at, picture, t, clip)

@@ -96,15 +96,15 @@ void QsdXPort::drawTextAsPicture(const QsdPalette& palette, const QsdXFace& face
                                  const QsdRect* clip, std::string_view text, const TextForm& form) const
 {
     // Slanted letters stick out of their advances.
-    const int overhang = form.opaque ? 0 : face.ascent() / 2;
+    const std::int32_t overhang = form.opaque ? 0 : face.ascent() / 2;
     const std::int64_t width = face.width(text);
+    const std::int64_t whole = width + std::int64_t{2} * overhang;
     const int height = face.ascent() + face.descent();
-    if (width + 2 * overhang <= 0 || height <= 0) {
+    if (whole <= 0 || height <= 0) {
         return;
     }
     // More cannot be seen at once but when it is made very small.
-    const auto kept =
-        static_cast<std::uint32_t>(std::min<std::int64_t>(width + 2 * overhang, QsdXGraphics::MostPixels));
+    const auto kept = static_cast<std::uint32_t>(std::min<std::int64_t>(whole, QsdXGraphics::MostPixels));
     const QsdXPixmap letters(&_xDisplay, kept, static_cast<std::uint32_t>(height), 1);
     const auto ink = QsdHandle<QsdPalette>::Adopt(new QsdPalette(&palette));
     ink->setForeground(_xDisplay.black());

@@ -109,10 +109,11 @@ std::map<std::string, std::string> QsdXResources(const QsdXConnection& connectio
     for (const std::string& found : names) {
         // A line may name the class of a resource, which stands for the resource too.
         for (const std::string& resource : {found, uncapitalised(found)}) {
+            const std::string fullName = std::string(name).append(".").append(resource);
+            const std::string fullClass = std::string(className).append(".").append(capitalised(resource));
             char* type = nullptr;
             XrmValue value{};
-            if (XrmGetResource(database.get(), (name + "." + resource).c_str(),
-                               (className + "." + capitalised(resource)).c_str(), &type, &value) != False) {
+            if (XrmGetResource(database.get(), fullName.c_str(), fullClass.c_str(), &type, &value) != False) {
                 // Its size counts the terminating zero.
                 resources[resource] = static_cast<const char*>(value.addr);
             }
