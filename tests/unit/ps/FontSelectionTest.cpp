@@ -120,7 +120,12 @@ TEST_F(FontSelection, WindowSystemNamesAreParsed)
 
 class FontFile : public FontSelection {
 protected:
-    FontFile() : path(::testing::TempDir() + "dravonset-font-file") {}
+    /// Tests run side by side, each with a file of its own.
+    FontFile()
+        : path(::testing::TempDir() + "dravonset-font-file-" +
+               ::testing::UnitTest::GetInstance()->current_test_info()->name())
+    {
+    }
     ~FontFile() override { std::remove(path.c_str()); }
 
     const std::string path;
