@@ -13,6 +13,21 @@
 #include <utility>
 #include <vector>
 
+/// Throws std::bad_alloc when more than 256 MiB of the pixels of `rect` lie outside a source of that size: they are
+/// nothing but zeros, which no memory should be spent on.
+inline void QsdRefuseMostlyOutside(const QsdRect& rect, unsigned long width, unsigned long height, bool oneBit)
+{
+    constexpr std::uint64_t MostBytes = std::uint64_t{1} << 28;
+    const auto side = [](unsigned long length) {
+        return static_cast<std::uint32_t>(std::min<unsigned long>(length, UINT32_MAX));
+    };
+    const QsdRect inside = rect.intersected({0, 0, side(width), side(height)});
+    const std::uint64_t outside = std::uint64_t{rect.width} * rect.height - std::uint64_t{inside.width} * inside.height;
+    if (outside > (oneBit ? MostBytes * 8 : MostBytes / 4)) {
+        throw std::bad_alloc();
+    }
+}
+
 /// Neighbouring colour pixels of one row.
 struct QsdPixelRun {
     const unsigned char* data;
@@ -70,17 +85,7 @@ public:
 private:
     static const QsdRect& checked(const QsdSystemPort* port, const QsdRect& rect)
     {
-        constexpr std::uint64_t MostZeros = std::uint64_t{1} << 28;
-        const auto side = [](unsigned long length) {
-            return static_cast<std::uint32_t>(std::min<unsigned long>(length, UINT32_MAX));
-        };
-        const QsdRect inside = rect.intersected({0, 0, side(port->width()), side(port->height())});
-        const std::uint64_t pixels =
-            std::uint64_t{rect.width} * rect.height - std::uint64_t{inside.width} * inside.height;
-        const std::uint64_t most = port->depth() == 1 ? MostZeros * 8 : MostZeros / 4;
-        if (pixels > most) {
-            throw std::bad_alloc();
-        }
+        QsdRefuseMostlyOutside(rect, port->width(), port->height(), port->depth() == 1);
         return rect;
     }
 

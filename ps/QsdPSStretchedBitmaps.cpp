@@ -210,6 +210,7 @@ void QsdPSDevice::stretchBitmapData(const QsdPalette* palette, const QsdBitmapDa
     if (source == nullptr) {
         return;
     }
+    QsdRefuseMostlyOutside(from, source->width(), source->height(), false);
     QsdRGBBitmapData pixels(from.width, from.height);
     pixels.copy(*source, from, QsdPoint{});
     const QsdBitmap bitmap(display(), pixels);

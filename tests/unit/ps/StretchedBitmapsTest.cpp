@@ -263,6 +263,17 @@ TEST(StretchedBitmap, OfAnotherDepthThanThePalettesDisplay)
     EXPECT_EQ(d.taken(), "start [02 03 04] [00 00 00] end start [00 00 00] end");
 }
 
+TEST(StretchedBitmapData, AreasFarBeyondTheSourceAreRefused)
+{
+    SampleDevice d;
+    const QsdRGBBitmapData data(1, 1);
+    ASSERT_THROW(d.stretchBitmapData(d.palette.get(), &data, {0, 0, 0x4000002, 1}, {0, 0, 9, 9}, false),
+                 std::bad_alloc);
+    EXPECT_THROW(d.stretchBitmapData(d.palette.get(), &data, {0, 0, 0xFFFFFFFF, 1}, {0, 0, 9, 9}, false),
+                 std::bad_alloc);
+    EXPECT_EQ(d.taken(), "");
+}
+
 TEST(StretchedBitmap, NullDrawsNothing)
 {
     OpenDevice open;
