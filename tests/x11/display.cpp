@@ -18,9 +18,11 @@ using DisplayTest = XTest;
 /// Sets the server's resource property as long as it lives.
 class ResourceProperty {
 public:
-    explicit ResourceProperty(const char* text) : _display(XOpenDisplay(nullptr))
+    /// The property of the whole server, or that of the screen.
+    explicit ResourceProperty(const char* text, const char* name = "RESOURCE_MANAGER")
+        : _display(XOpenDisplay(nullptr)), _name(XInternAtom(_display, name, False))
     {
-        XChangeProperty(_display, DefaultRootWindow(_display), XA_RESOURCE_MANAGER, XA_STRING, 8, PropModeReplace,
+        XChangeProperty(_display, DefaultRootWindow(_display), _name, XA_STRING, 8, PropModeReplace,
                         reinterpret_cast<const unsigned char*>(text), static_cast<int>(std::strlen(text)));
         XSync(_display, False);
     }
@@ -28,12 +30,13 @@ public:
     ResourceProperty& operator=(const ResourceProperty&) = delete;
     ~ResourceProperty()
     {
-        XDeleteProperty(_display, DefaultRootWindow(_display), XA_RESOURCE_MANAGER);
+        XDeleteProperty(_display, DefaultRootWindow(_display), _name);
         XCloseDisplay(_display);
     }
 
 private:
     Display* _display;
+    Atom _name;
 };
 
 TEST(Display, AServerThatIsNotThereIsReported)
@@ -91,6 +94,16 @@ TEST_F(DisplayTest, ResourcesComeFromTheServerByNameAndClass)
     EXPECT_STREQ(viewer->getResource("paperWidth", "none"), "500");
     // Another application has nothing but what is everybody's.
     EXPECT_STREQ(QsdXDisplay::Open(nullptr, "editor")->getResource("paperHeight", "none"), "none");
+}
+
+TEST_F(DisplayTest, ResourcesOfTheScreenReplaceThoseOfTheServer)
+{
+    const ResourceProperty server("*paperWidth: 300\n*paperHeight: 400\n");
+    const ResourceProperty screen("*paperWidth: 301\n", "SCREEN_RESOURCES");
+    const std::unique_ptr<QsdXDisplay> viewer = QsdXDisplay::Open(nullptr, "viewer");
+    ASSERT_NE(viewer, nullptr);
+    EXPECT_STREQ(viewer->getResource("paperWidth", "none"), "301");
+    EXPECT_STREQ(viewer->getResource("paperHeight", "none"), "400");
 }
 
 TEST_F(DisplayTest, ResourcesComeFromFilesUnderThoseOfTheUser)

@@ -26,10 +26,10 @@ union _XEvent;
 /// the process, as it does when the server breaks off while the connection is being made.) Other connections of the
 /// process, made with Xlib directly, keep the error handlers they had.
 ///
-/// Resources come from the program, then from X (the server's resource property or, where there is none, the file
-/// .Xdefaults in the home folder, then the file that XENVIRONMENT names, over the application's defaults file), as
-/// "application.name" with the application's name and class (the same with a capital), then as on every display. Those
-/// of X are entered as settings of the display when it is opened.
+/// Resources come from the program, then from X, as "application.name" with the application's name and class (the same
+/// with a capital), then as on every display. X has those of the file that XENVIRONMENT names, of the screen's and of
+/// the server's resource property (without the latter, of the file .Xdefaults in the home folder) and of the
+/// application's defaults file. They are entered as settings of the display when it is opened.
 class QsdXDisplay : public QsdDisplay {
 public:
     /// Connects to the server `name` ("host:number"; null: the one of the environment variable DISPLAY). `application`

@@ -205,7 +205,10 @@ bool QsdXGraphics::get(const QsdRect& from, std::uint32_t x, std::uint32_t y, Qs
         const QsdXImageHandle image(XGetImage(display(), _pixmap, from.x, from.y + static_cast<int>(done), from.width,
                                               std::min(rowsAtOnce, from.height - done), AllPlanes, ZPixmap));
         if (image == nullptr) {
-            QsdWarning("Cannot read pixels back: %s", trial.error().c_str());
+            // The loss of the connection is told on its own.
+            if (!_connection->isLost()) {
+                QsdWarning("Cannot read pixels back: %s", trial.error().c_str());
+            }
             return false;
         }
         QsdXReadImage(*image, _display.xColors(), x, y + done, pixels);

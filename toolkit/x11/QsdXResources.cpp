@@ -57,16 +57,26 @@ void addDefaults(Database& database, const std::string& className)
     }
 }
 
-void addUserSettings(Database& database, Display* display)
+/// Reads a text over what is there; null has nothing.
+void addText(Database& database, const char* text)
 {
-    if (const char* const property = XResourceManagerString(display)) {
+    if (XrmDatabase given = text == nullptr ? nullptr : XrmGetStringDatabase(text)) {
         XrmDatabase joined = database.release();
-        if (XrmDatabase given = XrmGetStringDatabase(property)) {
-            XrmCombineDatabase(given, &joined, True);
-        }
+        XrmCombineDatabase(given, &joined, True);
         database.reset(joined);
+    }
+}
+
+void addUserSettings(Database& database, const QsdXConnection& connection)
+{
+    if (const char* const property = XResourceManagerString(connection.display())) {
+        addText(database, property);
     } else if (const std::string home = environment("HOME"); !home.empty()) {
         addFile(database, home + "/.Xdefaults");
+    }
+    if (char* const property = XScreenResourceString(ScreenOfDisplay(connection.display(), connection.screen()))) {
+        addText(database, property);
+        XFree(property);
     }
     if (const std::string file = environment("XENVIRONMENT"); !file.empty()) {
         addFile(database, file);
@@ -95,7 +105,7 @@ std::map<std::string, std::string> QsdXResources(const QsdXConnection& connectio
     XrmInitialize();
     Database database;
     addDefaults(database, className);
-    addUserSettings(database, connection.display());
+    addUserSettings(database, connection);
 
     if (database == nullptr) {
         return {};
