@@ -1,5 +1,5 @@
 #!/bin/sh
-# Installs what is missing of the Debian packages that a task needs: install-dependencies.sh run|test|bench...
+# Installs what is missing of the Debian packages that a task needs: install-dependencies.sh run|test|fuzz|bench...
 set -eu
 
 packages="g++ cmake ninja-build pkg-config libpugixml-dev zlib1g-dev libagg-dev libpolyclipping-dev libpng-dev libjpeg-dev libcli11-dev libx11-dev"
@@ -7,6 +7,7 @@ for task in "$@"; do
     case $task in
     run) packages="$packages ghostscript" ;;
     test) packages="$packages ghostscript libgtest-dev imagemagick psutils poppler-utils cups-filters cups epstool xvfb x11-apps xfonts-base xfonts-75dpi" ;;
+    fuzz) packages="$packages clang-14 libclang-rt-14-dev" ;;
     bench) packages="$packages libbenchmark-dev libcairo2-dev" ;;
     lint) packages="$packages clang-format-14 clang-tidy-14" ;;
     *) echo "$0: unknown task $task" >&2; exit 2 ;;
