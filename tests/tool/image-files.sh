@@ -108,12 +108,12 @@ refuse_noise
 rm cut.png noise
 
 # Standard input and pipes are read once.
-"$tool" good/color.png -o named.ps
-"$tool" <good/color.png -o piped.ps
+"$tool" --title same good/color.png -o named.ps
+"$tool" --title same <good/color.png -o piped.ps
 cmp named.ps piped.ps
 mkfifo pipe
 cat good/color.png >pipe &
-"$tool" pipe -o fifo.ps
+"$tool" --title same pipe -o fifo.ps
 wait
 cmp named.ps fifo.ps
 head -c 900 good/color.png >pipe &

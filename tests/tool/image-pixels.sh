@@ -10,7 +10,8 @@ render() { # DOCUMENT WIDTHxHEIGHT PAGE
 }
 
 python3 "$helper" make
-for options in "" "--level 1" "--encoder hex"; do
+for options in "" "--level 1" "--level 3" "--encoder hex" "--compress runlength" "--classic" \
+    "--classic --level 1"; do
     for picture in *.png *.p?m; do
         case $picture in
         wide.png) size=20000x3 ;;
@@ -27,19 +28,26 @@ for options in "" "--level 1" "--encoder hex"; do
 done
 
 # What pictures are written as.
-"$tool" -d 72 bits.png -o page.ps
+"$tool" -d 72 --compress none bits.png -o page.ps
+grep -q '^37 23 true\[.* Im$' page.ps || fail "one-bit PNG: $(grep -a ' Im$' page.ps)"
+"$tool" -d 72 --compress none grey.png -o page.ps
+grep -q 'filter Ig$' page.ps || fail "grey PNG: $(grep filter page.ps)"
+"$tool" -d 72 --classic bits.png -o page.ps
 grep -q ' 37 -23 scale 37 23 true\[' page.ps || fail "one-bit PNG: $(grep -a scale page.ps)"
-"$tool" -d 72 raw.pbm two.png -o page.ps
+"$tool" -d 72 --classic raw.pbm two.png -o page.ps
 [ "$(grep -c 'imagemask *$' page.ps)" -eq 2 ] || fail "two colours"
 for picture in grey.png interlaced.png grey16.png raw.pgm; do
-    "$tool" -d 72 $picture -o page.ps
+    "$tool" -d 72 --classic $picture -o page.ps
     grep -q 'filter image$' page.ps || fail "$picture is not grey: $(grep filter page.ps)"
 done
-"$tool" --color grey -d 72 color.png -o page.ps
+"$tool" --classic --color grey -d 72 color.png -o page.ps
 grep -q 'filter image$' page.ps || fail "colour in grey: $(grep filter page.ps)"
-"$tool" --level 1 -d 72 wide.png color.png -o page.ps
+"$tool" --classic --level 1 -d 72 wide.png color.png -o page.ps
 widest=$(sed -n 's|.*/st \([0-9]*\) string def.*|\1|p' page.ps | sort -n | tail -1)
 [ "$widest" -le 65535 ] || fail "a string of $widest bytes"
+"$tool" --level 1 -d 72 wide.png color.png -o page.ps
+widest=$(sed -n 's|^\([0-9]*\) hs .*|\1|p' page.ps | sort -n | tail -1)
+[ "$widest" -gt 100 ] && [ "$widest" -le 65535 ] || fail "a string of $widest bytes"
 
 # What shines through is blended with the paper, what is transparent shows it.
 "$tool" -d 72 -b '#00ff00' mask.png -o page.ps

@@ -17,7 +17,7 @@ cat >halves.svg <<'END'
 <svg width="40" height="20" viewBox="0 0 40 20"><rect width="20" height="20" fill="#f00"/>
 <rect x="20" y="10" width="20" height="10" fill="#00f"/></svg>
 END
-for options in "" "--level 1" "--encoder hex"; do
+for options in "" "--level 1" "--level 3" "--encoder hex" "--classic"; do
     # The options are words to be split.
     # shellcheck disable=SC2086
     "$tool" $options -d 72 halves.svg halves.svg -o halves.ps
@@ -32,7 +32,7 @@ render grey.ps grey
 [ "$(pixel grey-1.ppm 5 5)" = "87 87 87" ] || fail "red in grey: $(pixel grey-1.ppm 5 5)"
 
 # The drawing that comes with the project renders without a message, the same at every level.
-for options in "" "--level 1" "--color grey"; do
+for options in "" "--level 1" "--level 3" "--color grey" "--classic"; do
     # shellcheck disable=SC2086
     "$tool" -q $options "$source/examples/drawings/overview.svg" -o overview.eps
     messages=$(gs -q -dSAFER -dBATCH -dNOPAUSE -dEPSCrop -sDEVICE=ppmraw -r72 -sOutputFile=overview.ppm overview.eps 2>&1)

@@ -5,10 +5,15 @@
 #include "layout.h"
 #include "progress.h"
 #include "ps/QsdPSFonts_.h"
+#include "ps/QsdPSPrintDevice.h"
 #include "toolkit/base/QsdGlobalContext.h"
 #include "toolkit/base/QsdMessages.h"
+#include "toolkit/encoder/QsdASCII85Encoder.h"
 #include "toolkit/encoder/QsdASCIIHexEncoder.h"
+#include "toolkit/encoder/QsdLZWEncoder.h"
+#include "toolkit/encoder/QsdRunLengthEncoder.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"
+#include "toolkit/zlib/QsdFlateEncoder.h"
 
 #include <cmath>
 #include <iostream>
@@ -77,7 +82,7 @@ enum class Outcome {
     Broken       ///< an input; this has been told
 };
 
-Outcome drawPages(FileDevice& device, const Pages& pages, const PaperSize& paper, const Options& options)
+Outcome drawPages(QsdPSDevice& device, const Pages& pages, const PaperSize& paper, const Options& options)
 {
     PaintTools tools(*device.display(), options.encoding);
     const Sheet sheet{device,
@@ -122,6 +127,45 @@ Outcome drawPages(FileDevice& device, const Pages& pages, const PaperSize& paper
     return outcome;
 }
 
+/// The title of a document: what the user says, else the name of its only input, else null, which stands for the
+/// name of the output.
+const char* titleOf(const Options& options)
+{
+    if (options.title) {
+        return options.title->c_str();
+    }
+    return options.inputs.size() == 1 && options.inputs.front() != "-" ? options.inputs.front().c_str() : nullptr;
+}
+
+std::unique_ptr<QsdPSDevice> makeDevice(QsdDisplay& display, const Options& options, OutputFile& output)
+{
+    if (options.classic) {
+        return std::make_unique<FileDevice<QsdPSDevice>>(&display, options.color, output);
+    }
+    auto device = std::make_unique<FileDevice<QsdPSPrintDevice>>(&display, options.color, output);
+    device->setTitle(titleOf(options));
+    return device;
+}
+
+/// The encoder of a level above 1; the device owns it.
+QsdPostScriptEncoder* makeEncoder(const Options& options)
+{
+    if (options.hexEncoder) {
+        return new QsdASCIIHexEncoder(nullptr, true);
+    }
+    switch (options.compression) {
+    case Compression::Flate:
+        return new QsdFlateEncoder(nullptr);
+    case Compression::RunLength:
+        return new QsdRunLengthEncoder(nullptr);
+    case Compression::LZW:
+        return new QsdLZWEncoder(nullptr);
+    case Compression::None:
+        break;
+    }
+    return new QsdASCII85Encoder(nullptr);
+}
+
 unsigned long wholePoints(double length)
 {
     return static_cast<unsigned long>(std::ceil(length - 1e-6));
@@ -163,12 +207,13 @@ int convert(const Options& options)
         return 1;
     }
     QsdMemoryDisplay display;
-    FileDevice device(&display, options.color, output);
+    const std::unique_ptr<QsdPSDevice> owned = makeDevice(display, options, output);
+    QsdPSDevice& device = *owned;
     device.setPaperWidth(std::max(1UL, wholePoints(paper.width)));
     device.setPaperHeight(std::max(1UL, wholePoints(paper.height)));
     device.setPostScriptLevel(options.level);
-    if (options.hexEncoder && options.level != 1) {
-        device.setEncoder(new QsdASCIIHexEncoder(nullptr, true));
+    if (options.level != 1) {
+        device.setEncoder(makeEncoder(options));
     }
     // The device's own report of a failed write says less than the reason below.
     QsdSetFatalErrorHandler([](const char*, void*) {}, nullptr);

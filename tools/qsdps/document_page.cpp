@@ -1,11 +1,11 @@
 #include "document_page.h"
 
-#include "file_device.h"
 #include "images/reader.h"
 #include "input.h"
 #include "layout.h"
 #include "page/picture_strips.h"
 #include "page/tiling.h"
+#include "ps/QsdPSDevice.h"
 #include "svg/reader.h"
 
 #include <utility>
@@ -74,14 +74,14 @@ public:
             return false;
         }
         placePixels(sheet);
-        FileDevice& device = sheet.device;
+        QsdPSDevice& device = sheet.device;
         if (isGreyOn(sheet)) {
             device.setColorModel(QsdPSGrey);
         }
         try {
             drawPicture(device, *picture.reader, sheet.paperColor, sheet.tools, [&](std::uint32_t rows) {
                 advance(static_cast<double>(rows) / _header.height);
-                return !device.outputFailed();
+                return !device.writeFailed();
             });
         } catch (const ImageError& problem) {
             error = picture.input->failure().empty() ? problem.what() : picture.input->failure();

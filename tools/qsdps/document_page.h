@@ -10,13 +10,13 @@
 #include <memory>
 #include <string>
 
-namespace qsdps {
+class QsdPSDevice;
 
-class FileDevice;
+namespace qsdps {
 
 /// The page that is being drawn.
 struct Sheet {
-    FileDevice& device;
+    QsdPSDevice& device;
     PaintTools& tools;
     const Options& options;
     PaperSize paper;

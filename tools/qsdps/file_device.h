@@ -2,22 +2,21 @@
 #pragma once
 
 #include "output_file.h"
-#include "ps/QsdPSDevice.h"
+#include "ps/QsdPSColorModel.h"
+#include "toolkit/port/QsdDisplay.h"
 
 namespace qsdps {
 
-/// Its document goes to an output that somebody else opens and commits.
-class FileDevice : public QsdPSDevice {
+/// A device of the kind `Device` whose document goes to an output that somebody else opens and commits.
+template <class Device>
+class FileDevice : public Device {
 public:
-    FileDevice(QsdDisplay* display, QsdPSColorModel model, OutputFile& output)
-        : QsdPSDevice(display, model), _output(output)
+    FileDevice(QsdDisplay* display, QsdPSColorModel model, OutputFile& output) : Device(display, model), _output(output)
     {
     }
 
     std::ostream* openStream(const char*) override { return &_output.stream(); }
     void closeStream(std::ostream*) override {}
-    /// Whether the open document can take no more.
-    [[nodiscard]] bool outputFailed() const { return stream() != nullptr && stream()->fail(); }
 
 private:
     OutputFile& _output;

@@ -70,6 +70,26 @@ bool endsWith(const std::string& text, const std::string& end)
     return text.size() >= end.size() && CLI::detail::to_lower(text.substr(text.size() - end.size())) == end;
 }
 
+/// The compression that a name asks for. Automatic: the best that interpreters of the level know. The documents of the
+/// base device are what they have always been unless compression is asked for.
+Compression compressionOf(const std::string& name, const Options& options)
+{
+    const bool plain = options.level == 1 || options.hexEncoder;
+    if (name == "auto") {
+        return plain || options.classic ? Compression::None : options.level > 2 ? Compression::Flate : Compression::LZW;
+    }
+    if (name == "none") {
+        return Compression::None;
+    }
+    if (plain) {
+        throw CLI::ValidationError("--compress", "hexadecimal data is not compressed");
+    }
+    if (name == "flate" && options.level < 3) {
+        throw CLI::ValidationError("--compress", "flate takes --level 3");
+    }
+    return name == "flate" ? Compression::Flate : name == "lzw" ? Compression::LZW : Compression::RunLength;
+}
+
 } // namespace
 
 std::optional<Options> parseOptions(int argc, const char* const* argv, int& exitCode)
@@ -124,15 +144,22 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
         ->check(CLI::Range(1.0, 1e5));
     app.add_option("-b,--background", storing(parseColor, options.background), "Colour of the paper: #rrggbb or a name")
         ->type_name("COLOR");
-    app.add_option("--level", options.level, "PostScript language level: 1 or 2 (the default)")
-        ->check(CLI::IsMember({1UL, 2UL}));
+    app.add_option("--level", options.level, "PostScript language level: 1, 2 (the default) or 3")
+        ->check(CLI::IsMember({1UL, 2UL, 3UL}));
     const std::map<std::string, QsdPSColorModel> models = {{"rgb", QsdPSRGB}, {"grey", QsdPSGrey}, {"gray", QsdPSGrey}};
     app.add_option("--color", options.color, "Colour model: rgb (the default) or grey")
         ->transform(CLI::CheckedTransformer(models).description(""))
         ->type_name("NAME");
     std::string encoder;
-    app.add_option("--encoder", encoder, "Encoding of image data: ascii85 (the default at level 2) or hex")
+    app.add_option("--encoder", encoder, "Encoding of image data: ascii85 (the default above level 1) or hex")
         ->check(CLI::IsMember({"ascii85", "hex"}));
+    std::string compression = "auto";
+    app.add_option("--compress", compression,
+                   "Compression of image data: auto (the default), flate (level 3), lzw, runlength or none")
+        ->check(CLI::IsMember({"auto", "flate", "lzw", "runlength", "none"}));
+    app.add_flag("--classic", options.classic,
+                 "Write plain documents, whose pages rely on those before, with the base device");
+    app.add_option("--title", options.title, "The document's title (the name of its only input, or of the output)");
     const std::map<std::string, QsEncoding> encodings = {
         {"latin1", QsEncodingLatin1}, {"euc-jp", QsEncodingEUCJP}, {"sjis", QsEncodingShiftJIS}};
     app.add_option("--encoding", options.encoding,
@@ -150,6 +177,11 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
         if (options.level == 1 && encoder == "ascii85") {
             throw CLI::ValidationError("--encoder", "level 1 documents have hexadecimal data");
         }
+        if (options.classic && options.level > 2) {
+            throw CLI::ValidationError("--level", "the base device draws pictures at levels 1 and 2 alone");
+        }
+        options.hexEncoder = encoder == "hex";
+        options.compression = compressionOf(compression, options);
         if (options.inputs.empty()) {
             options.inputs.emplace_back("-");
         }
@@ -163,7 +195,6 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
         exitCode = app.exit(error) == 0 ? 0 : UsageError;
         return std::nullopt;
     }
-    options.hexEncoder = encoder == "hex";
     options.alignX = alignment.x;
     options.alignY = alignment.y;
     return options;

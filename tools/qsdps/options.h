@@ -14,6 +14,7 @@ namespace qsdps {
 enum class Format { PS, EPS };
 enum class Orientation { Auto, Portrait, Landscape };
 enum class Fit { None, Shrink, Page };
+enum class Compression { None, RunLength, LZW, Flate };
 
 struct Options {
     std::vector<std::string> inputs; ///< file names; "-" is standard input
@@ -33,6 +34,9 @@ struct Options {
     unsigned long level = 2;
     QsdPSColorModel color = QsdPSRGB;
     bool hexEncoder = false;
+    Compression compression = Compression::None; ///< of image data; none at level 1 and in hexadecimal
+    bool classic = false;                        ///< the device whose text never changes
+    std::optional<std::string> title;
     QsEncoding encoding = QsEncodingLatin1;
     std::string fontMap; ///< empty: none
     bool strict = false;
