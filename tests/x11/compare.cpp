@@ -79,12 +79,13 @@ std::unique_ptr<QsdBitmap> randomBitmap(const QsdPort& port, Dice& dice)
     if (dice.one(2)) {
         const auto width = static_cast<std::uint32_t>(dice.between(1, 40));
         const auto height = static_cast<std::uint32_t>(dice.between(1, 40));
-        return QsdBitmap::FromBits(port.display(), width, height, dice.bytes((width + 7) / 8 * height).data());
+        return QsdBitmap::FromBits(port.display(), width, height,
+                                   dice.bytes(std::size_t{(width + 7) / 8} * height).data());
     }
     const QsdRGBBitmapData data = dice.pixels();
     auto bitmap = std::make_unique<QsdBitmap>(port.display(), data);
     bitmap->setMask(QsdBitmap::FromBits(port.display(), data.width(), data.height(),
-                                        dice.bytes((data.width() + 7) / 8 * data.height()).data()));
+                                        dice.bytes(std::size_t{(data.width() + 7) / 8} * data.height()).data()));
     return bitmap;
 }
 

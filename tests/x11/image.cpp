@@ -17,6 +17,12 @@ struct Layout {
     int pad;
 };
 
+/// A pixel that tells its place.
+unsigned long pixelOf(unsigned place, unsigned long most)
+{
+    return place * 2654435761UL % (most + 1);
+}
+
 /// An image of a layout with a pixel of its own in every place.
 QsdXImageHandle imageOf(Display* x, const Layout& layout, unsigned width, unsigned height, unsigned long most)
 {
@@ -29,7 +35,7 @@ QsdXImageHandle imageOf(Display* x, const Layout& layout, unsigned width, unsign
     image->data = static_cast<char*>(
         std::calloc(height, static_cast<std::size_t>(image->bytes_per_line) * static_cast<std::size_t>(layout.depth)));
     for (unsigned i = 0; i < width * height; ++i) {
-        XPutPixel(image.get(), static_cast<int>(i % width), static_cast<int>(i / width), i * 2654435761U % (most + 1));
+        XPutPixel(image.get(), static_cast<int>(i % width), static_cast<int>(i / width), pixelOf(i, most));
     }
     return image;
 }
@@ -50,7 +56,7 @@ TEST_F(ImageTest, EveryOrderOfBytesAndBitsIsRead)
                     QsdPixels pixels(Width + 2, Height + 1, static_cast<std::uint16_t>(imageDepth));
                     QsdXReadImage(*image, colors, 2, 1, pixels);
                     for (unsigned i = 0; i < Width * Height; ++i) {
-                        const unsigned long pixel = i * 2654435761U % (most + 1);
+                        const unsigned long pixel = pixelOf(i, most);
                         EXPECT_EQ(pixels.get(2 + i % Width, 1 + i / Width), colors.value(pixel, pixels.depth()))
                             << i << " " << byteOrder << bitOrder << format << imageDepth;
                     }

@@ -200,6 +200,42 @@ TEST_F(PixmapTest, StretchesBitmapsAndDrawsThemThroughTheirMasks)
     EXPECT_EQ(at(12, 6), Blue);
 }
 
+TEST_F(PixmapTest, MasksAndClipsOfManyPiecesAreKept)
+{
+    constexpr std::uint32_t Side = 160; // whose every other pixel makes more pieces than the server is given at once
+    QsdRGBBitmapData data(Side, Side);
+    QsdRegion every;
+    auto mask = std::make_unique<QsdBitmap>(display.get(), Side, Side, std::uint16_t{1});
+    for (std::uint32_t i = 0; i < Side * Side; ++i) {
+        const std::uint32_t x = i % Side;
+        const std::uint32_t y = i / Side;
+        data.setPixel(x, y, Red);
+        if ((x + y) % 2 == 0) {
+            mask->pixels().set(x, y, 1);
+            every.add({static_cast<std::int32_t>(x), static_cast<std::int32_t>(y), 1, 1});
+        }
+    }
+    QsdBitmap bitmap(display.get(), data);
+    bitmap.setMask(std::move(mask));
+    const QsdXPixmap masked(display.get(), Side, Side, 0);
+    masked.clear(palette.get());
+    masked.drawTransparentBitmap(palette.get(), &bitmap, {0, 0, Side, Side}, {0, 0});
+    const std::vector<QsdRGB> checkered = colorsOf(masked, areaOf(masked));
+    EXPECT_EQ(std::count(checkered.begin(), checkered.end(), Red), Side * Side / 2);
+    EXPECT_EQ(checkered[0], Red);
+    EXPECT_EQ(checkered[Side + 1], Red);
+
+    const QsdXPixmap clipped(display.get(), Side, Side, 0);
+    clipped.clear(palette.get());
+    clipped.clip(&every);
+    clipped.fillRectangle(palette.get(), areaOf(clipped));
+    EXPECT_EQ(colorsOf(clipped, areaOf(clipped)), checkered);
+    clipped.clear(palette.get());
+    clipped.drawLine(palette.get(), {0, 5}, {159, 5});
+    clipped.drawPoint(palette.get(), {0, 0});
+    EXPECT_EQ(colorsOf(clipped, {5, 5, 1, 1}).front(), Red);
+}
+
 TEST_F(PixmapTest, PixmapsDrawnIntoBitmapsKeepTheirColours)
 {
     port->fillRectangle(palette.get(), {0, 0, 5, 5});
