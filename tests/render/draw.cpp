@@ -1,5 +1,5 @@
 // Draws the operations of the port at known places, for a test that looks at the pixels: draw FILE LEVEL rgb|grey
-// classic|print
+// classic|print [eps]. An encapsulated document has one page, others have two.
 #include "render_device.h"
 #include "toolkit/graphics/QsdRGBBitmapData.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"
@@ -116,19 +116,21 @@ void drawBitmaps(const QsdPort& port, QsdPalette& palette, QsdDisplay& display)
 
 } // namespace
 
-int main(int, char** argv)
+int main(int count, char** argv)
 {
+    const bool encapsulated = count > 5;
+    QsdRect box{0, 0, 400, 120};
     QsdMemoryDisplay display;
     const std::unique_ptr<QsdPSDevice> device =
         makeDevice(argv[4], display, std::string(argv[3]) == "grey" ? QsdPSGrey : QsdPSRGB);
     device->setPaperWidth(400);
     device->setPaperHeight(120);
     device->setPostScriptLevel(std::strtoul(argv[2], nullptr, 10));
-    if (!device->initDevice(argv[1], nullptr)) {
+    if (!device->initDevice(argv[1], encapsulated ? &box : nullptr)) {
         return 1;
     }
     const auto palette = QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display));
-    for (int page = 0; page < 2; ++page) {
+    for (int page = 0; page < (encapsulated ? 1 : 2); ++page) {
         if (page != 0) {
             device->newPage();
         }
