@@ -7,8 +7,7 @@
 
 /// Short names, points, clips and outlines. The rectangle operators are for interpreters that lack them; rc keeps a
 /// font only where one was set.
-inline constexpr std::string_view QsdPSPrintBasics = R"PS(/bd{bind def}bind def
-/sg/setgray load def
+inline constexpr std::string_view QsdPSPrintBasics = R"PS(/sg/setgray load def
 /sr/setrgbcolor load def
 /rectclip where{pop}{/rectclip{4 -2 roll rect clip n}bd}ifelse
 /rectfill where{pop}{/rectfill{G n 4 -2 roll rect fill g}bd}ifelse

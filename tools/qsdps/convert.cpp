@@ -1,9 +1,10 @@
 #include "convert.h"
 
 #include "document_page.h"
-#include "file_device.h"
 #include "layout.h"
+#include "output_file.h"
 #include "progress.h"
+#include "ps/QsdPSBulkDevice.h"
 #include "ps/QsdPSFonts_.h"
 #include "ps/QsdPSPrintDevice.h"
 #include "toolkit/base/QsdGlobalContext.h"
@@ -27,9 +28,9 @@ namespace {
 
 constexpr double LargestPaper = 1e6; ///< points; as much as a page description should have to take
 
-void tell(const std::string& name, const std::string& message)
+void tell(const Options& options, const std::string& name, const std::string& message)
 {
-    std::cerr << "qsdps: " << name << ": " << message << '\n';
+    std::cerr << options.program << ": " << name << ": " << message << '\n';
 }
 
 using Pages = std::vector<std::unique_ptr<DocumentPage>>;
@@ -38,11 +39,11 @@ using Pages = std::vector<std::unique_ptr<DocumentPage>>;
 Pages openPages(const Options& options, bool& failed)
 {
     Pages pages;
-    for (const std::string& input : options.inputs) {
+    for (const Source& input : options.inputs) {
         std::string error;
         std::unique_ptr<DocumentPage> page = DocumentPage::open(input, options, error);
         if (page == nullptr) {
-            tell(nameOfInput(input), error);
+            tell(options, nameOfInput(input), error);
             failed = true;
         } else {
             pages.push_back(std::move(page));
@@ -71,7 +72,7 @@ void paintBackground(const Sheet& sheet)
         PaintTools& tools = sheet.tools;
         tools.palette->setForeground(tools.colors.get(*sheet.options.background));
         tools.palette->setClipRegion(QsdRegion::Full());
-        sheet.device.fillRectangle(tools.palette.get(),
+        sheet.port.fillRectangle(tools.palette.get(),
                                    {0, 0, static_cast<std::uint32_t>(corner.x), static_cast<std::uint32_t>(corner.y)});
     }
 }
@@ -86,6 +87,8 @@ Outcome drawPages(QsdPSDevice& device, const Pages& pages, const PaperSize& pape
 {
     PaintTools tools(*device.display(), options.encoding);
     const Sheet sheet{device,
+                      &device,
+                      QsdTransformer(),
                       tools,
                       options,
                       paper,
@@ -111,39 +114,44 @@ Outcome drawPages(QsdPSDevice& device, const Pages& pages, const PaperSize& pape
             sheet, report, [&](double part) { progress.advance(part); }, error);
         progress.hide();
         if (!drawn) {
-            tell(page.name(), error);
+            tell(options, page.name(), error);
             return Outcome::Broken;
         }
         if (report.anythingNotDrawn()) {
             outcome = Outcome::PartLeftOut;
         }
         if (!options.quiet) {
-            report.print(std::cerr, "qsdps: " + page.name());
+            report.print(std::cerr, options.program + ": " + page.name());
         }
         if (options.verbose) {
-            tell(page.name(), "page " + std::to_string(i + 1));
+            tell(options, page.name(), "page " + std::to_string(i + 1));
         }
     }
     return outcome;
 }
 
-/// The title of a document: what the user says, else the name of its only input, else null, which stands for the
-/// name of the output.
-const char* titleOf(const Options& options)
+/// The title of a document: what the user says, else that of its only page, else null, which stands for the name of
+/// the output. It is valid as long as what it comes from.
+const char* titleOf(const Options& options, const Pages& pages)
 {
     if (options.title) {
         return options.title->c_str();
     }
-    return options.inputs.size() == 1 && options.inputs.front() != "-" ? options.inputs.front().c_str() : nullptr;
+    const bool isAlone = options.inputs.size() == 1 && pages.size() == 1;
+    return isAlone && !pages.front()->title().empty() ? pages.front()->title().c_str() : nullptr;
 }
 
-std::unique_ptr<QsdPSDevice> makeDevice(QsdDisplay& display, const Options& options, OutputFile& output)
+std::unique_ptr<QsdPSDevice> makeDevice(QsdDisplay& display, const Options& options, const Pages& pages,
+                                        OutputFile& output)
 {
     if (options.classic) {
-        return std::make_unique<FileDevice<QsdPSDevice>>(&display, options.color, output);
+        auto device = std::make_unique<QsdPSBulkDevice<QsdPSDevice>>(&display, options.color);
+        device->setTarget(&output.stream());
+        return device;
     }
-    auto device = std::make_unique<FileDevice<QsdPSPrintDevice>>(&display, options.color, output);
-    device->setTitle(titleOf(options));
+    auto device = std::make_unique<QsdPSBulkDevice<QsdPSPrintDevice>>(&display, options.color);
+    device->setTarget(&output.stream());
+    device->setTitle(titleOf(options, pages));
     return device;
 }
 
@@ -177,11 +185,11 @@ int convert(const Options& options)
 {
     QsdGlobalContext::GetInstance().setLocale(QsLocale(localeName(options.encoding), options.encoding));
     if (!options.fontMap.empty() && !QsdPSFonts_::GetInstance()->load(options.fontMap.c_str(), options.encoding)) {
-        tell(options.fontMap, "not a font map file that can be used");
+        tell(options, options.fontMap, "not a font map file that can be used");
         return 1;
     }
     if (options.output == "-" && isatty(STDOUT_FILENO) != 0) {
-        tell("standard output", "is a terminal; name a file with -o");
+        tell(options, "standard output", "is a terminal; name a file with -o");
         return 1;
     }
     bool failed = false;
@@ -195,7 +203,7 @@ int convert(const Options& options)
     }
     const PaperSize paper = paperFor(sizes, options);
     if (!(paper.width <= LargestPaper) || !(paper.height <= LargestPaper)) {
-        tell(pages.front()->name(), "too large for any paper");
+        tell(options, pages.front()->name(), "too large for any paper");
         return 1;
     }
 
@@ -203,11 +211,11 @@ int convert(const Options& options)
     OutputFile output(options.output);
     std::string error;
     if (!output.open(error)) {
-        tell(outputName, "cannot be written: " + error);
+        tell(options, outputName, "cannot be written: " + error);
         return 1;
     }
     QsdMemoryDisplay display;
-    const std::unique_ptr<QsdPSDevice> owned = makeDevice(display, options, output);
+    const std::unique_ptr<QsdPSDevice> owned = makeDevice(display, options, pages, output);
     QsdPSDevice& device = *owned;
     device.setPaperWidth(std::max(1UL, wholePoints(paper.width)));
     device.setPaperHeight(std::max(1UL, wholePoints(paper.height)));
@@ -223,15 +231,15 @@ int convert(const Options& options)
     const Outcome outcome = drawPages(device, pages, paper, options);
     device.end();
     if (outcome == Outcome::Broken) {
-        tell(outputName, "not written");
+        tell(options, outputName, "not written");
         return 1;
     }
     if (outcome == Outcome::PartLeftOut && options.strict) {
-        tell(outputName, "not written: something could not be drawn");
+        tell(options, outputName, "not written: something could not be drawn");
         return 1;
     }
     if (!output.commit(error)) {
-        tell(outputName, "cannot be written: " + error);
+        tell(options, outputName, "cannot be written: " + error);
         return 1;
     }
     return failed ? 1 : 0;

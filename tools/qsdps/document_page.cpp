@@ -7,6 +7,7 @@
 #include "page/tiling.h"
 #include "ps/QsdPSDevice.h"
 #include "svg/reader.h"
+#include "window_input.h"
 
 #include <utility>
 
@@ -14,17 +15,24 @@ namespace qsdps {
 
 namespace {
 
+/// A file's name, which stands for its title.
+std::string titleOfFile(const Source& source)
+{
+    return source.name == "-" ? std::string() : source.name;
+}
+
 /// A drawing, all of it in memory.
 class DrawingPage : public DocumentPage {
 public:
-    DrawingPage(std::string name, std::unique_ptr<SvgDrawing> drawing)
-        : DocumentPage(std::move(name), {0, 0, drawing->width(), drawing->height()}), _drawing(std::move(drawing))
+    DrawingPage(const Source& source, std::unique_ptr<SvgDrawing> drawing)
+        : DocumentPage(nameOfInput(source), titleOfFile(source), {0, 0, drawing->width(), drawing->height()}),
+          _drawing(std::move(drawing))
     {
     }
 
     bool draw(const Sheet& sheet, Report& report, const std::function<void(double)>&, std::string&) override
     {
-        Painter painter(sheet.device, sheet.units, placement(size().width, size().height, sheet.paper, sheet.options),
+        Painter painter(sheet.port, sheet.units, placement(size().width, size().height, sheet.paper, sheet.options),
                         sheet.paperColor, sheet.tools, report);
         // What sticks out of the drawing's own page is not part of it.
         painter.pushClip({{{outlineOf(size()), FillRule::NonZero, Matrix(), nullptr}}, nullptr});
@@ -57,9 +65,11 @@ OpenPicture openPicture(std::unique_ptr<Input> input, std::string& error)
 /// A picture, of which little more than the header is in memory.
 class PicturePage : public DocumentPage {
 public:
-    PicturePage(const std::string& inputName, OpenPicture picture, const Options& options)
-        : DocumentPage(nameOfInput(inputName), sizeOfPicture(picture.reader->header(), options)), _inputName(inputName),
-          _header(picture.reader->header())
+    PicturePage(const Source& source, OpenPicture picture, const Options& options)
+        : DocumentPage(nameOfInput(source),
+                       source.kind == Source::Window ? picture.reader->header().title : titleOfFile(source),
+                       sizeOfPicture(picture.reader->header(), options)),
+          _inputName(source.name), _header(picture.reader->header())
     {
         // A document may have more pages than a process may have files.
         if (!picture.input->canBeReopened()) {
@@ -74,19 +84,21 @@ public:
             return false;
         }
         placePixels(sheet);
-        QsdPSDevice& device = sheet.device;
-        if (isGreyOn(sheet)) {
-            device.setColorModel(QsdPSGrey);
+        QsdPSDevice* const document = sheet.document;
+        if (document != nullptr && isGreyOn(sheet)) {
+            document->setColorModel(QsdPSGrey);
         }
         try {
-            drawPicture(device, *picture.reader, sheet.paperColor, sheet.tools, [&](std::uint32_t rows) {
+            drawPicture(sheet.port, *picture.reader, sheet.paperColor, sheet.tools, [&](std::uint32_t rows) {
                 advance(static_cast<double>(rows) / _header.height);
-                return !device.writeFailed();
+                return document == nullptr || !document->writeFailed();
             });
         } catch (const ImageError& problem) {
             error = picture.input->failure().empty() ? problem.what() : picture.input->failure();
         }
-        device.setColorModel(sheet.options.color);
+        if (document != nullptr) {
+            document->setColorModel(sheet.options.color);
+        }
         return error.empty();
     }
 
@@ -109,12 +121,12 @@ private:
         return true;
     }
 
-    /// Gives the device the space of the picture's pixels.
+    /// Gives the port the space of the picture's pixels.
     void placePixels(const Sheet& sheet) const
     {
         const Matrix m = placement(size().width, size().height, sheet.paper, sheet.options) *
                          pictureToDrawing(_header, sheet.options);
-        sheet.device.setTransformer(QsdTransformer(m.a, m.c, m.b, m.d, m.e, m.f));
+        sheet.port.setTransformer(QsdTransformer(m.a, m.c, m.b, m.d, m.e, m.f).compose(sheet.toPort));
     }
 
     /// Whether the picture takes a third of the samples and looks the same.
@@ -145,14 +157,18 @@ bool mayBeDrawing(std::string_view start)
 
 } // namespace
 
-std::string nameOfInput(const std::string& input)
+std::string nameOfInput(const Source& input)
 {
-    return input == "-" ? "standard input" : input;
+    if (input.kind == Source::Window) {
+        return "window " + input.name;
+    }
+    return input.name == "-" ? "standard input" : input.name;
 }
 
-std::unique_ptr<DocumentPage> DocumentPage::open(const std::string& input, const Options& options, std::string& error)
+std::unique_ptr<DocumentPage> DocumentPage::open(const Source& input, const Options& options, std::string& error)
 {
-    std::unique_ptr<Input> file = Input::open(input, error);
+    const bool isWindow = input.kind == Source::Window;
+    std::unique_ptr<Input> file = isWindow ? openWindow(input.name, error) : Input::open(input.name, error);
     if (file == nullptr) {
         return nullptr;
     }
@@ -170,10 +186,10 @@ std::unique_ptr<DocumentPage> DocumentPage::open(const std::string& input, const
     }
     SvgOptions svg;
     svg.fileName = nameOfInput(input);
-    svg.baseFolder = folderOf(input);
+    svg.baseFolder = folderOf(input.name);
     svg.dpi = options.dpi;
     std::unique_ptr<SvgDrawing> drawing = SvgDrawing::load(std::move(bytes), svg, error);
-    return drawing == nullptr ? nullptr : std::make_unique<DrawingPage>(svg.fileName, std::move(drawing));
+    return drawing == nullptr ? nullptr : std::make_unique<DrawingPage>(input, std::move(drawing));
 }
 
 } // namespace qsdps

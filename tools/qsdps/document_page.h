@@ -14,9 +14,11 @@ class QsdPSDevice;
 
 namespace qsdps {
 
-/// The page that is being drawn.
+/// The page that is being drawn, in a document or elsewhere.
 struct Sheet {
-    QsdPSDevice& device;
+    QsdPort& port;
+    QsdPSDevice* document;  ///< the port, where it is one that writes a document; else null
+    QsdTransformer toPort; ///< maps points of the paper to the port
     PaintTools& tools;
     const Options& options;
     PaperSize paper;
@@ -24,12 +26,11 @@ struct Sheet {
     Rgb paperColor;
 };
 
-/// A drawing or picture that was opened and is to be drawn once.
+/// A drawing or picture that was opened. It can be drawn once; one of a file that is there to stay, again and again.
 class DocumentPage {
 public:
-    /// Opens an input, "-" for standard input, and looks what it is. Null with a reason in `error` when it cannot be
-    /// drawn.
-    [[nodiscard]] static std::unique_ptr<DocumentPage> open(const std::string& input, const Options& options,
+    /// Opens an input and looks what it is. Null with a reason in `error` when it cannot be drawn.
+    [[nodiscard]] static std::unique_ptr<DocumentPage> open(const Source& input, const Options& options,
                                                             std::string& error);
     virtual ~DocumentPage() = default;
     DocumentPage(const DocumentPage&) = delete;
@@ -37,23 +38,29 @@ public:
 
     /// What messages call it.
     [[nodiscard]] const std::string& name() const { return _name; }
+    /// The title of a document of this page alone; empty when it has none of its own.
+    [[nodiscard]] const std::string& title() const { return _title; }
     /// Its own size in CSS pixels.
     [[nodiscard]] const Box& size() const { return _size; }
-    /// Draws it; the device's transformer maps the units of the sheet to points. What cannot be drawn as asked is
+    /// Draws it; the port's transformer maps the units of the sheet to the port. What cannot be drawn as asked is
     /// counted in `report`; `advance` is told how much is done, 0 to 1. False with a reason in `error` when the input
     /// turns out broken only now; then the document is spoilt.
     [[nodiscard]] virtual bool draw(const Sheet& sheet, Report& report, const std::function<void(double)>& advance,
                                     std::string& error) = 0;
 
 protected:
-    DocumentPage(std::string name, const Box& size) : _name(std::move(name)), _size(size) {}
+    DocumentPage(std::string name, std::string title, const Box& size)
+        : _name(std::move(name)), _title(std::move(title)), _size(size)
+    {
+    }
 
 private:
     std::string _name;
+    std::string _title;
     Box _size;
 };
 
 /// What messages call an input.
-[[nodiscard]] std::string nameOfInput(const std::string& input);
+[[nodiscard]] std::string nameOfInput(const Source& input);
 
 } // namespace qsdps

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstring>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 namespace qsdps {
 
@@ -18,6 +19,8 @@ void Input::Closer::operator()(std::FILE* file) const
     if (file != stdin) {
         std::fclose(file);
     }
+    while (program != 0 && waitpid(program, nullptr, 0) == -1 && errno == EINTR) {
+    }
 }
 
 std::unique_ptr<Input> Input::open(const std::string& name, std::string& error)
@@ -27,16 +30,27 @@ std::unique_ptr<Input> Input::open(const std::string& name, std::string& error)
         error = std::strerror(errno);
         return nullptr;
     }
-    std::unique_ptr<Input> input(new Input(file));
+    std::unique_ptr<Input> input(new Input(file, 0));
+    return input->begin(error) ? std::move(input) : nullptr;
+}
+
+std::unique_ptr<Input> Input::ofProgram(std::FILE* file, pid_t program, std::string& error)
+{
+    std::unique_ptr<Input> input(new Input(file, program));
+    return input->begin(error) ? std::move(input) : nullptr;
+}
+
+bool Input::begin(std::string& error)
+{
     std::array<char, 16> start;
-    const std::size_t size = input->read(reinterpret_cast<std::uint8_t*>(start.data()), start.size());
+    const std::size_t size = read(reinterpret_cast<std::uint8_t*>(start.data()), start.size());
     if (size == 0) {
-        error = input->_error != 0 ? input->failure() : "the file is empty";
-        return nullptr;
+        error = _error != 0 ? failure() : "the file is empty";
+        return false;
     }
-    input->_start = start;
-    input->_startSize = size;
-    return input;
+    _start = start;
+    _startSize = size;
+    return true;
 }
 
 bool Input::canBeReopened() const

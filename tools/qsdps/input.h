@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 
 namespace qsdps {
 
@@ -17,6 +18,10 @@ class Input : public ByteSource {
 public:
     /// Opens a file, or standard input for "-". Null, and a reason in `error`, when it cannot be read or is empty.
     [[nodiscard]] static std::unique_ptr<Input> open(const std::string& name, std::string& error);
+
+    /// Takes over what another program writes into `file` (a pipe), which is closed and the program waited for at the
+    /// end. Null, and a reason in `error`, when that is nothing.
+    [[nodiscard]] static std::unique_ptr<Input> ofProgram(std::FILE* file, pid_t program, std::string& error);
 
     /// How it begins: its first bytes, fewer than 16 only when it has no more. Valid as long as the object.
     [[nodiscard]] std::string_view start() const { return {_start.data(), _startSize}; }
@@ -30,10 +35,14 @@ public:
 
 private:
     struct Closer {
+        pid_t program; ///< 0: none
+
         void operator()(std::FILE* file) const;
     };
 
-    explicit Input(std::FILE* file) : _file(file) {}
+    Input(std::FILE* file, pid_t program) : _file(file, Closer{program}) {}
+    /// Looks at the beginning; false, and a reason in `error`, when there is none.
+    [[nodiscard]] bool begin(std::string& error);
 
     std::unique_ptr<std::FILE, Closer> _file;
     int _error = 0; ///< of the system; 0: none

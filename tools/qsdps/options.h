@@ -16,8 +16,19 @@ enum class Orientation { Auto, Portrait, Landscape };
 enum class Fit { None, Shrink, Page };
 enum class Compression { None, RunLength, LZW, Flate };
 
+/// Something that becomes a page.
+struct Source {
+    enum Kind {
+        File,  ///< a file's name; "-" is standard input
+        Window ///< on an X screen: its number, its name, or "root"
+    };
+    Kind kind = File;
+    std::string name;
+};
+
 struct Options {
-    std::vector<std::string> inputs; ///< file names; "-" is standard input
+    std::string program = "qsdps";   ///< what messages begin with
+    std::vector<Source> inputs;
     std::string output = "-";        ///< a file name; "-" is standard output
     Format format = Format::PS;
     std::optional<PaperSize> paper; ///< none: that of the drawings

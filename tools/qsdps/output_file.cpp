@@ -63,51 +63,14 @@ std::string linkTarget(std::string name)
 
 } // namespace
 
-/// Collects large blocks for a file descriptor. Flushing is for the end: a document has a line end everywhere.
+/// Writes to a file descriptor at once.
 class OutputFile::Buffer : public std::streambuf {
 public:
-    Buffer(int descriptor, bool closes) : _descriptor(descriptor), _closes(closes)
-    {
-        setp(_block.data(), _block.data() + _block.size());
-    }
+    Buffer(int descriptor, bool closes) : _descriptor(descriptor), _closes(closes) {}
     ~Buffer() override { close(); }
 
     [[nodiscard]] int error() const { return _error; }
 
-    void finish()
-    {
-        writeBlock();
-        close();
-    }
-
-protected:
-    int_type overflow(int_type c) override
-    {
-        if (!writeBlock()) {
-            return traits_type::eof();
-        }
-        if (!traits_type::eq_int_type(c, traits_type::eof())) {
-            sputc(traits_type::to_char_type(c));
-        }
-        return traits_type::not_eof(c);
-    }
-    int sync() override { return _error == 0 ? 0 : -1; }
-
-private:
-    bool writeBlock()
-    {
-        const char* from = pbase();
-        while (from != pptr() && _error == 0) {
-            const ssize_t written = write(_descriptor, from, static_cast<std::size_t>(pptr() - from));
-            if (written > 0) {
-                from += written;
-            } else if (written < 0 && errno != EINTR) {
-                _error = errno;
-            }
-        }
-        setp(_block.data(), _block.data() + _block.size());
-        return _error == 0;
-    }
     void close()
     {
         if (_closes && ::close(_descriptor) != 0 && _error == 0) {
@@ -116,10 +79,34 @@ private:
         _closes = false;
     }
 
+protected:
+    int_type overflow(int_type c) override
+    {
+        if (traits_type::eq_int_type(c, traits_type::eof())) {
+            return traits_type::not_eof(c);
+        }
+        const char character = traits_type::to_char_type(c);
+        return xsputn(&character, 1) == 1 ? c : traits_type::eof();
+    }
+    std::streamsize xsputn(const char* text, std::streamsize count) override
+    {
+        std::streamsize done = 0;
+        while (done != count && _error == 0) {
+            const ssize_t written = write(_descriptor, text + done, static_cast<std::size_t>(count - done));
+            if (written > 0) {
+                done += written;
+            } else if (written < 0 && errno != EINTR) {
+                _error = errno;
+            }
+        }
+        return done;
+    }
+    int sync() override { return _error == 0 ? 0 : -1; }
+
+private:
     int _descriptor;
     bool _closes;
     int _error = 0;
-    std::array<char, 65536> _block{};
 };
 
 OutputFile::OutputFile(std::string name) : _name(std::move(name)) {}
@@ -165,7 +152,7 @@ bool OutputFile::open(std::string& error)
 
 bool OutputFile::commit(std::string& error)
 {
-    _buffer->finish();
+    _buffer->close();
     if (_buffer->error() != 0) {
         error = std::strerror(_buffer->error());
         return false;

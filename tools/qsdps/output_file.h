@@ -9,8 +9,8 @@ namespace qsdps {
 
 /// Receives a document under a temporary name in the folder of its final one, which it gets when it is complete, so
 /// that a run that fails leaves nothing behind and an existing file as it was. A symbolic link stays one: the file that
-/// it stands for is written. "-" is standard output; a device or a pipe is written to directly. The stream keeps
-/// flushes to itself and writes in large blocks.
+/// it stands for is written. "-" is standard output; a device or a pipe is written to directly. The stream
+/// has no buffer: give it large blocks.
 class OutputFile {
 public:
     explicit OutputFile(std::string name);

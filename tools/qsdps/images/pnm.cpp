@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qsdps {
@@ -46,12 +47,14 @@ public:
         int c = next();
         while (isBlank(c) || c == '#') {
             if (c == '#') {
-                skipLine();
+                takeComment();
             }
             c = next();
         }
         return c;
     }
+    /// The first comment, or as much of it as a title may have.
+    [[nodiscard]] const std::string& firstComment() const { return _firstComment; }
     void skipLine()
     {
         for (int c = next(); c != '\n' && c != End; c = next()) {
@@ -70,16 +73,31 @@ public:
             value = std::min(Most, value * 10 + static_cast<std::uint32_t>(c - '0'));
         }
         if (c == '#') {
-            skipLine();
+            takeComment();
         }
         return value;
     }
 
 private:
+    void takeComment()
+    {
+        constexpr std::size_t LongestTitle = 1000;
+        std::string comment;
+        for (int c = next(); c != '\n' && c != End; c = next()) {
+            if (comment.size() < LongestTitle) {
+                comment.push_back(static_cast<char>(c));
+            }
+        }
+        if (_firstComment.empty()) {
+            _firstComment = std::move(comment);
+        }
+    }
+
     ByteSource& _source;
     std::array<std::uint8_t, 16384> _block;
     std::size_t _at = 0;
     std::size_t _end = 0;
+    std::string _firstComment;
 };
 
 class PnmReader : public ImageReader {
@@ -112,6 +130,7 @@ public:
             readPamHeader();
             break;
         }
+        takeTitle();
         _isPlain = type <= 3;
         if (_header.kind != PixelKind::Bits) {
             _header.kind = _samples <= 2 ? PixelKind::Grey : PixelKind::Color;
@@ -146,6 +165,14 @@ private:
         _header.width = _bytes.number();
         _header.height = _bytes.number();
         checkSize();
+    }
+    void takeTitle()
+    {
+        constexpr std::string_view Mark = " Title: ";
+        const std::string& comment = _bytes.firstComment();
+        if (comment.starts_with(Mark)) {
+            _header.title = comment.substr(Mark.size());
+        }
     }
     void readMostValue() { setMostValue(_bytes.number()); }
     void setMostValue(std::uint32_t value)

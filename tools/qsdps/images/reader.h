@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 
 namespace qsdps {
@@ -40,6 +41,7 @@ struct ImageHeader {
     Rgb set{0, 0, 0};         ///< of Bits: the colour of a set bit, no lighter than `clear`
     Density density;
     int orientation = 1; ///< how the picture is to be turned, 1 to 8, as cameras count
+    std::string title;   ///< of PNM files, a first comment "Title: ..."; empty: none
 };
 
 /// No side of a picture may have more pixels.
