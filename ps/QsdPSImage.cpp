@@ -3,38 +3,14 @@
 
 #include "ps/QsdPSGrey_p.h"
 #include "ps/QsdPSImageSource_p.h"
+#include "ps/QsdPSIndexedColors_p.h"
 #include "toolkit/encoder/QsdPostScriptEncoder.h"
-#include "toolkit/port/QsdDisplay.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 
 namespace {
-
-/// Components of the display's colour table, 8 bits each.
-class IndexedColors {
-public:
-    explicit IndexedColors(const QsdDisplay& display)
-    {
-        std::array<unsigned short, 256> reds{};
-        std::array<unsigned short, 256> greens{};
-        std::array<unsigned short, 256> blues{};
-        display.colorTable(256, reds.data(), greens.data(), blues.data());
-        for (std::size_t i = 0; i < 256; ++i) {
-            _rgb[i] = {static_cast<unsigned char>(reds[i] >> 8), static_cast<unsigned char>(greens[i] >> 8),
-                       static_cast<unsigned char>(blues[i] >> 8)};
-            _grey[i] = QsdPSGreyOf(_rgb[i][0], _rgb[i][1], _rgb[i][2]);
-        }
-    }
-
-    [[nodiscard]] const std::array<unsigned char, 3>& rgb(unsigned char index) const { return _rgb[index]; }
-    [[nodiscard]] unsigned char grey(unsigned char index) const { return _grey[index]; }
-
-private:
-    std::array<std::array<unsigned char, 3>, 256> _rgb;
-    std::array<unsigned char, 256> _grey;
-};
 
 /// The bytes of one row of a source, which may be fewer than its pixels need; those beyond them are 0.
 struct Row {
@@ -59,7 +35,7 @@ void putBitRow(QsdPostScriptEncoder& encoder, const Row& row, unsigned long widt
     }
 }
 
-void putIndexedRow(QsdPostScriptEncoder& encoder, const IndexedColors& colors, const Row& row, unsigned long width,
+void putIndexedRow(QsdPostScriptEncoder& encoder, const QsdPSIndexedColors& colors, const Row& row, unsigned long width,
                    bool inColor)
 {
     for (unsigned long i = 0; i < width; ++i) {
@@ -114,7 +90,7 @@ void QsdPSDevice::writeImage(const QsdDisplay* display, unsigned long depth, uns
             putBitRow(encoder, row(r), width);
         }
     } else if (depth <= 8) {
-        const IndexedColors colors(*display);
+        const QsdPSIndexedColors colors(*display);
         for (unsigned long r = 0; r < height; ++r) {
             putIndexedRow(encoder, colors, row(r), width, inColor);
         }

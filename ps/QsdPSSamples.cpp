@@ -1,7 +1,6 @@
 #include "ps/QsdPSSamples_p.h"
 
-#include "ps/QsdPSGrey_p.h"
-#include "toolkit/port/QsdDisplay.h"
+#include "ps/QsdPSIndexedColors_p.h"
 
 #include <cstring>
 
@@ -11,14 +10,13 @@ QsdPSSamples::QsdPSSamples(const QsdDisplay& display, unsigned long depth, bool 
     if (!_indexed) {
         return;
     }
-    constexpr std::size_t Indices = 256;
-    const QsdColorTable colors = display.colors();
-    for (std::size_t i = 0; i < Indices; ++i) {
-        const QsdRGB color = colors.color(i);
+    const QsdPSIndexedColors colors(display);
+    for (unsigned index = 0; index < 256; ++index) {
+        const auto i = static_cast<unsigned char>(index);
         if (inColor) {
-            _table.insert(_table.end(), {color.red, color.green, color.blue});
+            _table.insert(_table.end(), colors.rgb(i).begin(), colors.rgb(i).end());
         } else {
-            _table.push_back(QsdPSGreyOf(color.red, color.green, color.blue));
+            _table.push_back(colors.grey(i));
         }
     }
 }

@@ -1,8 +1,6 @@
 // Pixels of a display as the samples of an image.
 #pragma once
 
-#include "toolkit/raster/QsdColorTable.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <vector>
