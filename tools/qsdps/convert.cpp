@@ -73,7 +73,7 @@ void paintBackground(const Sheet& sheet)
         tools.palette->setForeground(tools.colors.get(*sheet.options.background));
         tools.palette->setClipRegion(QsdRegion::Full());
         sheet.port.fillRectangle(tools.palette.get(),
-                                   {0, 0, static_cast<std::uint32_t>(corner.x), static_cast<std::uint32_t>(corner.y)});
+                                 {0, 0, static_cast<std::uint32_t>(corner.x), static_cast<std::uint32_t>(corner.y)});
     }
 }
 

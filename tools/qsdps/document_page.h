@@ -17,7 +17,7 @@ namespace qsdps {
 /// The page that is being drawn, in a document or elsewhere.
 struct Sheet {
     QsdPort& port;
-    QsdPSDevice* document;  ///< the port, where it is one that writes a document; else null
+    QsdPSDevice* document; ///< the port, where it is one that writes a document; else null
     QsdTransformer toPort; ///< maps points of the paper to the port
     PaintTools& tools;
     const Options& options;

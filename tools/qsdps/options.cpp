@@ -96,8 +96,8 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
 {
     Options options;
     CLI::App app(
-        "Turns SVG drawings and PNG, JPEG and PNM pictures into PostScript. Several of them become the pages of one "
-        "document.",
+        "Turns SVG drawings, PNG, JPEG and PNM pictures and windows of X into PostScript. Several of them become the "
+        "pages of one document.",
         "qsdps");
     app.set_help_flag("-?,--help", "Print this help and exit");
     app.set_version_flag("--version", std::string("qsdps ") + QsdGetVersionString());
@@ -105,7 +105,18 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
         "Lengths take mm, cm, in, pt, pc and px. Pictures have at most 1,000,000 pixels a side and 1,000 million in "
         "all; interlaced and progressive ones 100 million. Exit status: 0 done, 1 some file failed, 2 wrong usage.");
 
-    app.add_option("FILE", options.inputs, "SVG (gzipped or not), PNG, JPEG or PNM files; - or none: standard input");
+    std::vector<std::string> files;
+    const CLI::Option* const fileOption =
+        app.add_option("FILE", files, "SVG (gzipped or not), PNG, JPEG or PNM files; - or none: standard input");
+    std::vector<std::string> windows;
+    const CLI::Option* const windowOption =
+        app.add_option("--window", windows,
+                       "A window on the X screen of the environment variable DISPLAY: its number (decimal, or 0x and "
+                       "hexadecimal), its name, or root; may be given often and among files")
+            ->type_name("ID|NAME|root")
+            ->type_size(1)
+            ->expected(1)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     app.add_option("-o,--output", options.output, "Where the document goes; - (the default): standard output")
         ->type_name("FILE");
     std::string format;
@@ -182,8 +193,17 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
         }
         options.hexEncoder = encoder == "hex";
         options.compression = compressionOf(compression, options);
+        auto nextFile = files.begin();
+        auto nextWindow = windows.begin();
+        for (const CLI::Option* option : app.parse_order()) {
+            if (option == fileOption) {
+                options.inputs.push_back({Source::File, *nextFile++});
+            } else if (option == windowOption) {
+                options.inputs.push_back({Source::Window, *nextWindow++});
+            }
+        }
         if (options.inputs.empty()) {
-            options.inputs.emplace_back("-");
+            options.inputs.push_back({Source::File, "-"});
         }
         const bool eps = format == "eps" ||
                          (format.empty() && (endsWith(options.output, ".eps") || endsWith(options.output, ".epsf")));

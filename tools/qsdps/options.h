@@ -27,9 +27,9 @@ struct Source {
 };
 
 struct Options {
-    std::string program = "qsdps";   ///< what messages begin with
+    std::string program = "qsdps"; ///< what messages begin with
     std::vector<Source> inputs;
-    std::string output = "-";        ///< a file name; "-" is standard output
+    std::string output = "-"; ///< a file name; "-" is standard output
     Format format = Format::PS;
     std::optional<PaperSize> paper; ///< none: that of the drawings
     Orientation orientation = Orientation::Auto;
