@@ -2,7 +2,8 @@
 //   encoders list                      the encoders there are
 //   encoders lengths FILE ENCODER      data of many lengths; the document itself counts and compares their bytes
 //   encoders pages FILE ENCODER LEVEL  every kind of picture and pattern, in many sizes
-#include "ps/QsdPSDevice.h"
+//   encoders print FILE ENCODER LEVEL  the same by the device whose pages stand alone
+#include "ps/QsdPSPrintDevice.h"
 #include "toolkit/encoder/QsdASCII85Encoder.h"
 #include "toolkit/encoder/QsdLZWEncoder.h"
 #include "toolkit/encoder/QsdRunLengthEncoder.h"
@@ -203,7 +204,13 @@ int main(int argc, char** argv)
         return 2;
     }
     QsdMemoryDisplay display;
-    QsdPSDevice device(&display, QsdPSRGB);
+    std::unique_ptr<QsdPSDevice> owner;
+    if (mode == "print") {
+        owner = std::make_unique<QsdPSPrintDevice>(&display, QsdPSRGB);
+    } else {
+        owner = std::make_unique<QsdPSDevice>(&display, QsdPSRGB);
+    }
+    QsdPSDevice& device = *owner;
     device.setPaperWidth(820);
     device.setPaperHeight(820);
     if (argc > 4) {

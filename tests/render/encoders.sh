@@ -31,6 +31,11 @@ while read -r name; do
         cmp "plain-$page.ppm" "$name-$page.ppm" || fail "$name: page $page differs"
     done
     cmp "ascii85-3.ppm" "$name-3.ppm" || fail "$name: page 3 differs"
+    "$encoders" print "$name-print.ps" "$name" 2
+    render "$name-print.ps" "$name-print"
+    for page in 1 2 3; do
+        cmp "ascii85-print-$page.ppm" "$name-print-$page.ppm" || fail "$name: page $page of the print device differs"
+    done
     "$encoders" pages "$name-at-1.ps" "$name" 1
     grep -v '^%%Date:' plain.ps >plain.text
     grep -v '^%%Date:' "$name-at-1.ps" | cmp - plain.text || fail "$name: differs at level 1"

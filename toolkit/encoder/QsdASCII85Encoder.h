@@ -39,7 +39,7 @@ private:
     static constexpr std::size_t LineRoom = LineLength + 2 * sizeof(long long);
     /// Bytes of a few lines: single bytes are collected until there are enough to encode line by line.
     static constexpr std::size_t HeldSize = 4 * LineGroups * 4;
-    static constexpr std::size_t BufferSize = 4096;
+    static constexpr std::size_t BufferSize = 16384; ///< large writes cost the system less a byte
 
     std::ostream* _stream;
     std::size_t _heldCount = 0;
