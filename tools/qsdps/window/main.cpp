@@ -1,0 +1,60 @@
+// qsdps-window: a window of the X screen as a picture file, for qsdps.
+#include "window/picture_file.h"
+#include "window/window_pixels.h"
+#include "window/window_search.h"
+
+#include <cerrno>
+#include <cstring>
+#include <exception>
+#include <iostream>
+#include <string_view>
+#include <unistd.h>
+
+namespace {
+
+int fail(const std::string& what, const std::string& why)
+{
+    std::cerr << "qsdps-window: " << what << ": " << why << '\n';
+    return 1;
+}
+
+int writeWindow(const std::string& what)
+{
+    using namespace qsdps;
+    XErrors errors;
+    const std::unique_ptr<QsdXDisplay> display = QsdXDisplay::Open(nullptr, "qsdps");
+    if (display == nullptr) {
+        return fail(what, errors.take());
+    }
+    std::string error;
+    const std::optional<unsigned long> window = findWindow(*display, errors, what, error);
+    const std::optional<WindowPixels> pixels = window ? readWindow(*display, errors, *window, error) : std::nullopt;
+    if (!pixels) {
+        return fail(what, error);
+    }
+    const std::string title = nameOfWindow(*display, *window);
+    if (pixels->isPart) {
+        std::cerr << "qsdps-window: " << what << ": warning: what lies outside the screen is left out\n";
+    }
+    return writePicture(*pixels, title, stdout) ? 0 : fail("standard output", std::strerror(errno));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const int first = argc > 1 && std::string_view(argv[1]) == "--" ? 2 : 1;
+    if (argc != first + 1 || (first == 1 && argv[1][0] == '-')) {
+        std::cerr << "Usage: qsdps-window [--] ID|NAME|root >FILE.pnm\n"
+                     "Writes a window of the X screen as a PNM picture. qsdps --window does this and prints it.\n";
+        return 2;
+    }
+    if (isatty(STDOUT_FILENO) != 0) {
+        return fail("standard output", "is a terminal");
+    }
+    try {
+        return writeWindow(argv[first]);
+    } catch (const std::exception& error) {
+        return fail(argv[first], error.what());
+    }
+}
