@@ -12,10 +12,10 @@ class QsdBitmapPath;
 /// A drawable whose pixels the program holds itself, on any display: one-bit, or of the display's screen depth, and
 /// then with a one-bit mask of its opaque pixels if it likes. It can be drawn into like every port. Colours become the
 /// nearest that the depth has; at a depth of 1, colours below half of full light set bits. Areas cover the pixels whose
-/// centres they contain; lines go through the centres of the pixels that their points name, and their width follows the
-/// scale of the transformer. Texts are drawn with a plain alphabet of lines for Latin letters, whatever the family, in
-/// the advances of the palette's font; a character of several bytes is drawn as a box. Alpha and antialiasing of
-/// palettes do not count. A null bitmap, or null pixels, draw nothing.
+/// centres they contain; lines go through the centres of the pixels that their points name, and their width and dashes
+/// follow the scale of the transformer. Texts are drawn with a plain alphabet of lines for Latin letters, whatever the
+/// family, in the advances of the palette's font; a character of several bytes is drawn as a box. Alpha and antialiasing
+/// of palettes do not count. A null bitmap, or null pixels, draw nothing.
 class QsdBitmap : public QsdSystemPort {
 public:
     /// A bitmap of zero pixels; `depth` is 1, or anything else for the screen depth of `display`. Throws std::bad_alloc

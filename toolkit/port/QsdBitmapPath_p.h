@@ -19,7 +19,7 @@ public:
 
     [[nodiscard]] const std::vector<QsdChain>& chains() const { return _chains; }
 
-    /// How much wider lines are under the transformer.
+    /// How much wider lines, and longer their dashes, are under the transformer.
     [[nodiscard]] double scale() const;
 
     /// Begins a new chain.

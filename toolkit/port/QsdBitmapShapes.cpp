@@ -51,8 +51,12 @@ void QsdBitmap::stroke(const QsdPalette& palette, const QsdBitmapPath& path, boo
 {
     const QsdPainter painter(_pixels, visibleRegion(palette), {valueOf(*palette.foreground()), {}, nullptr});
     const QsdLineStyle& style = *palette.lineStyle();
-    const std::vector<std::uint8_t> dashes(style.dashes(), style.dashes() + style.count());
-    const double width = palette.lineWidth() * path.scale();
+    const double scale = path.scale();
+    std::vector<double> dashes(style.dashes(), style.dashes() + style.count());
+    for (double& length : dashes) {
+        length *= scale;
+    }
+    const double width = palette.lineWidth() * scale;
     for (const QsdChain& chain : path.chains()) {
         painter.stroke(chain, closed, width, dashes);
     }

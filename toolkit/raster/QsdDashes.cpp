@@ -9,7 +9,7 @@ namespace {
 /// Where on its way through the dash pattern a line is.
 class Phase {
 public:
-    explicit Phase(const std::vector<std::uint8_t>& lengths)
+    explicit Phase(const std::vector<double>& lengths)
         : _lengths(lengths),
           // An odd number of lengths takes two rounds until a dash is a dash again.
           _period(std::accumulate(lengths.begin(), lengths.end(), 0.0) * (lengths.size() % 2 == 1 ? 2 : 1)),
@@ -32,7 +32,7 @@ public:
     }
 
 private:
-    const std::vector<std::uint8_t>& _lengths;
+    const std::vector<double>& _lengths;
     double _period;
     std::size_t _entry = 0;
     double _rest;
@@ -83,7 +83,7 @@ Stretch seenPart(const QsdRect& area, QsdRealPoint from, QsdRealPoint direction,
 
 } // namespace
 
-void QsdCutDashes(const QsdChain& chain, const std::vector<std::uint8_t>& lengths, const QsdRect& area, double reach,
+void QsdCutDashes(const QsdChain& chain, const std::vector<double>& lengths, const QsdRect& area, double reach,
                   const std::function<void(const QsdChain& dash)>& receive)
 {
     Phase phase(lengths);

@@ -5,7 +5,6 @@
 #include "toolkit/raster/QsdFlatten.h"
 
 #include <cmath>
-#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -31,5 +30,5 @@ inline QsdRealPoint operator*(QsdRealPoint a, double factor)
 
 /// Calls `receive` with each dash of a chain of finite points, any two neighbours of which differ. `lengths` are those
 /// of dashes and gaps in turn, not all 0. What lies further than `reach` from `area` is passed over at once.
-void QsdCutDashes(const QsdChain& chain, const std::vector<std::uint8_t>& lengths, const QsdRect& area, double reach,
+void QsdCutDashes(const QsdChain& chain, const std::vector<double>& lengths, const QsdRect& area, double reach,
                   const std::function<void(const QsdChain& dash)>& receive);

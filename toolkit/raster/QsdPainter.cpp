@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace {
 
@@ -119,15 +120,16 @@ void QsdPainter::thinLine(QsdRealPoint from, QsdRealPoint to) const
     }
 }
 
-void QsdPainter::stroke(const QsdChain& chain, bool closed, double width, const std::vector<std::uint8_t>& dashes) const
+void QsdPainter::stroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes) const
 {
-    const bool solid = std::all_of(dashes.begin(), dashes.end(), [](std::uint8_t length) { return length == 0; });
+    constexpr double ShortestPeriod = 0.25;
+    const bool solid = std::accumulate(dashes.begin(), dashes.end(), 0.0) < ShortestPeriod;
     if (chain.empty() || area().isEmpty()) {
         return;
     }
     if (width > 1 || !solid) {
         // Painting a pixel twice does not change it, so every piece can be painted as it comes.
-        QsdStroke(chain, closed, std::max(width, 1.0), solid ? std::vector<std::uint8_t>() : dashes, area(),
+        QsdStroke(chain, closed, std::max(width, 1.0), solid ? std::vector<double>() : dashes, area(),
                   [this](const QsdChain& piece) { fill({piece}, false); });
         return;
     }

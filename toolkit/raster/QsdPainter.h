@@ -36,9 +36,10 @@ public:
     void fill(const std::vector<QsdChain>& rings, bool evenOdd) const;
     /// Paints a line one pixel wide, both ends included.
     void thinLine(QsdRealPoint from, QsdRealPoint to) const;
-    /// Paints a line of `width` units along `chain`. `dashes` are lengths of dashes and gaps in turn, none: a solid
-    /// line. The ends of a closed chain are joined. A chain of a single point is a dot.
-    void stroke(const QsdChain& chain, bool closed, double width, const std::vector<std::uint8_t>& dashes) const;
+    /// Paints a line of `width` units along `chain`. `dashes` are lengths of dashes and gaps in turn, none, or
+    /// none that could be told apart: a solid line. The ends of a closed chain are joined. A chain of a single point is
+    /// a dot.
+    void stroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes) const;
 
 private:
     template <class Use>

@@ -64,8 +64,8 @@ QsdChain withoutRepeats(const QsdChain& chain, bool closed)
 
 } // namespace
 
-void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vector<std::uint8_t>& dashes,
-               const QsdRect& area, const QsdPieceReceiver& receive)
+void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes, const QsdRect& area,
+               const QsdPieceReceiver& receive)
 {
     QsdChain line = withoutRepeats(chain, closed);
     const double half = width / 2;

@@ -4,7 +4,6 @@
 #include "toolkit/geometry/QsdRect.h"
 #include "toolkit/raster/QsdFlatten.h"
 
-#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -15,5 +14,5 @@ using QsdPieceReceiver = std::function<void(const QsdChain& piece)>;
 /// corners (cut where a mitre would be longer than ten widths). `dashes` are lengths of dashes and gaps in turn, which
 /// begin anew with every chain; none: a solid line. The ends of a closed chain are joined. A chain without length is a
 /// square dot. Pieces outside `area` are left out, so a dashed line of any length costs no more than what is seen.
-void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vector<std::uint8_t>& dashes,
-               const QsdRect& area, const QsdPieceReceiver& receive);
+void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes, const QsdRect& area,
+               const QsdPieceReceiver& receive);

@@ -233,7 +233,7 @@ TEST(Painter, CornersAreMitred)
     }
 }
 
-std::string dashesOf(const QsdChain& chain, const std::vector<std::uint8_t>& dashes)
+std::string dashesOf(const QsdChain& chain, const std::vector<double>& dashes)
 {
     QsdPixels pixels(Side, 1, 8);
     QsdPainter(pixels, QsdRegion::Full(), {1, {}, nullptr}).stroke(chain, false, 1, dashes);
@@ -251,6 +251,8 @@ TEST(Painter, DashesRepeat)
     EXPECT_EQ(dashesOf({{0, 0.5}, {24, 0.5}}, {2, 1, 1}), "##.#..#.##.#..#.##.#..#.");
     EXPECT_EQ(dashesOf({{0, 0.5}, {4, 0.5}, {24, 0.5}}, {3, 2}), "###..###..###..###..###.");
     EXPECT_EQ(dashesOf({{0, 0.5}, {23, 0.5}}, {0, 0}), std::string(Side, '#'));
+    EXPECT_EQ(dashesOf({{0, 0.5}, {24, 0.5}}, {1.5, 2.5}), "##..##..##..##..##..##..");
+    EXPECT_EQ(dashesOf({{0, 0.5}, {24, 0.5}}, {1e-9, 1e-300}), std::string(Side, '#'));
 }
 
 TEST(Painter, DashesOfEndlessLinesKeepTheirPlace)
