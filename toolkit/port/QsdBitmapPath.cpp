@@ -1,8 +1,11 @@
 #include "toolkit/port/QsdBitmapPath_p.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
+
+constexpr double MostStretched = 1e9; ///< beyond it an arc has as many points as there may be
 
 QsdRealPoint real(const QsdPoint& point)
 {
@@ -17,6 +20,14 @@ double QsdBitmapPath::scale() const
     _transformer.getValues(x11, x12, x21, x22, x0, y0);
     const double scale = std::sqrt(std::fabs(x11 * x22 - x12 * x21));
     return std::isfinite(scale) ? scale : 0;
+}
+
+double QsdBitmapPath::stretch() const
+{
+    double x11, x12, x21, x22, x0, y0;
+    _transformer.getValues(x11, x12, x21, x22, x0, y0);
+    const double stretch = std::max(std::hypot(x11, x21), std::hypot(x12, x22));
+    return std::isfinite(stretch) ? std::min(stretch, MostStretched) : 1;
 }
 
 QsdRealPoint QsdBitmapPath::mapped(QsdRealPoint point) const
@@ -65,10 +76,12 @@ void QsdBitmapPath::addArc(const QsdRect& rect, float start, float range)
 {
     const double radiusX = rect.width / 2.0;
     const double radiusY = rect.height / 2.0;
+    // Cut up in its size on the bitmap, so that it is round there.
+    const double size = std::max(stretch(), 1.0);
     begin();
-    for (const QsdRealPoint& point : QsdFlattenArc({rect.x + radiusX, rect.y + radiusY}, radiusX, radiusY,
-                                                   static_cast<double>(start), static_cast<double>(range))) {
-        add(point);
+    for (const QsdRealPoint& point : QsdFlattenArc({0, 0}, radiusX * size, radiusY * size, static_cast<double>(start),
+                                                   static_cast<double>(range))) {
+        add({rect.x + radiusX + point.x / size, rect.y + radiusY + point.y / size});
     }
 }
 
@@ -88,7 +101,9 @@ void QsdBitmapPath::addCurves(unsigned long count, const QsdPoint* points, bool 
         curve(points[i], points[i + 1], points[i + 2]);
     }
     const unsigned long left = count - i;
-    if (closed) {
+    if (count == 2) {
+        add(real(points[1])); // there and, closed, back
+    } else if (closed) {
         if (left != 0) {
             curve(points[i], points[i + left - 1], points[0]);
         }

@@ -37,6 +37,8 @@ public:
     void addCurves(unsigned long count, const QsdPoint* points, bool closed);
 
 private:
+    /// How much longer a line is under the transformer at most.
+    [[nodiscard]] double stretch() const;
     [[nodiscard]] QsdRealPoint mapped(QsdRealPoint point) const;
 
     QsdTransformer _transformer;

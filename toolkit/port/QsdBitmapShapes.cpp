@@ -7,6 +7,7 @@
 #include "toolkit/raster/QsdPainter.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <optional>
 
@@ -169,7 +170,9 @@ void QsdBitmap::fillArc(const QsdPalette* palette, const QsdRect& rect, float st
 {
     QsdBitmapPath path(_transformer, QsdBitmapPath::PixelCorner);
     path.addArc(rect, start, range);
-    if (palette->arcMode() == QsdArcPie) {
+    // The two radii of a whole turn would enclose nothing, and a row of pixels may lie on both.
+    const bool wholeTurn = std::fabs(range) >= 360;
+    if (palette->arcMode() == QsdArcPie && !wholeTurn) {
         path.add({rect.x + rect.width / 2.0, rect.y + rect.height / 2.0});
     }
     fill(*palette, path);
