@@ -168,7 +168,8 @@ std::string nameOfInput(const Source& input)
 std::unique_ptr<DocumentPage> DocumentPage::open(const Source& input, const Options& options, std::string& error)
 {
     const bool isWindow = input.kind == Source::Window;
-    std::unique_ptr<Input> file = isWindow ? openWindow(input.name, error) : Input::open(input.name, error);
+    std::unique_ptr<Input> file =
+        isWindow ? openWindow(input.name, options.quiet, error) : Input::open(input.name, error);
     if (file == nullptr) {
         return nullptr;
     }

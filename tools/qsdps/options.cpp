@@ -114,9 +114,7 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
                        "A window on the X screen of the environment variable DISPLAY: its number (decimal, or 0x and "
                        "hexadecimal), its name, or root; may be given often and among files")
             ->type_name("ID|NAME|root")
-            ->type_size(1)
-            ->expected(1)
-            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+            ->allow_extra_args(false);
     app.add_option("-o,--output", options.output, "Where the document goes; - (the default): standard output")
         ->type_name("FILE");
     std::string format;

@@ -26,11 +26,11 @@ std::string readerProgram()
 }
 
 /// Starts the program with its standard output going to `writeEnd`; returns an error of the system, 0: none.
-int start(const std::string& window, int writeEnd, pid_t& program)
+int start(const std::string& window, bool quiet, int writeEnd, pid_t& program)
 {
     const std::string path = readerProgram();
     // posix_spawn promises not to change its arguments.
-    char* const arguments[] = {const_cast<char*>(ReaderName), const_cast<char*>("--"),
+    char* const arguments[] = {const_cast<char*>(ReaderName), const_cast<char*>(quiet ? "-q" : "--"),
                                const_cast<char*>(window.c_str()), nullptr};
     posix_spawn_file_actions_t actions;
     int failed = posix_spawn_file_actions_init(&actions);
@@ -47,7 +47,7 @@ int start(const std::string& window, int writeEnd, pid_t& program)
 
 } // namespace
 
-std::unique_ptr<Input> openWindow(const std::string& window, std::string& error)
+std::unique_ptr<Input> openWindow(const std::string& window, bool quiet, std::string& error)
 {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) {
@@ -55,7 +55,7 @@ std::unique_ptr<Input> openWindow(const std::string& window, std::string& error)
         return nullptr;
     }
     pid_t program = 0;
-    const int failed = start(window, ends[1], program);
+    const int failed = start(window, quiet, ends[1], program);
     close(ends[1]);
     std::FILE* const file = failed == 0 ? fdopen(ends[0], "rb") : nullptr;
     if (file == nullptr) {

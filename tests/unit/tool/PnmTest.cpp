@@ -118,3 +118,12 @@ TEST(Pnm, OtherTextsAreNoPictures)
     EXPECT_FALSE(isImage("PS-Adobe"));
     EXPECT_TRUE(isImage("P5 1"));
 }
+
+TEST(Pnm, TheFirstCommentMayBeATitle)
+{
+    EXPECT_EQ(headerOf("P5\n# Title: A window \n1 1\n255\n"sv).title, "A window ");
+    EXPECT_EQ(headerOf("P1 1 # Title: Bits\n# Title: More\n1 1").title, "Bits");
+    EXPECT_EQ(headerOf("P7\n# Title: Maps\nWIDTH 1\nHEIGHT 1\nDEPTH 1\nMAXVAL 1\nENDHDR\n\1"sv).title, "Maps");
+    EXPECT_EQ(headerOf("P5\n# by hand\n# Title: Late\n1 1\n255\n"sv).title, "");
+    EXPECT_EQ(headerOf("P5\n# Title: " + std::string(5000, 'x') + "\n1 1\n255\n").title.size(), 992U);
+}

@@ -18,7 +18,7 @@ int fail(const std::string& what, const std::string& why)
     return 1;
 }
 
-int writeWindow(const std::string& what)
+int writeWindow(const std::string& what, bool isQuiet)
 {
     using namespace qsdps;
     XErrors errors;
@@ -33,7 +33,7 @@ int writeWindow(const std::string& what)
         return fail(what, error);
     }
     const std::string title = nameOfWindow(*display, *window);
-    if (pixels->isPart) {
+    if (pixels->isPart && !isQuiet) {
         std::cerr << "qsdps-window: " << what << ": warning: what lies outside the screen is left out\n";
     }
     return writePicture(*pixels, title, stdout) ? 0 : fail("standard output", std::strerror(errno));
@@ -43,18 +43,20 @@ int writeWindow(const std::string& what)
 
 int main(int argc, char** argv)
 {
-    const int first = argc > 1 && std::string_view(argv[1]) == "--" ? 2 : 1;
-    if (argc != first + 1 || (first == 1 && argv[1][0] == '-')) {
-        std::cerr << "Usage: qsdps-window [--] ID|NAME|root >FILE.pnm\n"
+    const std::string_view option = argc > 2 ? argv[1] : "";
+    const bool isQuiet = option == "-q";
+    if (argc != (option.empty() ? 2 : 3) || !(isQuiet || option.empty() || option == "--")) {
+        std::cerr << "Usage: qsdps-window [-q|--] ID|NAME|root >FILE.pnm\n"
                      "Writes a window of the X screen as a PNM picture. qsdps --window does this and prints it.\n";
         return 2;
     }
     if (isatty(STDOUT_FILENO) != 0) {
         return fail("standard output", "is a terminal");
     }
+    const char* const window = argv[argc - 1];
     try {
-        return writeWindow(argv[first]);
+        return writeWindow(window, isQuiet);
     } catch (const std::exception& error) {
-        return fail(argv[first], error.what());
+        return fail(window, error.what());
     }
 }
