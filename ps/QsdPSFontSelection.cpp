@@ -3,6 +3,7 @@
 
 #include "ps/QsdPSFontFile_p.h"
 #include "ps/QsdPSFonts_.h"
+#include "ps/QsdPSName_p.h"
 #include "ps/QsdPSString.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsLocale.h"
@@ -98,7 +99,10 @@ void QsdPSDevice::setFont(const QsdPalette* palette) const
 
 void QsdPSDevice::writeFontSelection(int size, const char* name, const char* suffix, bool multiByte) const
 {
-    QsdPSWriter(_stream) << size << "/" << name << suffix << (multiByte ? " qsdjsf" : " qsdsf") << EOL;
+    QsdPSWriter out(_stream);
+    out << size;
+    QsdPSWriteName(out, name, suffix);
+    out << (multiByte ? " qsdjsf" : " qsdsf") << EOL;
 }
 
 void QsdPSDevice::writeFontFile(const char* fileName, const char* name, const char* suffix) const
@@ -108,7 +112,7 @@ void QsdPSDevice::writeFontFile(const char* fileName, const char* name, const ch
         return;
     }
     QsdPSWriter out(_stream);
-    out << EOL << "%%BeginFont: " << name << suffix << EOL;
+    out << EOL << "%%BeginFont: " << QsdPSCommentName(std::string(name) + suffix) << EOL;
     file.copyTo(out);
     out << EOL << "%%EndFont" << EOL;
 }

@@ -1,6 +1,8 @@
 #include "ps/QsdPSPrintDocument_p.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 QsdPSExtent QsdPSExtentOf(const QsdTransformer& t, double x1, double y1, double x2, double y2)
 {
@@ -21,8 +23,12 @@ std::array<std::int32_t, 4> QsdPSBoxOf(const QsdPSExtent& extent)
     if (extent.isEmpty()) {
         return {};
     }
-    return {static_cast<std::int32_t>(std::floor(extent.left)), static_cast<std::int32_t>(std::floor(extent.bottom)),
-            static_cast<std::int32_t>(std::ceil(extent.right)), static_cast<std::int32_t>(std::ceil(extent.top))};
+    const auto held = [](double value) {
+        constexpr double Most = std::numeric_limits<std::int32_t>::max();
+        return static_cast<std::int32_t>(std::clamp(value, -Most, Most));
+    };
+    return {held(std::floor(extent.left)), held(std::floor(extent.bottom)), held(std::ceil(extent.right)),
+            held(std::ceil(extent.top))};
 }
 
 void QsdPSPrintDocument::begin(std::ostream* newOutput, const QsdRect* box, const QsdTransformer& newPage)

@@ -3,6 +3,7 @@
 
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSMedia_p.h"
+#include "ps/QsdPSName_p.h"
 #include "ps/QsdPSPrintDocument_p.h"
 #include "ps/QsdPSPrintPrologText_p.h"
 #include "ps/QsdPSPrologParts_p.h"
@@ -18,43 +19,6 @@
 #include <string_view>
 
 namespace {
-
-/// A text that managers of documents read: printable, in parentheses, short enough for a line.
-std::string commentText(std::string_view text)
-{
-    constexpr std::size_t Limit = 200;
-    std::string quoted = "(";
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (quoted.size() > Limit) {
-            break;
-        }
-        if (c == '(' || c == ')' || c == '\\') {
-            quoted += '\\';
-            quoted += c;
-        } else if (byte >= 0x20 && byte < 0x7F) {
-            quoted += c;
-        } else if (byte > 0x7F) {
-            quoted += '\\';
-            quoted += static_cast<char>('0' + (byte >> 6));
-            quoted += static_cast<char>('0' + ((byte >> 3) & 7));
-            quoted += static_cast<char>('0' + (byte & 7));
-        } else {
-            quoted += ' ';
-        }
-    }
-    return quoted + ")";
-}
-
-/// A literal name; one that the language cannot write as such is made of a string.
-void writeName(QsdPSWriter& out, std::string_view name)
-{
-    if (std::all_of(name.begin(), name.end(), QsdPSIsRegular)) {
-        out << "/" << name;
-    } else {
-        out << commentText(name) << "cvn";
-    }
-}
 
 std::string_view baseName(std::string_view path)
 {
@@ -116,7 +80,7 @@ void QsdPSPrintDevice::writeComments()
         writeBox(out, QsdPSBoxOf(document.extent()));
     }
     out << EOL;
-    out << "%%Title: " << commentText(_hasTitle ? _title.view() : baseName(document.fileName)) << EOL;
+    out << "%%Title: " << QsdPSQuoted(_hasTitle ? _title.view() : baseName(document.fileName)) << EOL;
     out << "%%Creator: Dravonset" << EOL;
     out << "%%CreationDate: " << QsdGetCurrentDate().view() << EOL;
     if (document.sevenBits) {
@@ -179,8 +143,8 @@ void QsdPSPrintDevice::writeProcedures()
             << QsdSpc() << y0 << "]imtrx matrix concatmatrix}bd" << EOL;
     }
     // What a page starts from; each page sees the matrix that it is placed under.
-    out << "/bp{/pagesave save def/imtrx matrix currentmatrix def" << EOL << "realmatrix setmatrix}bd"
-        << EOL << "/ep{pagesave restore end}bd" << EOL;
+    out << "/bp{/pagesave save def/imtrx matrix currentmatrix def" << EOL << "realmatrix setmatrix}bd" << EOL
+        << "/ep{pagesave restore end}bd" << EOL;
     out << "end" << EOL << "%%EndResource" << EOL << "%%EndProlog" << EOL;
 }
 
@@ -208,15 +172,15 @@ void QsdPSPrintDevice::writeSetup()
         std::string_view japanese;
         if (!font.multiByte) {
             out << "/F" << number;
-            writeName(out, font.name + "-Qsd");
-            writeName(out, font.name);
+            QsdPSWriteName(out, font.name, "-Qsd");
+            QsdPSWriteName(out, font.name);
             out << " enc" << EOL;
         } else {
             if (QsdPSIsOwnComposite(font.name, japanese)) {
                 QsdPSWriteCompositeFont(out, japanese, _EUCFontScale);
             }
             out << "/F" << number;
-            writeName(out, font.name);
+            QsdPSWriteName(out, font.name);
             out << " findfont def" << EOL;
         }
     }

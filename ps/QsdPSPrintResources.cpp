@@ -12,14 +12,6 @@ bool QsdPSIsOwnComposite(std::string_view name, std::string_view& base)
     return true;
 }
 
-std::string QsdPSCommentName(std::string_view name)
-{
-    std::string plain(name);
-    std::replace_if(
-        plain.begin(), plain.end(), [](char c) { return !QsdPSIsRegular(c); }, '_');
-    return plain;
-}
-
 void QsdPSPrintResources::reset()
 {
     _fonts.clear();

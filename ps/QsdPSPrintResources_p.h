@@ -63,12 +63,3 @@ private:
 /// Whether a font is one of the composite fonts that the document defines itself; `base` is set to the name of the
 /// Japanese font in it.
 [[nodiscard]] bool QsdPSIsOwnComposite(std::string_view name, std::string_view& base);
-
-/// Whether a character may stand in a name of the language.
-[[nodiscard]] constexpr bool QsdPSIsRegular(char c)
-{
-    return c > ' ' && c < '\x7F' && std::string_view("()<>[]{}/%").find(c) == std::string_view::npos;
-}
-
-/// A font's name for managers of documents, who end it at a blank or a delimiter.
-[[nodiscard]] std::string QsdPSCommentName(std::string_view name);

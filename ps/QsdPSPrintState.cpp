@@ -5,6 +5,7 @@
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSFontFile_p.h"
 #include "ps/QsdPSGrey_p.h"
+#include "ps/QsdPSName_p.h"
 #include "ps/QsdPSPrintDocument_p.h"
 #include "ps/QsdPSWriter_p.h"
 

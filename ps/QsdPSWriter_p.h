@@ -5,6 +5,7 @@
 #include "toolkit/geometry/QsdPoint.h"
 
 #include <charconv>
+#include <cmath>
 #include <concepts>
 #include <cstddef>
 #include <cstring>
@@ -55,9 +56,13 @@ public:
         return *this;
     }
 
-    /// Six significant digits, in the shorter of the fixed and the exponent form, without trailing zeros.
+    /// Six significant digits, in the shorter of the fixed and the exponent form, without trailing zeros. What is no
+    /// finite number becomes 0, since interpreters know no word for it.
     QsdPSWriter& operator<<(double value)
     {
+        if (!std::isfinite(value)) {
+            value = 0;
+        }
         reserve(NumberSize);
         _used = static_cast<std::size_t>(
             std::to_chars(_buffer + _used, _buffer + Size, value, std::chars_format::general, 6).ptr - _buffer);

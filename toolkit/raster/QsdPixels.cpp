@@ -98,7 +98,7 @@ void QsdPixels::assign(const QsdBitmapData& data, const QsdColorTable& colors)
     // Neighbours are often equal, and looking for the nearest entry is slow.
     QsdRGB last;
     Value value = ValueOf(last, _depth, colors);
-    for (std::uint32_t y = 0; y < _height; ++y) {
+    for (std::uint32_t y = 0; y < _height && _width != 0; ++y) {
         for (std::uint32_t x = 0; x < _width; ++x) {
             const QsdRGB color = data.pixel(x, y);
             if (color != last) {

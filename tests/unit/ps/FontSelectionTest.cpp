@@ -71,6 +71,14 @@ TEST_F(FontSelection, NamesOfTheRecord)
     EXPECT_EQ(selected("symbol", QsdFontBold), "12/Symbol qsdsf\n");
 }
 
+TEST_F(FontSelection, NamesThatAreNoneAreMadeOfStrings)
+{
+    QsdPSFonts_::GetInstance()->add(new QsdPSFontNames_(QsEncodingLatin1, "odd", "A b)c/d", nullptr, nullptr, nullptr,
+                                                        nullptr, nullptr, nullptr, nullptr),
+                                    false);
+    EXPECT_EQ(selected("odd", QsdFontBold), "12(A b\\)c/d-Bold)cvn qsdsf\n");
+}
+
 TEST_F(FontSelection, DerivedNames)
 {
     EXPECT_EQ(selected("courier", QsdFontItalic), "12/Courier-Oblique qsdsf\n");

@@ -80,6 +80,9 @@ private:
         guarded([&] {
             png_set_read_fn(_png, this, readBytes);
             png_set_user_limits(_png, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
+            // A file of a few bytes must not make the library ask for gigabytes.
+            constexpr png_alloc_size_t MostOfAChunk = 8'000'000;
+            png_set_chunk_malloc_max(_png, MostOfAChunk);
             png_read_info(_png, _info);
         });
         _header.width = png_get_image_width(_png, _info);

@@ -1,0 +1,49 @@
+#include "ps/QsdPSName_p.h"
+
+#include "ps/QsdPSWriter_p.h"
+
+#include <algorithm>
+
+std::string QsdPSQuoted(std::string_view text)
+{
+    constexpr std::size_t Limit = 200;
+    std::string quoted = "(";
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (quoted.size() > Limit) {
+            break;
+        }
+        if (c == '(' || c == ')' || c == '\\') {
+            quoted += '\\';
+            quoted += c;
+        } else if (byte >= 0x20 && byte < 0x7F) {
+            quoted += c;
+        } else if (byte > 0x7F) {
+            quoted += '\\';
+            quoted += static_cast<char>('0' + (byte >> 6));
+            quoted += static_cast<char>('0' + ((byte >> 3) & 7));
+            quoted += static_cast<char>('0' + (byte & 7));
+        } else {
+            quoted += ' ';
+        }
+    }
+    return quoted + ")";
+}
+
+void QsdPSWriteName(QsdPSWriter& out, std::string_view name, std::string_view suffix)
+{
+    const auto regular = [](std::string_view text) { return std::all_of(text.begin(), text.end(), QsdPSIsRegular); };
+    if (regular(name) && regular(suffix)) {
+        out << "/" << name << suffix;
+    } else {
+        out << QsdPSQuoted(std::string(name).append(suffix)) << "cvn";
+    }
+}
+
+std::string QsdPSCommentName(std::string_view name)
+{
+    std::string plain(name);
+    std::replace_if(
+        plain.begin(), plain.end(), [](char c) { return !QsdPSIsRegular(c); }, '_');
+    return plain;
+}

@@ -1,0 +1,22 @@
+// Names and texts that come from outside, written so that they stay what they are.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+class QsdPSWriter;
+
+/// Whether a character may stand in a name of the language.
+[[nodiscard]] constexpr bool QsdPSIsRegular(char c)
+{
+    return c > ' ' && c < '\x7F' && std::string_view("()<>[]{}/%").find(c) == std::string_view::npos;
+}
+
+/// A text in parentheses, printable and short enough for a line: what is neither is cut off or becomes a blank.
+[[nodiscard]] std::string QsdPSQuoted(std::string_view text);
+
+/// Writes a literal name of one or two parts; one that the language cannot write as such is made of a string.
+void QsdPSWriteName(QsdPSWriter& out, std::string_view name, std::string_view suffix = {});
+
+/// A font's name for managers of documents, who end it at a blank or a delimiter.
+[[nodiscard]] std::string QsdPSCommentName(std::string_view name);
