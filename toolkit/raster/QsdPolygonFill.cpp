@@ -36,12 +36,21 @@ void addEdge(std::vector<Edge>& edges, QsdRealPoint a, QsdRealPoint b, const Qsd
                      slope, direction});
 }
 
+/// A point on a grid so fine that nobody sees it. Edges that are to go through the middles of pixels do so, whatever
+/// crumbs the way there has left on their points.
+QsdRealPoint onGrid(QsdRealPoint point)
+{
+    constexpr double Steps = 65536;
+    return {std::floor(point.x * Steps + 0.5) / Steps, std::floor(point.y * Steps + 0.5) / Steps};
+}
+
 std::vector<Edge> edgesOf(const std::vector<QsdChain>& rings, const QsdRect& area)
 {
     constexpr double Farthest = 1e15;
     std::vector<Edge> edges;
     for (const QsdChain& ring : rings) {
-        const QsdChain points = QsdTamed(ring, Farthest);
+        QsdChain points = QsdTamed(ring, Farthest);
+        std::transform(points.begin(), points.end(), points.begin(), onGrid);
         for (std::size_t i = 0; i < points.size(); ++i) {
             addEdge(edges, points[i], points[(i + 1) % points.size()], area);
         }
