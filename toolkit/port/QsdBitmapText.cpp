@@ -17,6 +17,7 @@ namespace {
 constexpr double LightStroke = 0.07; ///< parts of the size
 constexpr double BoldStroke = 0.13;
 constexpr double Slant = 0.2;          ///< how far italics lean, parts of the height
+constexpr double PointedCorner = 1.5;  ///< no letter sticks out of its line of text
 constexpr double UnderlineDepth = 0.4; ///< parts of the descent
 
 double sizeOf(const QsdFont& font)
@@ -118,7 +119,7 @@ void QsdBitmap::drawText(const QsdPalette& palette, const char* text, int length
     const QsdPainter painter(_pixels, visible, {valueOf(*palette.foreground()), {}, nullptr});
     const double width = strokeOf(font) * shapes.letters().scale();
     for (const QsdChain& chain : shapes.letters().chains()) {
-        painter.stroke(chain, false, width, {});
+        painter.stroke(chain, false, width, {}, PointedCorner);
     }
     if (font.isUnderlined()) {
         QsdBitmapPath line(matrix, QsdBitmapPath::PixelCorner);

@@ -1,7 +1,6 @@
 #include "toolkit/raster/QsdPainter.h"
 
 #include "toolkit/raster/QsdPolygonFill.h"
-#include "toolkit/raster/QsdStroke.h"
 
 #include <algorithm>
 #include <cmath>
@@ -120,7 +119,8 @@ void QsdPainter::thinLine(QsdRealPoint from, QsdRealPoint to) const
     }
 }
 
-void QsdPainter::stroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes) const
+void QsdPainter::stroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes,
+                        double miterLimit) const
 {
     constexpr double ShortestPeriod = 0.25;
     const bool solid = std::accumulate(dashes.begin(), dashes.end(), 0.0) < ShortestPeriod;
@@ -129,7 +129,7 @@ void QsdPainter::stroke(const QsdChain& chain, bool closed, double width, const 
     }
     if (width > 1 || !solid) {
         // Painting a pixel twice does not change it, so every piece can be painted as it comes.
-        QsdStroke(chain, closed, std::max(width, 1.0), solid ? std::vector<double>() : dashes, area(),
+        QsdStroke(chain, closed, std::max(width, 1.0), solid ? std::vector<double>() : dashes, miterLimit, area(),
                   [this](const QsdChain& piece) { fill({piece}, false); });
         return;
     }

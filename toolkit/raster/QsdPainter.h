@@ -4,6 +4,7 @@
 #include "toolkit/geometry/QsdRegion.h"
 #include "toolkit/raster/QsdFlatten.h"
 #include "toolkit/raster/QsdPixels.h"
+#include "toolkit/raster/QsdStroke.h"
 
 #include <cstdint>
 #include <optional>
@@ -38,8 +39,9 @@ public:
     void thinLine(QsdRealPoint from, QsdRealPoint to) const;
     /// Paints a line of `width` units along `chain`. `dashes` are lengths of dashes and gaps in turn, none, or
     /// none that could be told apart: a solid line. The ends of a closed chain are joined. A chain of a single point is
-    /// a dot.
-    void stroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes) const;
+    /// a dot. A mitre longer than `miterLimit` widths is cut off.
+    void stroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes,
+                double miterLimit = QsdUsualMiterLimit) const;
 
 private:
     template <class Use>

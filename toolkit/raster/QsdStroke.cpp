@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr double MiterLimit = 10;
 constexpr double Farthest = 1e12; ///< beyond it, doubles no longer tell the dashes apart
 
 QsdRealPoint normalOf(QsdRealPoint direction)
@@ -16,7 +15,7 @@ QsdRealPoint normalOf(QsdRealPoint direction)
 }
 
 /// The wedge that fills the outer side of the corner between two directions.
-QsdChain cornerArea(QsdRealPoint at, QsdRealPoint in, QsdRealPoint out, double half)
+QsdChain cornerArea(QsdRealPoint at, QsdRealPoint in, QsdRealPoint out, double half, double miterLimit)
 {
     const double turn = in.x * out.y - in.y * out.x;
     const double side = turn > 0 ? -half : half;
@@ -24,7 +23,7 @@ QsdChain cornerArea(QsdRealPoint at, QsdRealPoint in, QsdRealPoint out, double h
     // The mitre of an angle is as long as one over the sine of its half.
     const double cosine = in.x * out.x + in.y * out.y;
     const double halfSine = std::sqrt(std::max(0.0, (1 + cosine) / 2));
-    if (halfSine * MiterLimit >= 1) {
+    if (halfSine * miterLimit >= 1) {
         const QsdRealPoint middle = normalOf(in) + normalOf(out);
         area.push_back(at + middle * (2 * side / (middle.x * middle.x + middle.y * middle.y)));
     }
@@ -38,7 +37,7 @@ QsdChain segmentArea(QsdRealPoint from, QsdRealPoint to, double half)
     return {from + side, from - side, to - side, to + side};
 }
 
-void strokeSolid(const QsdChain& chain, bool closed, double half, const QsdPieceReceiver& receive)
+void strokeSolid(const QsdChain& chain, bool closed, double half, double miterLimit, const QsdPieceReceiver& receive)
 {
     const std::size_t segments = closed ? chain.size() : chain.size() - 1;
     for (std::size_t i = 0; i < segments; ++i) {
@@ -47,7 +46,7 @@ void strokeSolid(const QsdChain& chain, bool closed, double half, const QsdPiece
         receive(segmentArea(from, to, half));
         if (closed || i + 1 < segments) {
             const QsdRealPoint next = chain[(i + 2) % chain.size()];
-            receive(cornerArea(to, QsdDirection(from, to), QsdDirection(to, next), half));
+            receive(cornerArea(to, QsdDirection(from, to), QsdDirection(to, next), half, miterLimit));
         }
     }
 }
@@ -64,8 +63,8 @@ QsdChain withoutRepeats(const QsdChain& chain, bool closed)
 
 } // namespace
 
-void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes, const QsdRect& area,
-               const QsdPieceReceiver& receive)
+void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes, double miterLimit,
+               const QsdRect& area, const QsdPieceReceiver& receive)
 {
     QsdChain line = withoutRepeats(chain, closed);
     const double half = width / 2;
@@ -78,16 +77,16 @@ void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vect
         return;
     }
     if (dashes.empty()) {
-        strokeSolid(line, closed && line.size() > 2, half, receive);
+        strokeSolid(line, closed && line.size() > 2, half, miterLimit, receive);
         return;
     }
     if (closed) {
         line.push_back(line.front());
     }
-    QsdCutDashes(line, dashes, area, width * MiterLimit, [&](const QsdChain& dash) {
+    QsdCutDashes(line, dashes, area, width * miterLimit, [&](const QsdChain& dash) {
         const QsdChain distinct = withoutRepeats(dash, false);
         if (distinct.size() > 1) {
-            strokeSolid(distinct, false, half, receive);
+            strokeSolid(distinct, false, half, miterLimit, receive);
         }
     });
 }
