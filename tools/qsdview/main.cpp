@@ -1,0 +1,73 @@
+// qsdview: drawings in a window.
+#include "qsdview/print.h"
+#include "qsdview/view_options.h"
+#include "qsdview/viewer.h"
+#include "toolkit/base/QsdGlobalContext.h"
+
+#include <exception>
+#include <filesystem>
+#include <iostream>
+
+namespace {
+
+void tell(const std::string& name, const std::string& message)
+{
+    std::cerr << "qsdview: " << name << ": " << message << '\n';
+}
+
+/// The pages that could be opened. They are drawn again and again, so they have to be files that stay.
+qsdview::Viewer::Pages openPages(const qsdps::Options& options)
+{
+    qsdview::Viewer::Pages pages;
+    for (const qsdps::Source& file : options.inputs) {
+        std::error_code problem;
+        const bool stays = std::filesystem::is_regular_file(file.name, problem);
+        if (!stays && std::filesystem::exists(file.name, problem)) {
+            tell(file.name, "not a regular file");
+            continue;
+        }
+        std::string error;
+        std::unique_ptr<qsdps::DocumentPage> page = qsdps::DocumentPage::open(file, options, error);
+        if (page == nullptr) {
+            tell(file.name, error);
+        } else {
+            pages.push_back(std::move(page));
+        }
+    }
+    return pages;
+}
+
+int view(const qsdview::ViewOptions& asked)
+{
+    const qsdps::Options options = qsdview::documentOptions(asked.files, "-");
+    QsdGlobalContext::GetInstance().setLocale(QsLocale("C", options.encoding));
+    qsdview::Viewer::Pages pages = openPages(options);
+    const std::size_t opened = pages.size();
+    if (opened == 0) {
+        return 1;
+    }
+    const std::unique_ptr<QsdXDisplay> display =
+        QsdXDisplay::Open(asked.display ? asked.display->c_str() : nullptr, "qsdview");
+    if (display == nullptr) {
+        return 1;
+    }
+    const bool isDone = qsdview::Viewer(*display, std::move(pages), options, asked.geometry).run();
+    return isDone && opened == asked.files.size() ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        int exitCode = 0;
+        const std::optional<qsdview::ViewOptions> options = qsdview::parseViewOptions(argc, argv, exitCode);
+        if (!options) {
+            return exitCode;
+        }
+        return options->printTo ? qsdview::print(options->files, *options->printTo) : view(*options);
+    } catch (const std::exception& error) {
+        std::cerr << "qsdview: " << error.what() << '\n';
+        return 1;
+    }
+}
