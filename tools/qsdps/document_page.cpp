@@ -37,6 +37,7 @@ public:
         // What sticks out of the drawing's own page is not part of it.
         painter.pushClip({{{outlineOf(size()), FillRule::NonZero, Matrix(), nullptr}}, nullptr});
         _drawing->draw(painter, report);
+        painter.finish();
         return true;
     }
 

@@ -118,3 +118,30 @@ TEST_F(PainterTest, TellsOfImages)
     painter.image({}, 1, Matrix());
     EXPECT_NE(told().find("image not drawn"), std::string::npos);
 }
+
+TEST_F(PainterTest, TranslucentGradientsOverBusyGroundBecomeOnePicture)
+{
+    for (int i = 0; i < 60; ++i) {
+        fill({i * 4.0, 0, 2, 200},
+             solid({static_cast<std::uint8_t>(i * 4), 0, static_cast<std::uint8_t>(255 - i * 4)}));
+    }
+    port.calls.clear();
+    auto gradient = std::make_shared<Gradient>();
+    gradient->end = {240, 0};
+    gradient->stops = {{0, {255, 255, 255}, 0.1}, {1, {0, 0, 0}, 0.9}};
+    const Paint paint{std::shared_ptr<const Gradient>(gradient), 1};
+    fill({0, 50, 240, 100}, paint);
+    fill({0, 60, 240, 80}, paint);
+    EXPECT_TRUE(port.calls.empty()) << "held back";
+    // What does not touch them may be drawn before; what does may not.
+    fill({0, 300, 10, 10}, solid({0, 0, 0}));
+    ASSERT_EQ(port.calls.size(), 1U);
+    fill({20, 70, 10, 10}, solid({0, 0, 0}));
+    ASSERT_EQ(port.calls.size(), 3U);
+    EXPECT_EQ(port.calls[1].rfind("stretch", 0), 0U) << port.calls[1];
+    painter.finish();
+    EXPECT_EQ(port.calls.size(), 3U);
+    fill({0, 50, 240, 100}, paint);
+    painter.finish();
+    EXPECT_EQ(port.calls.size(), 4U);
+}

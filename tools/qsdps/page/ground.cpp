@@ -76,7 +76,7 @@ void Ground::add(const QsdRect& bounds, Rings area, FillRule rule, Rgb color)
     _points += pointsOf(area);
     if (_points <= MostPoints) {
         const bool ready = rule == FillRule::NonZero && boundsOf(area) == bounds;
-        _layers.push_back({bounds, std::move(area), {}, rule, ready, color});
+        _layers.push_back({bounds, std::move(area), {}, rule, ready, color, nullptr});
     }
 }
 
@@ -85,8 +85,63 @@ void Ground::add(const QsdRect& bounds, AreaMaker area, Rgb color)
     constexpr std::size_t Weight = 16; // what a maker holds, in points
     _points += Weight;
     if (_points <= MostPoints) {
-        _layers.push_back({bounds, {}, std::move(area), FillRule::NonZero, false, color});
+        _layers.push_back({bounds, {}, std::move(area), FillRule::NonZero, false, color, nullptr});
     }
+}
+
+void Ground::add(const QsdRect& bounds, Rings area, Rgb color, RasterPicture picture, std::size_t kept)
+{
+    constexpr std::size_t PixelsOfAPoint = 4; // in memory
+    if (count() > kept && _layers.back().picture != nullptr && _layers.back().picture->unite(picture)) {
+        Layer& top = _layers.back();
+        top.area = unionOf(top.area, area);
+        top.bounds = boundsOf(top.area);
+        top.color = color;
+        return;
+    }
+    _points += pointsOf(area) + picture.frame.pixels() / PixelsOfAPoint;
+    if (_points <= MostPoints) {
+        _layers.push_back({bounds,
+                           std::move(area),
+                           {},
+                           FillRule::NonZero,
+                           true,
+                           color,
+                           std::make_unique<RasterPicture>(std::move(picture))});
+    }
+}
+
+bool Ground::isIntricate(const QsdRect& bounds, std::size_t end) const
+{
+    if (_work > MostWork) {
+        return true;
+    }
+    return std::any_of(
+        _layers.begin(), _layers.begin() + static_cast<std::ptrdiff_t>(std::min(end, count())),
+        [&](const Layer& layer) { return layer.picture != nullptr && !layer.bounds.intersected(bounds).isEmpty(); });
+}
+
+std::vector<Rgb> Ground::pixelsOf(const RasterFrame& frame, std::size_t end)
+{
+    std::vector<Rgb> colors(frame.pixels(), _paper);
+    const QsdRect bounds = frame.bounds();
+    for (std::size_t i = 0; i < std::min(end, count()); ++i) {
+        Layer& layer = _layers[i];
+        if (layer.bounds.intersected(bounds).isEmpty()) {
+            continue;
+        }
+        if (layer.picture == nullptr) {
+            fillRaster(frame, areaOf(layer), FillRule::NonZero, [&](std::size_t p) { colors[p] = layer.color; });
+        } else {
+            const std::vector<std::uint8_t>& rgba = layer.picture->pixels.rgba;
+            forEachShared(frame, layer.picture->frame, [&](std::size_t to, std::size_t from) {
+                if (rgba[4 * from + 3] != 0) {
+                    colors[to] = {rgba[4 * from], rgba[4 * from + 1], rgba[4 * from + 2]};
+                }
+            });
+        }
+    }
+    return colors;
 }
 
 const Rings& Ground::areaOf(Layer& layer)

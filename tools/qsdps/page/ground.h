@@ -1,10 +1,12 @@
 // What the page shows so far, for things that let it shine through.
 #pragma once
 
+#include "page/raster.h"
 #include "page/rings.h"
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace qsdps {
@@ -30,11 +32,19 @@ public:
     void add(const QsdRect& bounds, Rings area, FillRule rule, Rgb color);
     void add(const QsdRect& bounds, AreaMaker area, Rgb color);
 
+    /// Lays pixels on top; `area` is what they cover and `color` what they look like from afar. Pixels that lie on top
+    /// already become one picture with them, unless they are among the first `kept` areas.
+    void add(const QsdRect& bounds, Rings area, Rgb color, RasterPicture picture, std::size_t kept);
+
     [[nodiscard]] Rgb paper() const { return _paper; }
     /// Number of areas so far.
     [[nodiscard]] std::size_t count() const { return _layers.size(); }
     /// Whether the first `end` areas leave `bounds` free.
     [[nodiscard]] bool isBare(const QsdRect& bounds, std::size_t end) const;
+    /// Whether there are pixels among the first `end` areas that lie in `bounds`, or areas are not told apart any more.
+    [[nodiscard]] bool isIntricate(const QsdRect& bounds, std::size_t end) const;
+    /// What the first `end` areas look like in a frame, row by row.
+    [[nodiscard]] std::vector<Rgb> pixelsOf(const RasterFrame& frame, std::size_t end);
     /// The parts of an area (non-zero rule) over the first `end` areas, in the order in which to fill them: a later
     /// part may hide some of an earlier one, so that no seams show between them. Neighbours are one part where their
     /// colours differ by no more than `colorStep` (of 255).
@@ -50,6 +60,7 @@ private:
         FillRule rule = FillRule::NonZero;
         bool ready = false; ///< for the non-zero rule and inside the bounds
         Rgb color;
+        std::unique_ptr<RasterPicture> picture; ///< null for an area of one colour
     };
     [[nodiscard]] const Rings& areaOf(Layer& layer);
     [[nodiscard]] bool spend(std::size_t work);

@@ -93,8 +93,17 @@ void Painter::paintGradient(const Rings& rings, const Gradient& gradient, double
 {
     // All bands lie on the same ground, though each hides a bit of the one before.
     const std::size_t groundEnd = _ground.count();
-    const std::vector<BandArea> bands = bandAreas(gradient, toUnits * gradient.toUser, boundsOf(rings),
-                                                  bandDetail(rings, gradient, opacity, groundEnd));
+    const QsdRect bounds = boundsOf(rings);
+    const std::vector<BandArea> bands = bandAreas(gradient, toUnits * gradient.toUser, bounds, _units.tolerance());
+    if (translucent(gradient, opacity) && isIntricate(rings, bands.size(), groundEnd)) {
+        std::vector<Piece> pieces;
+        for (const BandArea& band : bands) {
+            pieces.push_back({&band.area, {band.ink.color, band.ink.alpha * opacity}});
+        }
+        if (!pieces.empty() && paintPixels(rings, pieces, groundEnd)) {
+            return;
+        }
+    }
     for (const BandArea& band : bands) {
         const Ink ink{band.ink.color, band.ink.alpha * opacity};
         fillArea(intersection(rings, FillRule::NonZero, band.area), ink,
@@ -107,19 +116,114 @@ void Painter::paintGradient(const Rings& rings, const Gradient& gradient, double
     }
 }
 
-// Translucent bands are cut up by what is under them, so over a busy ground there should be fewer.
-double Painter::bandDetail(const Rings& rings, const Gradient& gradient, double opacity, std::size_t groundEnd)
+bool Painter::translucent(const Gradient& gradient, double opacity) const
 {
-    const bool opaque = std::all_of(gradient.stops.begin(), gradient.stops.end(), [&](const GradientStop& stop) {
+    return !std::all_of(gradient.stops.begin(), gradient.stops.end(), [&](const GradientStop& stop) {
         return isOpaque({stop.color, stop.opacity * opacity});
     });
-    if (opaque) {
-        return _units.tolerance();
+}
+
+// The mask keeps what is around the area as it is, also where it is no ground: texts, say.
+bool Painter::paintPixels(const Rings& rings, const std::vector<Piece>& pieces, std::size_t groundEnd)
+{
+    constexpr std::size_t MostPixels = 300'000'000; // on a page
+    const QsdRect whole = boundsOf(rings);
+    const std::optional<QsdRect>& limit = _clips.top().rect;
+    const QsdRect bounds = limit ? whole.intersected(*limit) : whole;
+    const RasterFrame frame = RasterFrame::around(bounds, _units.pixel());
+    _pixels += frame.pixels();
+    if (_pixels > MostPixels) {
+        return false;
     }
+    constexpr std::size_t None = 0;
+    std::vector<std::size_t> inks(frame.pixels(), None); // number of the piece and 1
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        fillRaster(frame, pieces[i].area == nullptr ? rings : *pieces[i].area, FillRule::NonZero,
+                   [&](std::size_t p) { inks[p] = i + 1; });
+    }
+    const std::vector<Rgb> ground = _ground.pixelsOf(frame, groundEnd);
+    RasterPicture picture{frame, {}};
+    Pixels& pixels = picture.pixels;
+    pixels.width = static_cast<std::uint32_t>(frame.width);
+    pixels.height = static_cast<std::uint32_t>(frame.height);
+    pixels.rgba.resize(4 * frame.pixels());
+    fillRaster(frame, rings, FillRule::NonZero, [&](std::size_t p) {
+        const Ink ink = inks[p] == None ? Ink{ground[p], 1} : pieces[inks[p] - 1].ink;
+        const Rgb color = blend(ink, groupOpacity(), ground[p]);
+        std::uint8_t* const rgba = &pixels.rgba[4 * p];
+        rgba[0] = color.r;
+        rgba[1] = color.g;
+        rgba[2] = color.b;
+        rgba[3] = 255;
+    });
+    hold(picture);
+    const Rgb mean = meanColor(pixels);
+    _ground.add(bounds, rings, mean, std::move(picture), _groups.empty() ? 0 : _groups.back().groundEnd);
+    return true;
+}
+
+// Translucent areas often lie one on the other; their pixels are drawn once.
+void Painter::hold(const RasterPicture& picture)
+{
+    if (_held && _held->unite(picture)) {
+        return;
+    }
+    drawHeld();
+    _held = picture;
+}
+
+// Pixels around what was painted are taken from the ground where that is known, which spares a mask.
+void Painter::drawHeld()
+{
+    if (!_held) {
+        return;
+    }
+    const RasterFrame frame = _held->frame;
+    const QsdRect bounds = frame.bounds();
+    const bool known = std::none_of(_unknown.begin(), _unknown.end(),
+                                    [&](const QsdRect& rect) { return !rect.intersected(bounds).isEmpty(); });
+    if (known) {
+        const std::vector<Rgb> ground = _ground.pixelsOf(frame, _ground.count());
+        for (std::size_t p = 0; p < ground.size(); ++p) {
+            std::uint8_t* const rgba = &_held->pixels.rgba[4 * p];
+            rgba[0] = ground[p].r;
+            rgba[1] = ground[p].g;
+            rgba[2] = ground[p].b;
+            rgba[3] = 255;
+        }
+    }
+    const std::unique_ptr<QsdBitmap> bitmap = bitmapOf(*_port.display(), _held->pixels, 1, [](Point) { return Rgb{}; });
+    _held.reset();
+    const QsdTransformer scale(frame.pixel, 0, 0, frame.pixel, 0, 0);
+    const QsdPoint corner = rounded({frame.x * frame.pixel, frame.y * frame.pixel});
+    _tools.palette->setClipRegion(QsdRegion::Full());
+    if (bitmap->mask() != nullptr) {
+        _port.stretchTransparentBitmap(_tools.palette.get(), corner, bitmap.get(), scale, nullptr);
+    } else {
+        _port.stretchBitmap(_tools.palette.get(), corner, bitmap.get(), scale, nullptr);
+    }
+}
+
+// What comes to lie on the pixels held back has to be drawn after them.
+void Painter::drawHeldUnder(const QsdRect& bounds)
+{
+    if (_held && !_held->frame.bounds().intersected(bounds).isEmpty()) {
+        drawHeld();
+    }
+}
+
+void Painter::finish()
+{
+    drawHeld();
+}
+
+// Translucent bands are cut up by what is under them; the more pieces, the better pixels serve.
+bool Painter::isIntricate(const Rings& rings, std::size_t bands, std::size_t groundEnd)
+{
     constexpr double ColorStep = 3;
-    constexpr double BusyParts = 12;
-    const auto parts = static_cast<double>(_ground.under(rings, groundEnd, ColorStep).size());
-    return _units.tolerance() * std::max(1.0, parts / BusyParts);
+    constexpr std::size_t MostPieces = 250;
+    return _ground.isIntricate(boundsOf(rings), groundEnd) ||
+           bands * _ground.under(rings, groundEnd, ColorStep).size() > MostPieces;
 }
 
 void Painter::paintTiles(const Rings& rings, const Tile& tile, double opacity, const Matrix& toPage)
@@ -157,6 +261,9 @@ void Painter::fillArea(Rings rings, const Ink& ink, std::size_t groundEnd)
         fillOpaque(std::move(rings), FillRule::NonZero, ink.color);
         return;
     }
+    if (_ground.isIntricate(boundsOf(rings), groundEnd) && paintPixels(rings, {{nullptr, ink}}, groundEnd)) {
+        return;
+    }
     constexpr double ColorStep = 3;
     const double shining = 1 - ink.alpha * groupOpacity();
     for (GroundPart& part : _ground.under(rings, groundEnd, ColorStep / std::max(shining, 0.01))) {
@@ -180,6 +287,7 @@ void Painter::fillOpaque(Rings rings, FillRule rule, Rgb color)
 
 bool Painter::clipTo(const QsdRect& bounds)
 {
+    drawHeldUnder(bounds);
     const std::optional<QsdRect>& limit = _clips.top().rect;
     if (!limit) {
         _tools.palette->setClipRegion(QsdRegion::Full());
@@ -255,9 +363,11 @@ void Painter::text(const TextChunk& chunk, const Matrix& toPage)
         _report.approximated("clipped text");
     }
     const Box roomy = roomyBox(chunk);
-    if (!clipTo(boundsOf(ringsOf(flattened(outlineOf(roomy), _pageToUnits * toPage, 1))))) {
+    const QsdRect bounds = boundsOf(ringsOf(flattened(outlineOf(roomy), _pageToUnits * toPage, 1)));
+    if (!clipTo(bounds)) {
         return;
     }
+    _unknown.push_back(bounds);
     const auto blender = [this](const Ink& ink, QsdPoint at) {
         return isOpaque(ink) ? ink.color : blend(ink, groupOpacity(), _ground.at(at, groundEndFor(ink)));
     };
@@ -289,6 +399,7 @@ void Painter::image(const ImageObject& image, double opacity, const Matrix& toPa
         const std::unique_ptr<QsdBitmap> bitmap = bitmapOf(*_port.display(), *pixels, total, groundAt);
         const QsdTransformer factors(placed.a, placed.c, placed.b, placed.d, 0, 0);
         const QsdPoint corner = rounded({placed.e, placed.f});
+        _unknown.push_back(bounds);
         if (bitmap->mask() != nullptr) {
             _port.stretchTransparentBitmap(_tools.palette.get(), corner, bitmap.get(), factors, nullptr);
         } else {

@@ -11,6 +11,7 @@
 #include "page/units.h"
 #include "toolkit/port/QsdPort.h"
 
+#include <optional>
 #include <vector>
 
 namespace qsdps {
@@ -44,6 +45,8 @@ public:
     void popClip() override;
     void beginGroup(double opacity) override;
     void endGroup() override;
+    /// Draws what is still held back; call it when the page is painted.
+    void finish();
 
 private:
     /// A translucent group under way.
@@ -59,10 +62,22 @@ private:
     /// Fills an area with a paint of the user space that `toPage` maps, cut by the clip in force.
     void paintArea(Rings rings, FillRule rule, const Paint& paint, const Matrix& toPage);
     void paintTiles(const Rings& rings, const Tile& tile, double opacity, const Matrix& toPage);
-    /// The finest detail, in units, with which to show a gradient on that ground.
-    [[nodiscard]] double bandDetail(const Rings& rings, const Gradient& gradient, double opacity,
-                                    std::size_t groundEnd);
+    /// Whether something shines through some of a gradient.
+    [[nodiscard]] bool translucent(const Gradient& gradient, double opacity) const;
+    /// Whether so many translucent bands on that ground are better painted as pixels.
+    [[nodiscard]] bool isIntricate(const Rings& rings, std::size_t bands, std::size_t groundEnd);
     void paintGradient(const Rings& rings, const Gradient& gradient, double opacity, const Matrix& toUnits);
+    /// A piece of paint on an area; null: everywhere on it.
+    struct Piece {
+        const Rings* area;
+        Ink ink;
+    };
+    /// Fills an area inside the clip (non-zero rule) with pieces of paint, each hiding those before, as pixels blended
+    /// with what the first `groundEnd` areas look like. False, and nothing done, when that would take too many pixels.
+    bool paintPixels(const Rings& rings, const std::vector<Piece>& pieces, std::size_t groundEnd);
+    void hold(const RasterPicture& picture);
+    void drawHeld();
+    void drawHeldUnder(const QsdRect& bounds);
     /// Fills an area inside the clip (non-zero rule) with an ink that lets the first `groundEnd` areas shine through.
     void fillArea(Rings rings, const Ink& ink, std::size_t groundEnd);
     /// Fills an area with one opaque colour, cut by the clip's rectangle.
@@ -82,7 +97,10 @@ private:
     ClipStack _clips;
     Ground _ground;
     std::vector<Group> _groups;
-    std::size_t _cells = 0; ///< of tiles drawn so far
+    std::size_t _cells = 0;             ///< of tiles drawn so far
+    std::size_t _pixels = 0;            ///< painted as such so far
+    std::optional<RasterPicture> _held; ///< pixels that are not drawn yet
+    std::vector<QsdRect> _unknown;      ///< where the page shows what is no ground: texts and pictures
 };
 
 } // namespace qsdps

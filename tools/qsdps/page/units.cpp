@@ -13,6 +13,9 @@ Units::Units(double extent)
     constexpr double ShownDots = 10000;
     constexpr double FinestDetail = 0.03; // points; no printer shows less
     _perPoint = extent <= SmallPage ? 1000 : extent <= LargePage ? 100 : 10;
+    constexpr double PixelDots = 1250;
+    constexpr double FinestPixel = 0.05; // points; finer ones cost more than they show
+    _pixel = _perPoint * std::max(FinestPixel, extent / PixelDots);
     _tolerance = std::max(0.5, _perPoint * std::min(FinestDetail, extent / ShownDots));
 }
 

@@ -18,6 +18,9 @@ public:
     [[nodiscard]] double perPoint() const { return _perPoint; }
     /// How far, in units, a flattened curve may stray: about a tenth of a dot of a page shown a thousand dots wide.
     [[nodiscard]] double tolerance() const { return _tolerance; }
+    /// Side, in units, of the pixels in which things are painted that are too intricate for areas: those of a page
+    /// shown 1250 dots wide.
+    [[nodiscard]] double pixel() const { return _pixel; }
     /// The map from units back to points, for the port's transformer.
     [[nodiscard]] QsdTransformer toPoints() const;
     /// The map from points to units.
@@ -26,6 +29,7 @@ public:
 private:
     double _perPoint;
     double _tolerance;
+    double _pixel;
 };
 
 /// The nearest integer point; coordinates far outside every page are held at a billion.
