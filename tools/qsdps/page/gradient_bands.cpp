@@ -9,9 +9,9 @@ namespace qsdps {
 
 namespace {
 
-constexpr double ColorStep = 4;   // of 255; neighbouring bands that differ by that much look smooth
-constexpr double MostBands = 400; // of one gradient
-constexpr double BandDots = 20;   // width of the narrowest band, in the finest details that show
+constexpr double ColorStep = 4;    // of 255; neighbouring bands that differ by that much look smooth
+constexpr double MostBands = 1500; // of one gradient
+constexpr double BandDots = 20;    // width of the narrowest band, in the finest details that show
 
 struct Mixed {
     double r;
@@ -170,7 +170,12 @@ std::vector<BandArea> radialAreas(const Gradient& gradient, const Matrix& toUnit
 
 std::vector<GradientBand> bandsOf(const Gradient& gradient, double from, double to, double narrowest)
 {
-    const std::vector<GradientBand> period = onePeriod(gradient, narrowest);
+    std::vector<GradientBand> period = onePeriod(gradient, narrowest);
+    const double periods = std::ceil(to) - std::floor(from);
+    if (gradient.spread != Spread::Pad && periods * static_cast<double>(period.size()) > MostBands) {
+        // Fewer in each period, so that all periods are shown.
+        period = onePeriod(gradient, std::max(narrowest, std::min(1.0, periods / MostBands)));
+    }
     std::vector<GradientBand> bands;
     if (gradient.spread == Spread::Pad) {
         // A stop at an end counts even where it leaves no room inside.
@@ -193,6 +198,11 @@ std::vector<GradientBand> bandsOf(const Gradient& gradient, double from, double 
                                  start + (mirrored ? 1 - band.from : band.to), band.ink});
             }
         }
+    }
+    if (!bands.empty()) {
+        // Where there are too many periods all the same, the last ones go on.
+        bands.front().from = std::min(bands.front().from, from);
+        bands.back().to = std::max(bands.back().to, to);
     }
     std::erase_if(bands, [&](const GradientBand& band) { return band.to <= from || band.from >= to; });
     return bands;

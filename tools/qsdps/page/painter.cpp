@@ -17,11 +17,38 @@ namespace qsdps {
 
 namespace {
 
+constexpr std::size_t MostPixels = 300'000'000; ///< of pictures of what a page shows, all together
+
 /// The size in units of what is just seen on a screen full of the page.
 double detailOf(const Units& units)
 {
     constexpr double Tolerances = 15;
     return units.tolerance() * Tolerances;
+}
+
+/// What a picture under `toPixels` and an opacity shows of a frame, on that ground.
+RasterPicture sampled(const Pixels& pixels, const Matrix& toPixels, double opacity, const RasterFrame& frame,
+                      const std::vector<Rgb>& ground)
+{
+    RasterPicture shown{frame, {}};
+    shown.pixels.width = static_cast<std::uint32_t>(frame.width);
+    shown.pixels.height = static_cast<std::uint32_t>(frame.height);
+    shown.pixels.rgba.resize(4 * frame.pixels());
+    for (std::size_t i = 0; i < frame.pixels(); ++i) {
+        const Point at = toPixels.map(frame.centre(i));
+        if (!(at.x >= 0 && at.y >= 0 && at.x < pixels.width && at.y < pixels.height)) {
+            continue;
+        }
+        const std::uint8_t* const from =
+            &pixels.rgba[4 * (static_cast<std::size_t>(at.y) * pixels.width + static_cast<std::size_t>(at.x))];
+        const Ink ink{{from[0], from[1], from[2]}, from[3] / 255.0 * opacity};
+        if (!ink.isInvisible()) {
+            const Rgb color = blend(ink, 1, ground[i]);
+            const std::uint8_t rgba[] = {color.r, color.g, color.b, 255};
+            std::copy_n(rgba, 4, &shown.pixels.rgba[4 * i]);
+        }
+    }
+    return shown;
 }
 
 /// A box that surely holds a text, whose true extent is the interpreter's affair.
@@ -126,7 +153,6 @@ bool Painter::translucent(const Gradient& gradient, double opacity) const
 // The mask keeps what is around the area as it is, also where it is no ground: texts, say.
 bool Painter::paintPixels(const Rings& rings, const std::vector<Piece>& pieces, std::size_t groundEnd)
 {
-    constexpr std::size_t MostPixels = 300'000'000; // on a page
     const QsdRect whole = boundsOf(rings);
     const std::optional<QsdRect>& limit = _clips.top().rect;
     const QsdRect bounds = limit ? whole.intersected(*limit) : whole;
@@ -393,19 +419,29 @@ void Painter::image(const ImageObject& image, double opacity, const Matrix& toPa
         if (_clips.top().area) {
             _report.approximated("clipped image");
         }
-        const std::size_t groundEnd = _ground.count();
-        const auto groundAt = [&](Point p) { return _ground.at(rounded(placed.map(p)), groundEnd); };
+        const std::optional<QsdRect>& limit = _clips.top().rect;
+        const RasterFrame raster = RasterFrame::around(limit ? bounds.intersected(*limit) : bounds, _units.pixel());
+        const bool rasterable = (_pixels += raster.pixels()) <= MostPixels;
+        const std::vector<Rgb> ground = rasterable ? _ground.pixelsOf(raster, _ground.count()) : std::vector<Rgb>();
+        const auto groundAt = [&](Point p) {
+            const std::optional<std::size_t> index = raster.indexAt(placed.map(p));
+            return index && rasterable ? ground[*index] : _ground.paper();
+        };
         const double total = opacity * groupOpacity();
         const std::unique_ptr<QsdBitmap> bitmap = bitmapOf(*_port.display(), *pixels, total, groundAt);
         const QsdTransformer factors(placed.a, placed.c, placed.b, placed.d, 0, 0);
         const QsdPoint corner = rounded({placed.e, placed.f});
-        _unknown.push_back(bounds);
         if (bitmap->mask() != nullptr) {
             _port.stretchTransparentBitmap(_tools.palette.get(), corner, bitmap.get(), factors, nullptr);
         } else {
             _port.stretchBitmap(_tools.palette.get(), corner, bitmap.get(), factors, nullptr);
-            const std::optional<QsdRect>& limit = _clips.top().rect;
-            _ground.add(limit ? bounds.intersected(*limit) : bounds, frame, FillRule::NonZero, meanColor(*pixels));
+        }
+        if (rasterable) {
+            RasterPicture shown = sampled(*pixels, placed.inverse(), total, raster, ground);
+            _ground.add(raster.bounds(), frame, meanColor(*pixels), std::move(shown),
+                        _groups.empty() ? 0 : _groups.back().groundEnd);
+        } else {
+            _unknown.push_back(bounds);
         }
     }
     if (image.slice) {

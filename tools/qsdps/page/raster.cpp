@@ -17,6 +17,23 @@ RasterFrame RasterFrame::around(const QsdRect& bounds, double pixel)
     return frame;
 }
 
+std::optional<std::size_t> RasterFrame::indexAt(Point p) const
+{
+    const double column = std::floor(p.x / pixel) - x;
+    const double row = std::floor(p.y / pixel) - y;
+    if (!(column >= 0 && row >= 0 && column < width && row < height)) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(width) + static_cast<std::size_t>(column);
+}
+
+Point RasterFrame::centre(std::size_t index) const
+{
+    const auto column = static_cast<double>(index % static_cast<std::size_t>(width));
+    const auto row = static_cast<double>(index / static_cast<std::size_t>(width));
+    return {(x + column + 0.5) * pixel, (y + row + 0.5) * pixel};
+}
+
 RasterFrame RasterFrame::united(const RasterFrame& other) const
 {
     RasterFrame both = *this;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 namespace qsdps {
 
@@ -21,6 +22,10 @@ struct RasterFrame {
 
     /// The smallest frame around a rectangle of units.
     [[nodiscard]] static RasterFrame around(const QsdRect& bounds, double pixel);
+    /// The index, row by row, of the pixel that a point of units lies in; none outside.
+    [[nodiscard]] std::optional<std::size_t> indexAt(Point p) const;
+    /// The middle of a pixel in units.
+    [[nodiscard]] Point centre(std::size_t index) const;
     /// The smallest frame around this and another one of the same grid.
     [[nodiscard]] RasterFrame united(const RasterFrame& other) const;
     /// The rectangle of units that it covers.
