@@ -31,7 +31,7 @@ protected:
 
 private:
     std::streambuf* _target;
-    std::array<char, 64 * 1024> _block;
+    std::array<char, std::size_t{64} * 1024> _block;
 };
 
 // The file has no buffer of its own, so every byte is copied once and an error shows where it happens.

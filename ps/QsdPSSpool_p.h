@@ -41,7 +41,7 @@ private:
 
         bool store();
 
-        static constexpr std::size_t Size = 64 * 1024;
+        static constexpr std::size_t Size = std::size_t{64} * 1024;
         std::vector<char> _held;
         std::unique_ptr<std::FILE, Closer> _file;
         std::uint64_t _stored = 0; ///< characters in the file

@@ -124,6 +124,7 @@ void Painter::paintGradient(const Rings& rings, const Gradient& gradient, double
     const std::vector<BandArea> bands = bandAreas(gradient, toUnits * gradient.toUser, bounds, _units.tolerance());
     if (translucent(gradient, opacity) && isIntricate(rings, bands.size(), groundEnd)) {
         std::vector<Piece> pieces;
+        pieces.reserve(bands.size());
         for (const BandArea& band : bands) {
             pieces.push_back({&band.area, {band.ink.color, band.ink.alpha * opacity}});
         }

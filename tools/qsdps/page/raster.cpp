@@ -29,9 +29,9 @@ std::optional<std::size_t> RasterFrame::indexAt(Point p) const
 
 Point RasterFrame::centre(std::size_t index) const
 {
-    const auto column = static_cast<double>(index % static_cast<std::size_t>(width));
-    const auto row = static_cast<double>(index / static_cast<std::size_t>(width));
-    return {(x + column + 0.5) * pixel, (y + row + 0.5) * pixel};
+    const auto columns = static_cast<std::size_t>(width);
+    const std::size_t row = index / columns;
+    return {(x + static_cast<double>(index % columns) + 0.5) * pixel, (y + static_cast<double>(row) + 0.5) * pixel};
 }
 
 RasterFrame RasterFrame::united(const RasterFrame& other) const
