@@ -4,8 +4,15 @@ include(CMakePackageConfigHelpers)
 
 install(TARGETS dravonset-toolkit dravonset-ps EXPORT DravonsetTargets)
 install(EXPORT DravonsetTargets NAMESPACE Dravonset:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Dravonset)
+set(left_out)
+if(NOT DRAVONSET_HAVE_X11)
+    list(APPEND left_out PATTERN toolkit/x11 EXCLUDE)
+endif()
+if(NOT DRAVONSET_HAVE_ZLIB)
+    list(APPEND left_out PATTERN toolkit/zlib EXCLUDE)
+endif()
 install(DIRECTORY toolkit ps DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dravonset
-    FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE)
+    FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE ${left_out})
 install(DIRECTORY data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/dravonset)
 
 configure_package_config_file(cmake/DravonsetConfig.cmake.in ${PROJECT_BINARY_DIR}/DravonsetConfig.cmake
