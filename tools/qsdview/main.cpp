@@ -22,8 +22,8 @@ qsdview::Viewer::Pages openPages(const qsdps::Options& options)
     for (const qsdps::Source& file : options.inputs) {
         std::error_code problem;
         const bool stays = std::filesystem::is_regular_file(file.name, problem);
-        if (!stays && std::filesystem::exists(file.name, problem)) {
-            tell(file.name, "not a regular file");
+        if (file.name == "-" || (!stays && std::filesystem::exists(file.name, problem))) {
+            tell(qsdps::nameOfInput(file), "cannot be read again and again, as a window needs it");
             continue;
         }
         std::string error;

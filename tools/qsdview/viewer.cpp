@@ -193,7 +193,11 @@ void Viewer::print()
         files.push_back(page->name());
     }
     const std::string document = documentNameFor(files.front());
-    const bool isWritten = qsdview::print(files, document) == 0;
+    const bool isOneOfThem = std::any_of(files.begin(), files.end(), [&](const std::string& file) {
+        std::error_code problem;
+        return std::filesystem::equivalent(file, document, problem);
+    });
+    const bool isWritten = !isOneOfThem && qsdview::print(files, document) == 0;
     _note = isWritten ? "printed to " + document : "not printed";
     if (isWritten) {
         std::cerr << "qsdview: printed to " << document << '\n';
@@ -229,10 +233,12 @@ void Viewer::showTitle()
 {
     std::string title = std::filesystem::path(_pages[_page]->name()).filename().string();
     if (_pages.size() > 1) {
-        title += " (" + std::to_string(_page + 1) + "/" + std::to_string(_pages.size()) + ")";
+        title.append(" (").append(std::to_string(_page + 1)).append("/").append(std::to_string(_pages.size())) += ")";
     }
-    title += " " + std::to_string(std::lround(100 * _view.zoom())) + "%";
-    title += _note.empty() ? "" : ", " + _note;
+    title.append(" ").append(std::to_string(std::lround(100 * _view.zoom()))) += "%";
+    if (!_note.empty()) {
+        title.append(", ").append(_note);
+    }
     _window.setTitle(title.c_str());
 }
 
