@@ -130,8 +130,8 @@ TEST_F(ViewerTest, ZoomsAndScrolls)
     // And around the pointer.
     session.pressButton(5, 128, 60, WithControl);
     EXPECT_TRUE(session.waitForTitle("left.svg 195%")) << session.title();
-    EXPECT_EQ(session.screenshot().at(125, 60), Red);
-    EXPECT_EQ(session.screenshot().at(131, 60), White);
+    EXPECT_TRUE(session.waitForColor(125, 60, Red));
+    EXPECT_TRUE(session.waitForColor(131, 60, White));
     session.press("1");
     EXPECT_TRUE(session.waitForTitle("left.svg 100%")) << session.title();
     session.press("minus");
