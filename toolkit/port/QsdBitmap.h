@@ -14,8 +14,8 @@ class QsdBitmapPath;
 /// nearest that the depth has; at a depth of 1, colours below half of full light set bits. Areas cover the pixels whose
 /// centres they contain; lines go through the centres of the pixels that their points name, and their width and dashes
 /// follow the scale of the transformer. Texts are drawn with a plain alphabet of lines for Latin letters, whatever the
-/// family, in the advances of the palette's font; a character of several bytes is drawn as a box. Alpha and antialiasing
-/// of palettes do not count. A null bitmap, or null pixels, draw nothing.
+/// family, in the advances of the palette's font; a character of several bytes is drawn as a box. Alpha and
+/// antialiasing of palettes do not count. A null bitmap, or null pixels, draw nothing.
 class QsdBitmap : public QsdSystemPort {
 public:
     /// A bitmap of zero pixels; `depth` is 1, or anything else for the screen depth of `display`. Throws std::bad_alloc
