@@ -7,7 +7,6 @@
 #include "toolkit/raster/QsdPainter.h"
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
 #include <optional>
 
@@ -170,9 +169,7 @@ void QsdBitmap::fillArc(const QsdPalette* palette, const QsdRect& rect, float st
 {
     QsdBitmapPath path(_transformer, QsdBitmapPath::PixelCorner);
     path.addArc(rect, start, range);
-    // The two radii of a whole turn would enclose nothing, and a row of pixels may lie on both.
-    const bool wholeTurn = std::fabs(range) >= 360;
-    if (palette->arcMode() == QsdArcPie && !wholeTurn) {
+    if (palette->arcMode() == QsdArcPie) {
         path.add({rect.x + rect.width / 2.0, rect.y + rect.height / 2.0});
     }
     fill(*palette, path);
