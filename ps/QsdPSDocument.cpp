@@ -108,8 +108,13 @@ void QsdPSDevice::end()
         return;
     }
     writeTrailer();
-    _stream->flush();
-    _writeFailed = _stream->fail();
+    // A stream may be told to throw when it fails.
+    try {
+        _stream->flush();
+        _writeFailed = _stream->fail();
+    } catch (...) {
+        _writeFailed = true;
+    }
     if (_encoder != nullptr) {
         _encoder->setStream(nullptr);
     }

@@ -11,7 +11,8 @@ struct QsdPSExtent {
     double right = -std::numeric_limits<double>::infinity();
     double top = -std::numeric_limits<double>::infinity();
 
-    [[nodiscard]] bool isEmpty() const { return !(left < right && bottom < top); }
+    /// A point or a line is not empty: interpreters paint it.
+    [[nodiscard]] bool isEmpty() const { return !(left <= right && bottom <= top); }
     [[nodiscard]] bool contains(const QsdPSExtent& other) const
     {
         return left <= other.left && bottom <= other.bottom && right >= other.right && top >= other.top;

@@ -42,10 +42,16 @@ public:
     /// Throws std::bad_alloc when there is no memory for the pixels, and for a rectangle of which more than 256 MiB lie
     /// outside the drawable: those are nothing but zeros.
     QsdPixelRows(const QsdDisplay& display, const QsdSystemPort* port, const QsdRect& rect)
-        : _data(display.getBitmapData(port, _size, checked(port, rect))),
+        : _data((check(*port, rect), display.getBitmapData(port, _size, rect))),
           _rowBytes(_data == nullptr || rect.height == 0 ? 0 : _size / rect.height),
           _pixelBytes(display.screenDepth() > 8 ? 4 : 1)
     {
+    }
+
+    /// Throws std::bad_alloc for a rectangle of which more than 256 MiB lie outside the drawable.
+    static void check(const QsdSystemPort& port, const QsdRect& rect)
+    {
+        QsdRefuseMostlyOutside(rect, port.width(), port.height(), port.depth() == 1);
     }
 
     [[nodiscard]] const unsigned char* data() const { return _data.get(); }
@@ -83,12 +89,6 @@ public:
     }
 
 private:
-    static const QsdRect& checked(const QsdSystemPort* port, const QsdRect& rect)
-    {
-        QsdRefuseMostlyOutside(rect, port->width(), port->height(), port->depth() == 1);
-        return rect;
-    }
-
     unsigned long _size = 0;
     std::unique_ptr<unsigned char, QsFreeDeleter> _data;
     unsigned long _rowBytes;

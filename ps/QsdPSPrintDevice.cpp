@@ -87,7 +87,7 @@ void QsdPSPrintDevice::beginPage() const
     document.pageExtent = QsdPSExtent();
     QsdPSWriter(stream()) << "%%BeginPageSetup" << EOL << "QsdPrintDict begin bp" << EOL;
     if (!document.zoomableLineWidths) {
-        writeLineWidthMode(false);
+        QsdPSDevice::writeLineWidthMode(false);
     }
     // Two save levels: the outer one is that of the page's first clip, the inner one that of the others.
     for (const QsdPSPageClip* const clip : {&document.initialClip, &document.clip}) {
@@ -154,6 +154,14 @@ void QsdPSPrintDevice::setTransformer(const QsdTransformer& t)
     }
 }
 
+void QsdPSPrintDevice::send(const char* text) const
+{
+    if (text != nullptr) {
+        _document->noteBytes(text);
+    }
+    QsdPSDevice::send(text);
+}
+
 void QsdPSPrintDevice::clip(const QsdRect* rect) const
 {
     if (rect == nullptr ? currentClip().isFull() : QsdRegion(*rect) == currentClip()) {
@@ -202,7 +210,7 @@ void QsdPSPrintDevice::noteClipBox() const
 
 void QsdPSPrintDevice::writeLineWidthMode(bool zoomable) const
 {
-    if (stream() != nullptr) {
+    if (stream() != nullptr && _document->zoomableLineWidths != zoomable) {
         _document->zoomableLineWidths = zoomable;
         QsdPSDevice::writeLineWidthMode(zoomable);
     }

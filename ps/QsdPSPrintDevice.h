@@ -7,6 +7,7 @@
 
 class QsdPSPrintDocument;
 class QsdPSWriter;
+struct QsdPSExtent;
 struct QsdPSPageClip;
 struct QsdPSTile;
 
@@ -37,6 +38,7 @@ public:
     /// Always true. A document with a bounding box that gets a second page is no longer called encapsulated.
     bool newPage() const override;
     void setTransformer(const QsdTransformer& t) override;
+    void send(const char* text) const override;
     void clip(const QsdRect* rect) const override;
     void clip(const QsdRegion* region) const override;
 
@@ -112,8 +114,10 @@ private:
     void noteClipBox() const;
     void reach(double x1, double y1, double x2, double y2, double margin) const;
     void reachRect(const QsdRect& rect, double margin) const;
-    void reachPoints(unsigned long count, const QsdPoint* points, double margin) const;
+    void reachPoints(unsigned long count, const QsdPoint* points) const;
+    void reachBox(const QsdPSExtent& box, double outer) const;
     void reachStroke(const QsdPalette* palette, unsigned long count, const QsdPoint* points, bool closed) const;
+    void noteText(const char* text, int length) const;
     void reachString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
                      QsdPosition position) const;
     [[nodiscard]] double halfLineWidth(const QsdPalette* palette) const;
@@ -127,6 +131,8 @@ private:
                      bool transparent) const;
     void writeStretched(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap, const QsdTransformer& t,
                         const QsdRect* clip, bool transparent) const;
+    /// The encoder of samples: the device's own, or one that suits the document where the level was changed within it.
+    [[nodiscard]] QsdPostScriptEncoder* imageEncoder() const;
     /// Whether samples are written in hexadecimal and read without a filter.
     [[nodiscard]] bool readsHexadecimal() const;
     void writeSourceString(QsdPSWriter& out, std::size_t rowBytes) const;

@@ -37,6 +37,7 @@ void QsdPSPrintDocument::begin(std::ostream* newOutput, const QsdRect* box, cons
     bbox = box == nullptr ? std::nullopt : std::optional<QsdRect>(*box);
     resources.reset();
     pageTexts.reset();
+    encoder.reset();
     pages.clear();
     fontSets.clear();
     _fontSetNumbers.clear();
@@ -50,6 +51,12 @@ void QsdPSPrintDocument::begin(std::ostream* newOutput, const QsdRect* box, cons
     }
     clip = QsdPSPageClip();
     lastPattern = QsdHandle<const QsdResource>();
+}
+
+void QsdPSPrintDocument::noteBytes(std::string_view text)
+{
+    sevenBits =
+        sevenBits && std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 QsdTransformer QsdPSPrintDocument::toPage() const

@@ -4,6 +4,7 @@
 #include "ps/QsdPSExtent_p.h"
 #include "ps/QsdPSPrintResources_p.h"
 #include "ps/QsdPSSpool_p.h"
+#include "toolkit/encoder/QsdPostScriptEncoder.h"
 #include "toolkit/geometry/QsdRegion.h"
 #include "toolkit/geometry/QsdTransformer.h"
 #include "toolkit/graphics/QsdColor.h"
@@ -15,8 +16,10 @@
 #include <cstdint>
 #include <iosfwd>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// What parts of a palette an operation draws with.
@@ -26,7 +29,7 @@ enum class QsdPSUse : std::uint8_t { Everything, Stroke, Fill, Text };
 struct QsdPSInForce {
     QsdHandle<const QsdFont> font;
     std::optional<std::pair<unsigned, int>> fontAndSize; ///< the number of the document's font, and units
-    std::optional<std::array<std::uint16_t, 3>> color;
+    std::optional<std::array<std::uint16_t, 3>> color;   ///< as it is written: thousandths; a grey three times
     QsdHandle<const QsdLineStyle> lineStyle;
     std::optional<unsigned long> lineWidth;
     QsdTransformer transformer;
@@ -55,6 +58,8 @@ public:
     void copy(QsdPSSpool& spool) { copy(spool, 0, spool.size()); }
     /// Ends the page under way: notes where its text ends, how far it reaches and what fonts it uses.
     void endPage();
+    /// Looks whether a text that is written as it is consists of 7-bit characters.
+    void noteBytes(std::string_view text);
     /// From the coordinates in force to points.
     [[nodiscard]] QsdTransformer toPage() const;
     /// The extent of all finished pages.
@@ -68,6 +73,7 @@ public:
     std::optional<QsdRect> bbox;
     QsdPSPrintResources resources;
     QsdPSSpool pageTexts;
+    std::unique_ptr<QsdPostScriptEncoder> encoder; ///< of samples where the device's does not suit; null at first
     std::vector<QsdPSPageRecord> pages;
     std::vector<std::vector<bool>> fontSets;
 

@@ -129,28 +129,28 @@ unsigned QsdPSPrintDevice::definePattern(const QsdPalette* palette) const
     QsdPSTile tile;
     QsdPSPatternKey& key = tile.key;
     key.upright = _screenPatterns;
-    unsigned long size = 0;
+    unsigned long bytes = 0;
     if (palette->fillStyle() != QsdFillColorPattern) {
         const QsdPattern& pattern = *palette->pattern();
-        const Data data(pattern.getBitmapData(size));
+        const Data data(pattern.getBitmapData(bytes));
         key.kind = QsdPSPatternKey::Mask;
         key.width = pattern.width();
         key.height = pattern.height();
-        tile.samples.assign(data.get(), data.get() + size);
+        tile.samples.assign(data.get(), data.get() + bytes);
     } else {
         const QsdColorPattern& pattern = *palette->colorPattern();
-        const Data data(pattern.getBitmapData(size));
+        const Data data(pattern.getBitmapData(bytes));
         key.width = pattern.width();
         key.height = pattern.height();
         if (pattern.depth() == 1) {
             key.kind = QsdPSPatternKey::Bits;
-            tile.samples.assign(data.get(), data.get() + size);
+            tile.samples.assign(data.get(), data.get() + bytes);
             tile.samples.resize(QsdPSBitRowBytes(key.width) * key.height);
         } else {
             key.kind = inColor() ? QsdPSPatternKey::Color : QsdPSPatternKey::Grey;
             const QsdPSSamples samples(*palette->display(), pattern.depth(), inColor());
             const std::size_t pixels =
-                std::min(std::size_t{key.width} * key.height, std::size_t{size} / samples.sourceBytes(1));
+                std::min(std::size_t{key.width} * key.height, std::size_t{bytes} / samples.sourceBytes(1));
             tile.samples.resize(std::size_t{key.width} * key.height * samples.components());
             samples.convert(data.get(), pixels, tile.samples.data());
         }
@@ -159,7 +159,16 @@ unsigned QsdPSPrintDevice::definePattern(const QsdPalette* palette) const
     bool isNew = false;
     const unsigned number = _document->resources.pattern(key, isNew);
     if (isNew) {
-        writePattern(number, tile);
+        QsdPSSpool& definitions = _document->resources.patternDefinitions();
+        const std::uint64_t size = definitions.size();
+        try {
+            writePattern(number, tile);
+        } catch (...) {
+            definitions.truncate(size);
+            _document->resources.forgetPattern(key);
+            imageEncoder()->setStream(stream());
+            throw;
+        }
     }
     return number;
 }
@@ -168,7 +177,7 @@ void QsdPSPrintDevice::writePattern(unsigned number, const QsdPSTile& tile) cons
 {
     QsdPSPrintDocument& document = *_document;
     QsdPSSpool& out = document.resources.patternDefinitions();
-    QsdPostScriptEncoder* const encoder = getEncoder();
+    QsdPostScriptEncoder* const encoder = imageEncoder();
     const QsdPSPatternKey& key = tile.key;
     QsdPSWriter(&out) << "/P" << number << "s[" << EOL;
     if (encoder != nullptr) {

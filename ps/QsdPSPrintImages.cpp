@@ -12,6 +12,8 @@
 #include "ps/QsdPSPrintOperation_p.h"
 #include "ps/QsdPSSamples_p.h"
 #include "ps/QsdPSWriter_p.h"
+#include "toolkit/encoder/QsdASCII85Encoder.h"
+#include "toolkit/encoder/QsdASCIIHexEncoder.h"
 
 #include <algorithm>
 #include <vector>
@@ -141,6 +143,7 @@ void QsdPSPrintDevice::writeBitmap(const QsdPalette* palette, const QsdSystemPor
     if (source == nullptr || isEmpty(rect) || stream() == nullptr) {
         return;
     }
+    QsdPixelRows::check(*source, rect);
     reach(at.x, at.y, static_cast<double>(at.x) + rect.width, static_cast<double>(at.y) + rect.height, 0);
     if (source->depth() == 1) {
         writeBits(palette, source, rect, at, !transparent);
@@ -192,13 +195,31 @@ void QsdPSPrintDevice::writeDataSource(QsdPSWriter& out) const
     if (readsHexadecimal()) {
         out << "{hr}";
     } else {
-        writeFilteredSource(out, getEncoder());
+        writeFilteredSource(out, imageEncoder());
     }
+}
+
+// Documents of level 1 have hexadecimal data whatever the device is set to meanwhile, and others have a filter.
+QsdPostScriptEncoder* QsdPSPrintDevice::imageEncoder() const
+{
+    QsdPSPrintDocument& document = *_document;
+    if ((document.level == 1) == (getPostScriptLevel() == 1)) {
+        return getEncoder();
+    }
+    if (document.encoder == nullptr) {
+        if (document.level == 1) {
+            document.encoder = std::make_unique<QsdASCIIHexEncoder>(nullptr, false);
+        } else {
+            document.encoder = std::make_unique<QsdASCII85Encoder>(nullptr);
+        }
+    }
+    document.encoder->setStream(stream());
+    return document.encoder.get();
 }
 
 bool QsdPSPrintDevice::readsHexadecimal() const
 {
-    return _document->level == 1 || QsdPostScriptEncoder::GetFullDecoderString(getEncoder()).isEmpty();
+    return _document->level == 1 || QsdPostScriptEncoder::GetFullDecoderString(imageEncoder()).isEmpty();
 }
 
 void QsdPSPrintDevice::writeSourceString(QsdPSWriter& out, std::size_t rowBytes) const
@@ -211,7 +232,7 @@ void QsdPSPrintDevice::writeSourceString(QsdPSWriter& out, std::size_t rowBytes)
 void QsdPSPrintDevice::writeBits(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
                                  const QsdPoint& at, bool opaque) const
 {
-    QsdPostScriptEncoder* const encoder = getEncoder();
+    QsdPostScriptEncoder* const encoder = imageEncoder();
     if (opaque) {
         QsdPSWriter(stream()) << "G n " << rect.width << QsdSpc() << rect.height << QsdSpc() << at << " rect ";
         setForeground(QsdPSBackground(palette).get());
@@ -243,7 +264,7 @@ void QsdPSPrintDevice::writeBits(const QsdPalette* palette, const QsdSystemPort*
 void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
                                    const QsdPoint& at) const
 {
-    QsdPostScriptEncoder* const encoder = getEncoder();
+    QsdPostScriptEncoder* const encoder = imageEncoder();
     if (encoder == nullptr) {
         return;
     }
@@ -288,7 +309,7 @@ void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPor
         writeRuns(palette, source, mask, rect, at);
         return;
     }
-    QsdPostScriptEncoder* const encoder = getEncoder();
+    QsdPostScriptEncoder* const encoder = imageEncoder();
     const QsdDisplay& display = *palette->display();
     ColorRows colors(display, rect.width, inColor());
     {
@@ -319,7 +340,7 @@ void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPor
 void QsdPSPrintDevice::writeRuns(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,
                                  const QsdRect& rect, const QsdPoint& at) const
 {
-    QsdPostScriptEncoder* const encoder = getEncoder();
+    QsdPostScriptEncoder* const encoder = imageEncoder();
     if (encoder == nullptr) {
         return;
     }

@@ -25,6 +25,12 @@ std::string_view baseName(std::string_view path)
     return path.substr(path.rfind('/') + 1);
 }
 
+/// A title that cannot be taken for one that is told later.
+std::string titleText(std::string_view title)
+{
+    return title == "atend" ? QsdPSQuoted("atend ") : QsdPSQuoted(title);
+}
+
 void writeBox(QsdPSWriter& out, const std::array<std::int32_t, 4>& box)
 {
     out << box[0] << QsdSpc() << box[1] << QsdSpc() << box[2] << QsdSpc() << box[3];
@@ -80,7 +86,7 @@ void QsdPSPrintDevice::writeComments()
         writeBox(out, QsdPSBoxOf(document.extent()));
     }
     out << EOL;
-    out << "%%Title: " << QsdPSQuoted(_hasTitle ? _title.view() : baseName(document.fileName)) << EOL;
+    out << "%%Title: " << titleText(_hasTitle ? _title.view() : baseName(document.fileName)) << EOL;
     out << "%%Creator: Dravonset" << EOL;
     out << "%%CreationDate: " << QsdGetCurrentDate().view() << EOL;
     if (document.sevenBits) {
@@ -203,9 +209,16 @@ void QsdPSPrintDevice::writePages()
             out << EOL;
             ResourceList fonts(out, "%%PageResources:");
             const std::vector<bool>& used = document.fontSets[record.fonts];
+            std::vector<std::string> listed;
             for (std::size_t i = 0; i < used.size(); ++i) {
-                if (used[i]) {
-                    fonts.add("font", QsdPSCommentName(document.resources.fonts()[i].name));
+                if (!used[i]) {
+                    continue;
+                }
+                for (const std::string& part : QsdPSPrintResources::partsOf(document.resources.fonts()[i])) {
+                    if (std::find(listed.begin(), listed.end(), part) == listed.end()) {
+                        listed.push_back(part);
+                        fonts.add("font", QsdPSCommentName(part));
+                    }
                 }
             }
         }

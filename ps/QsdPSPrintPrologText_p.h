@@ -12,6 +12,7 @@ inline constexpr std::string_view QsdPSPrintBasics = R"PS(/sg/setgray load def
 /rectclip where{pop}{/rectclip{4 -2 roll rect clip n}bd}ifelse
 /rectfill where{pop}{/rectfill{G n 4 -2 roll rect fill g}bd}ifelse
 /px{1 1 rectfill}bd
+/rk{4 2 roll M 1 index 0 rL 0 exch rL neg 0 rL c s}bd
 /sf{scalefont setfont}bd
 /rc{currentrgbcolor currentlinewidth currentdash currentfont grestore
 dup/FontType known{setfont}{pop}ifelse setdash slw setrgbcolor}bd
@@ -47,22 +48,22 @@ inline constexpr std::string_view QsdPSPrintLevel1Images = R"PS(/I{false 3 color
 /// Images of the other levels. They read their data to its end mark, so that none of it is left for the interpreter.
 inline constexpr std::string_view QsdPSPrintImages = R"PS(/ff{dup type/filetype eq{flushfile}{pop}ifelse}bd
 /rs{dup 3 -1 roll readstring pop exch ff}bd
-/I{dup/qs exch def false 3 colorimage qs ff}bd
-/Ig{dup/qs exch def image qs ff}bd
-/Im{dup/qs exch def imagemask qs ff}bd
+/I{dup/qs exch def false 3 colorimage /qs load ff}bd
+/Ig{dup/qs exch def image /qs load ff}bd
+/Im{dup/qs exch def imagemask /qs load ff}bd
 /Ix{/qs exch def G[/Indexed/DeviceRGB 5 -2 roll]setcolorspace
 10 dict begin/ImageType 1 def/ImageMatrix exch def
 dup/BitsPerComponent exch def 1 exch bitshift 1 sub[exch 0 exch]/Decode exch def
-/Height exch def/Width exch def/DataSource qs def currentdict end image g qs ff}bd
+/Height exch def/Width exch def/DataSource/qs load def currentdict end image g /qs load ff}bd
 )PS";
 
 /// Masked images, whose data is a row of the mask and a row of samples in turn.
 inline constexpr std::string_view QsdPSPrintMaskedImages = R"PS(/Ik{/qs exch def/qn exch def/qm exch def/qb exch def/qh exch def/qw exch def
 <</ImageType 3/InterleaveType 2
 /DataDict<</ImageType 1/Width qw/Height qh/BitsPerComponent qb/ImageMatrix qm
-/Decode qn 0 eq{[0 1 qb bitshift 1 sub]}{[qn{0 1}repeat]}ifelse/DataSource qs>>
+/Decode qn 0 eq{[0 1 qb bitshift 1 sub]}{[qn{0 1}repeat]}ifelse/DataSource/qs load>>
 /MaskDict<</ImageType 1/Width qw/Height qh/BitsPerComponent 1/ImageMatrix qm/Decode[1 0]>>
->>image qs ff}bd
+>>image /qs load ff}bd
 )PS";
 
 // clang-format on

@@ -17,6 +17,7 @@ void QsdPSPrintResources::reset()
     _fonts.clear();
     _supplied.clear();
     _patterns.clear();
+    _lastPattern = 0;
     _fontFiles.reset();
     _patternDefinitions.reset();
 }
@@ -39,6 +40,15 @@ void QsdPSPrintResources::supplyFont(std::string_view name)
     }
 }
 
+std::vector<std::string> QsdPSPrintResources::partsOf(const Font& font)
+{
+    std::string_view base;
+    if (!font.multiByte || !QsdPSIsOwnComposite(font.name, base)) {
+        return {font.name};
+    }
+    return {"Helvetica", std::string(base) + "-H", std::string(base) + ".Hankaku"};
+}
+
 std::vector<std::string> QsdPSPrintResources::neededFonts() const
 {
     std::vector<std::string> needed;
@@ -49,13 +59,8 @@ std::vector<std::string> QsdPSPrintResources::neededFonts() const
         }
     };
     for (const Font& font : _fonts) {
-        std::string_view base;
-        if (QsdPSIsOwnComposite(font.name, base)) {
-            add("Helvetica");
-            add(std::string(base) + "-H");
-            add(std::string(base) + ".Hankaku");
-        } else {
-            add(font.name);
+        for (std::string& part : partsOf(font)) {
+            add(std::move(part));
         }
     }
     return needed;
@@ -63,7 +68,8 @@ std::vector<std::string> QsdPSPrintResources::neededFonts() const
 
 unsigned QsdPSPrintResources::pattern(const QsdPSPatternKey& key, bool& isNew)
 {
-    const auto [place, inserted] = _patterns.emplace(key, static_cast<unsigned>(_patterns.size() + 1));
+    const auto [place, inserted] = _patterns.emplace(key, _lastPattern + 1);
     isNew = inserted;
+    _lastPattern += inserted ? 1 : 0;
     return place->second;
 }

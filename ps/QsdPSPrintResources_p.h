@@ -44,8 +44,13 @@ public:
 
     /// The number of a pattern, from 1; `isNew` tells whether its definition is to be written.
     unsigned pattern(const QsdPSPatternKey& key, bool& isNew);
+    /// Takes back a definition that could not be written.
+    void forgetPattern(const QsdPSPatternKey& key) { _patterns.erase(key); }
     /// Entries that the definitions make in the document's dictionary.
     [[nodiscard]] std::size_t definitionCount() const { return _fonts.size() + 2 * _patterns.size(); }
+
+    /// The fonts of the interpreter or of font files that a font consists of.
+    [[nodiscard]] static std::vector<std::string> partsOf(const Font& font);
 
     /// Where font files go, and where the definitions of patterns go.
     [[nodiscard]] QsdPSSpool& fontFiles() { return _fontFiles; }
@@ -56,6 +61,7 @@ private:
     std::vector<Font> _fonts;
     std::vector<std::string> _supplied;
     std::map<QsdPSPatternKey, unsigned> _patterns;
+    unsigned _lastPattern = 0;
     QsdPSSpool _fontFiles;
     QsdPSSpool _patternDefinitions;
 };

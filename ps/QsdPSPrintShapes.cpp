@@ -29,6 +29,26 @@ double miter(const QsdPoint& before, const QsdPoint& corner, const QsdPoint& aft
     return sine * Limit < 1 ? 1 : 1 / sine;
 }
 
+/// The box of a path whose points reach so far beyond themselves as lines do there.
+class PathBox {
+public:
+    explicit PathBox(bool zoomed) : _zoomed(zoomed) {}
+
+    void add(const QsdPoint& point, double margin = 0)
+    {
+        const double inner = _zoomed ? margin : 0;
+        box.add(point.x - inner, point.y - inner);
+        box.add(point.x + inner, point.y + inner);
+        outer = std::max(outer, _zoomed ? 0 : margin);
+    }
+
+    QsdPSExtent box;
+    double outer = 0; ///< beyond the box, in points
+
+private:
+    bool _zoomed;
+};
+
 } // namespace
 
 void QsdPSPrintDevice::drawPoint(const QsdPalette* palette, const QsdPoint& point) const
@@ -66,8 +86,10 @@ void QsdPSPrintDevice::drawSegments(const QsdPalette* palette, unsigned long cou
                                     const QsdPoint* ends) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
-    reachPoints(count, starts, halfLineWidth(palette));
-    reachPoints(count, ends, halfLineWidth(palette));
+    const double half = halfLineWidth(palette);
+    for (unsigned long i = 0; i < count; ++i) {
+        reach(starts[i].x, starts[i].y, ends[i].x, ends[i].y, half);
+    }
     QsdPSDevice::drawSegments(palette, count, starts, ends);
 }
 
@@ -82,15 +104,17 @@ void QsdPSPrintDevice::drawPolyLine(const QsdPalette* palette, const QsdPoint& o
                                     const QsdDeltaPoint* deltas) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
+    PathBox path(_document->zoomableLineWidths);
     QsdPoint before = origin;
     QsdPoint corner = origin;
     for (unsigned long i = 0; i + 1 < count; ++i) {
         const QsdPoint next = QsdPSStep(corner, deltas[i]);
-        reachPoints(1, &corner, halfLineWidth(palette) * miter(before, corner, next));
+        path.add(corner, halfLineWidth(palette) * miter(before, corner, next));
         before = corner;
         corner = next;
     }
-    reachPoints(1, &corner, halfLineWidth(palette));
+    path.add(corner, halfLineWidth(palette));
+    reachBox(path.box, path.outer);
     QsdPSDevice::drawPolyLine(palette, origin, count, deltas);
 }
 
@@ -98,7 +122,7 @@ void QsdPSPrintDevice::fillPolyLine(const QsdPalette* palette, unsigned long cou
                                     bool convex) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
-    reachPoints(count, points, 0);
+    reachPoints(count, points);
     QsdPSDevice::fillPolyLine(palette, count, points, convex);
 }
 
@@ -106,24 +130,26 @@ void QsdPSPrintDevice::fillPolyLine(const QsdPalette* palette, const QsdPoint& o
                                     const QsdDeltaPoint* deltas, bool convex) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    PathBox path(true);
     QsdPoint corner = origin;
     for (unsigned long i = 0; i < count; ++i) {
-        reachPoints(1, &corner, 0);
+        path.add(corner);
         if (i + 1 < count) {
             corner = QsdPSStep(corner, deltas[i]);
         }
     }
+    reachBox(path.box, 0);
     QsdPSDevice::fillPolyLine(palette, origin, count, deltas, convex);
 }
 
-// A path and its stroke, since the rectangle operators know nothing of the widths' mode.
+// A path in the order of rectstroke, so that dashes fall alike, and a stroke that knows the widths' mode.
 void QsdPSPrintDevice::drawRectangle(const QsdPalette* palette, const QsdRect& rect) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
     setCurrentPalette(palette);
     reachRect(rect, halfLineWidth(palette));
-    QsdPSWriter(stream()) << "n " << rect.width << QsdSpc() << rect.height << QsdSpc() << rect.x << QsdSpc() << rect.y
-                          << " rect s" << EOL;
+    QsdPSWriter(stream()) << "n " << rect.x << QsdSpc() << rect.y << QsdSpc() << rect.width << QsdSpc() << rect.height
+                          << " rk" << EOL;
 }
 
 void QsdPSPrintDevice::fillRectangle(const QsdPalette* palette, const QsdRect& rect) const
@@ -152,7 +178,7 @@ void QsdPSPrintDevice::fillPaths(const QsdPalette* palette, unsigned long count,
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
     for (unsigned long i = 0; i < count; ++i) {
         if (arrays[i].count() > 1) {
-            reachPoints(arrays[i].count(), arrays[i].points(), 0);
+            reachPoints(arrays[i].count(), arrays[i].points());
         }
     }
     QsdPSDevice::fillPaths(palette, count, arrays);
@@ -181,7 +207,7 @@ void QsdPSPrintDevice::fillBezier(const QsdPalette* palette, unsigned long count
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
     if (count > 2) {
-        reachPoints(count, points, 0);
+        reachPoints(count, points);
     }
     QsdPSDevice::fillBezier(palette, count, points);
 }
@@ -195,24 +221,22 @@ void QsdPSPrintDevice::reachStroke(const QsdPalette* palette, unsigned long coun
                                    bool closed) const
 {
     const double half = halfLineWidth(palette);
+    PathBox path(_document->zoomableLineWidths);
     for (unsigned long i = 0; i < count; ++i) {
         const bool corner = closed || (i != 0 && i + 1 != count);
-        const double reached =
-            corner ? half * miter(points[(i + count - 1) % count], points[i], points[(i + 1) % count]) : half;
-        reachPoints(1, points + i, reached);
+        path.add(points[i],
+                 corner ? half * miter(points[(i + count - 1) % count], points[i], points[(i + 1) % count]) : half);
     }
+    reachBox(path.box, path.outer);
 }
 
-void QsdPSPrintDevice::reachPoints(unsigned long count, const QsdPoint* points, double margin) const
+void QsdPSPrintDevice::reachPoints(unsigned long count, const QsdPoint* points) const
 {
-    if (count == 0) {
-        return;
-    }
-    QsdPSExtent extent;
+    PathBox path(true);
     for (unsigned long i = 0; i < count; ++i) {
-        extent.add(points[i].x, points[i].y);
+        path.add(points[i]);
     }
-    reach(extent.left, extent.bottom, extent.right, extent.top, margin);
+    reachBox(path.box, 0);
 }
 
 void QsdPSPrintDevice::reachRect(const QsdRect& rect, double margin) const
@@ -223,12 +247,21 @@ void QsdPSPrintDevice::reachRect(const QsdRect& rect, double margin) const
 // A margin is one of lines when it is not 0: it grows with the drawing or is in points.
 void QsdPSPrintDevice::reach(double x1, double y1, double x2, double y2, double margin) const
 {
-    QsdPSPrintDocument& document = *_document;
-    const bool zoomed = document.zoomableLineWidths;
+    const bool zoomed = _document->zoomableLineWidths;
     const double inner = zoomed ? margin : 0;
-    const double outer = zoomed ? 0 : margin;
-    QsdPSExtent extent = QsdPSExtentOf(document.toPage(), std::min(x1, x2) - inner, std::min(y1, y2) - inner,
-                                       std::max(x1, x2) + inner, std::max(y1, y2) + inner);
+    QsdPSExtent box;
+    box.add(std::min(x1, x2) - inner, std::min(y1, y2) - inner);
+    box.add(std::max(x1, x2) + inner, std::max(y1, y2) + inner);
+    reachBox(box, zoomed ? 0 : margin);
+}
+
+void QsdPSPrintDevice::reachBox(const QsdPSExtent& box, double outer) const
+{
+    if (box.isEmpty()) {
+        return;
+    }
+    QsdPSPrintDocument& document = *_document;
+    QsdPSExtent extent = QsdPSExtentOf(document.toPage(), box.left, box.bottom, box.right, box.top);
     extent.left -= outer;
     extent.bottom -= outer;
     extent.right += outer;

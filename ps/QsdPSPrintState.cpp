@@ -17,15 +17,14 @@ namespace {
 /// A part of one in thousandths, as short as it can be written.
 class Share {
 public:
-    explicit Share(unsigned value, unsigned whole)
+    explicit Share(unsigned thousandths)
     {
-        unsigned thousandths = (value * 1000 + whole / 2) / whole;
-        if (thousandths % 1000 == 0) {
+        if (thousandths % Whole == 0) {
             _text[_size++] = thousandths == 0 ? '0' : '1';
             return;
         }
         _text[_size++] = '.';
-        for (unsigned unit = 100; thousandths != 0; unit /= 10) {
+        for (unsigned unit = Whole / 10; thousandths != 0; unit /= 10) {
             _text[_size++] = static_cast<char>('0' + thousandths / unit);
             thousandths %= unit;
         }
@@ -33,12 +32,28 @@ public:
 
     [[nodiscard]] std::string_view view() const { return {_text, _size}; }
 
+    static constexpr unsigned Whole = 1000;
+
 private:
     char _text[4];
     std::size_t _size = 0;
 };
 
-constexpr unsigned Full = 65535;
+using Shares = std::array<std::uint16_t, 3>;
+
+/// The thousandths of a colour as they are written; three equal ones are a grey.
+Shares sharesOf(const QsdColor& color, bool inColor)
+{
+    const auto share = [](unsigned value, unsigned whole) {
+        return static_cast<std::uint16_t>((value * Share::Whole + whole / 2) / whole);
+    };
+    constexpr unsigned Full = 65535;
+    if (inColor || (color.red() == color.green() && color.green() == color.blue())) {
+        return {share(color.red(), Full), share(color.green(), Full), share(color.blue(), Full)};
+    }
+    const std::uint16_t grey = share(QsdPSGreyOf(color.red() >> 8, color.green() >> 8, color.blue() >> 8), 255);
+    return {grey, grey, grey};
+}
 
 bool sameDashes(const QsdLineStyle& a, const QsdLineStyle& b)
 {
@@ -60,11 +75,10 @@ void QsdPSPrintDevice::writePalette(const QsdPalette* palette) const
         setFont(palette);
         inForce.font = QsdHandle<const QsdFont>(palette->font());
     }
-    const QsdColor& color = *palette->foreground();
-    const std::array<std::uint16_t, 3> components{color.red(), color.green(), color.blue()};
-    if (inForce.color != components) {
+    const Shares shares = sharesOf(*palette->foreground(), inColor());
+    if (inForce.color != shares) {
         setForeground(palette);
-        inForce.color = components;
+        inForce.color = shares;
     }
     // The line under a text is dashed as others are.
     if ((stroke || text) && palette->lineStyle() != inForce.lineStyle.get()) {
@@ -73,25 +87,24 @@ void QsdPSPrintDevice::writePalette(const QsdPalette* palette) const
         }
         inForce.lineStyle = QsdHandle<const QsdLineStyle>(palette->lineStyle());
     }
-    if (stroke && inForce.lineWidth != palette->lineWidth()) {
+    // The thinnest lines are one unit wide.
+    const unsigned long width = std::max<unsigned long>(palette->lineWidth(), 1);
+    if (stroke && inForce.lineWidth != width) {
         setLineWidth(palette);
-        inForce.lineWidth = palette->lineWidth();
+        inForce.lineWidth = width;
     }
 }
 
 void QsdPSPrintDevice::setForeground(const QsdPalette* palette) const
 {
-    const QsdColor& color = *palette->foreground();
+    const Shares shares = sharesOf(*palette->foreground(), inColor());
     QsdPSWriter out(stream());
-    if (color.red() == color.green() && color.green() == color.blue()) {
-        out << Share(color.green(), Full).view() << " sg";
-    } else if (inColor()) {
-        out << Share(color.red(), Full).view() << QsdSpc() << Share(color.green(), Full).view() << QsdSpc()
-            << Share(color.blue(), Full).view() << " sr";
+    if (shares[0] == shares[1] && shares[1] == shares[2]) {
+        out << Share(shares[0]).view() << " sg" << EOL;
     } else {
-        out << Share(QsdPSGreyOf(color.red() >> 8, color.green() >> 8, color.blue() >> 8), 255).view() << " sg";
+        out << Share(shares[0]).view() << QsdSpc() << Share(shares[1]).view() << QsdSpc() << Share(shares[2]).view()
+            << " sr" << EOL;
     }
-    out << EOL;
 }
 
 bool QsdPSPrintDevice::inColor() const

@@ -3,6 +3,7 @@
 #include "ps/QsdPSPrintDevice.h"
 
 #include "ps/QsdPSPrintOperation_p.h"
+#include "ps/QsdPSString.h"
 
 #include <algorithm>
 #include <cstring>
@@ -34,10 +35,20 @@ TextBox boxOf(const QsdFont& font, const char* text, int length, QsdPosition pos
 
 } // namespace
 
+// Japanese EUC texts are written as they are in part, others in octal.
+void QsdPSPrintDevice::noteText(const char* text, int length) const
+{
+    if (CurrentEncoding == QsEncodingEUCJP && text != nullptr) {
+        const std::size_t most = length < 0 ? std::strlen(text) : static_cast<std::size_t>(length);
+        _document->noteBytes({text, strnlen(text, most)});
+    }
+}
+
 // Vertical texts take the same box, turned.
 void QsdPSPrintDevice::reachString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
                                    QsdPosition position) const
 {
+    noteText(text, length);
     const QsdFont& font = *palette->font();
     const TextBox box = boxOf(font, text, length, position);
     if (font.getFamily() != nullptr && *font.getFamily() == '@') {
@@ -69,6 +80,7 @@ void QsdPSPrintDevice::drawTransformedString(const QsdPalette* palette, const ch
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Text);
     if (text != nullptr && length != 0 && *text != '\0') {
+        noteText(text, length);
         const QsdFont& font = *palette->font();
         const TextBox box = boxOf(font, text, length, QsdPositionNone);
         const double size = box.bottom - box.top;

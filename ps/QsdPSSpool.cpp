@@ -25,6 +25,15 @@ std::uint64_t QsdPSSpool::Buffer::size() const
     return _stored + static_cast<std::uint64_t>(pptr() - pbase());
 }
 
+// The file keeps what lies behind its new end until that is written over.
+void QsdPSSpool::Buffer::truncate(std::uint64_t size)
+{
+    const std::uint64_t held = size > _stored ? size - _stored : 0;
+    _stored = std::min(_stored, size);
+    setp(_held.data(), _held.data() + _held.size());
+    pbump(static_cast<int>(held));
+}
+
 void QsdPSSpool::Buffer::reset()
 {
     _file.reset();
@@ -57,7 +66,8 @@ bool QsdPSSpool::Buffer::store()
         }
     }
     const auto count = static_cast<std::size_t>(pptr() - pbase());
-    if (std::fwrite(_held.data(), 1, count, _file.get()) != count) {
+    if (std::fseek(_file.get(), static_cast<long>(_stored), SEEK_SET) != 0 ||
+        std::fwrite(_held.data(), 1, count, _file.get()) != count) {
         return false;
     }
     _stored += count;
@@ -80,9 +90,6 @@ bool QsdPSSpool::Buffer::copyTo(std::ostream& target, std::uint64_t first, std::
             }
             target.write(block.data(), static_cast<std::streamsize>(wanted));
             first += wanted;
-        }
-        if (std::fseek(_file.get(), 0, SEEK_END) != 0) {
-            return false;
         }
     }
     if (first < last && first >= _stored) {

@@ -20,6 +20,8 @@ public:
     /// Copies the characters from `first` up to `last` (not with it) to `target`; when they cannot be read back,
     /// `target` fails.
     void copyTo(std::ostream& target, std::uint64_t first, std::uint64_t last);
+    /// Forgets everything from the character `size` on.
+    void truncate(std::uint64_t size) { _buffer.truncate(size); }
     /// Forgets everything, failures too.
     void reset();
 
@@ -28,6 +30,7 @@ private:
     public:
         [[nodiscard]] std::uint64_t size() const;
         bool copyTo(std::ostream& target, std::uint64_t first, std::uint64_t last);
+        void truncate(std::uint64_t size);
         void reset();
 
     protected:

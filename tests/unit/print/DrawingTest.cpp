@@ -26,7 +26,7 @@ TEST(PrintDrawing, RectanglesAreStrokedAsOthers)
 {
     PrintPage page;
     page.device.drawRectangle(page.palette.get(), {1, 2, 3, 4});
-    EXPECT_EQ(PrintPage::drawing(page.whole()), "0 sg\n[] 0 setdash\n1 slw\nn 3 4 1 2 rect s\n");
+    EXPECT_EQ(PrintPage::drawing(page.whole()), "0 sg\n[] 0 setdash\n1 slw\nn 1 2 3 4 rk\n");
 }
 
 TEST(PrintDrawing, StateOfEqualValueIsWrittenOnce)
@@ -44,7 +44,6 @@ TEST(PrintDrawing, StateOfEqualValueIsWrittenOnce)
                                                 "1 slw\n"
                                                 "n 0 0 M 1 1 L s\n"
                                                 "n 0 0 M 2 2 L s\n"
-                                                "1 slw\n"
                                                 "n 0 0 M 3 3 L s\n");
 }
 
@@ -240,6 +239,24 @@ TEST(PrintBox, HoldsExtremeCoordinates)
     page.device.fillPolyLine(page.palette.get(), {least, least}, 4, steps, false);
     page.device.drawArc(page.palette.get(), {least, least, 0xFFFFFFFF, 0xFFFFFFFF}, 0, 360);
     EXPECT_EQ(boxOf(page), "0 0 595 842");
+}
+
+TEST(PrintBox, KnowsPathsByAllTheirPoints)
+{
+    PrintPage steps;
+    const QsdDeltaPoint deltas[] = {{100, 0}, {0, 100}};
+    steps.device.fillPolyLine(steps.palette.get(), {100, 100}, 3, deltas, true);
+    EXPECT_EQ(boxOf(steps), "100 642 200 742");
+
+    PrintPage across;
+    const QsdPoint ends[] = {{-50, 150}, {700, 150}};
+    across.device.drawPolyLine(across.palette.get(), 2, ends);
+    EXPECT_EQ(boxOf(across), "0 691 595 693");
+
+    PrintPage curve;
+    const QsdPoint points[] = {{-50, 100}, {100, 100}, {200, 300}, {800, 300}};
+    curve.device.drawBezier(curve.palette.get(), 4, points);
+    EXPECT_EQ(boxOf(curve), "0 541 595 743");
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "toolkit/graphics/QsdRGBBitmapData.h"
 #include "toolkit/port/QsdBitmap.h"
 
+#include <new>
 #include <vector>
 
 namespace {
@@ -154,6 +155,28 @@ TEST(PrintImages, WithoutAFilterAreHexadecimal)
     auto bitmap = bitmapOf(&page.display, 1, two);
     page.device.drawBitmap(page.palette.get(), bitmap.get(), {0, 0, 1, 1}, {3, 4});
     EXPECT_EQ(PrintPage::drawing(page.whole()), "0 sg\n3 hs 1 1 8[1 0 0 1 -3 -4]{hr} I\nc80000\n");
+}
+
+TEST(PrintImages, KeepToTheDocumentsLevelWhenTheDevicesChanges)
+{
+    for (const unsigned long level : {1UL, 2UL}) {
+        PrintPage page(level);
+        page.device.setPostScriptLevel(3 - level);
+        auto bitmap = bitmapOf(&page.display, 1, two);
+        page.device.drawBitmap(page.palette.get(), bitmap.get(), {0, 0, 1, 1}, {3, 4});
+        const std::string text = PrintPage::drawing(page.whole());
+        EXPECT_EQ(text, level == 1 ? "0 sg\n3 hs 1 1 8[1 0 0 1 -3 -4]{hr} I\nc80000\n"
+                                   : "0 sg\n1 1 8[1 0 0 1 -3 -4] currentfile /ASCII85Decode filter I\na8c2~>\n");
+    }
+}
+
+TEST(PrintImages, FarOutsideOfTheirSourceAreRefusedBeforeAnythingIsWritten)
+{
+    PrintPage page;
+    auto bitmap = bitmapOf(&page.display, 3, many);
+    EXPECT_THROW(page.device.drawBitmap(page.palette.get(), bitmap.get(), {0, 0, 20000, 20000}, {0, 0}),
+                 std::bad_alloc);
+    EXPECT_EQ(PrintPage::drawing(page.whole()), "0 sg\n");
 }
 
 TEST(ImageFormat, PacksWhatItSaw)

@@ -1,6 +1,10 @@
 #include "tests/unit/print/PrintDevice.h"
 
+#include "toolkit/encoder/QsdASCII85Encoder.h"
 #include "toolkit/graphics/QsdRGBBitmapData.h"
+
+#include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -95,6 +99,36 @@ TEST(PrintPatterns, LargeOnesAreSeveralStrings)
     const std::string text = page.whole();
     EXPECT_NE(text.find("/P1s[\n60000 string currentfile /ASCII85Decode filter rs\n"), std::string::npos);
     EXPECT_NE(text.find("~>\n30000 string currentfile /ASCII85Decode filter rs\n"), std::string::npos);
+}
+
+TEST(PrintPatterns, OneThatCannotBeWrittenIsDefinedNextTime)
+{
+    class Once : public QsdASCII85Encoder {
+    public:
+        Once() : QsdASCII85Encoder(nullptr) {}
+        void endData() override
+        {
+            if (!std::exchange(_thrown, true)) {
+                throw std::runtime_error("encoder");
+            }
+            QsdASCII85Encoder::endData();
+        }
+
+    private:
+        bool _thrown = false;
+    };
+    PrintPage page;
+    page.device.setEncoder(new Once);
+    page.palette->setPattern(stripes().get());
+    page.palette->setFillStyle(QsdFillMaskPattern);
+    EXPECT_THROW(page.device.fillRectangle(page.palette.get(), {1, 2, 30, 40}), std::runtime_error);
+    page.device.fillRectangle(page.palette.get(), {1, 2, 30, 40});
+    const std::string text = page.whole();
+    EXPECT_EQ(PrintPage::part(text, "%%EndFeature\nQsdPrintDict begin\n", "P2{"),
+              "/P2s[\n"
+              "2 string currentfile /ASCII85Decode filter rs\n"
+              "n.,~>\n"
+              "]def\n/");
 }
 
 TEST(PrintPatterns, AMissingOnePaintsNothing)

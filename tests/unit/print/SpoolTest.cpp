@@ -53,6 +53,21 @@ TEST(Spool, GoesOnAfterACopy)
     EXPECT_EQ(out.str(), first + first);
 }
 
+TEST(Spool, ForgetsWhatIsCutOff)
+{
+    const std::string text = numbered(30000);
+    for (const std::size_t kept : {std::size_t{0}, std::size_t{100}, std::size_t{70000}, text.size() - 5}) {
+        QsdPSSpool spool;
+        spool << text;
+        spool.truncate(kept);
+        EXPECT_EQ(spool.size(), kept);
+        spool << text;
+        std::ostringstream out;
+        spool.copyTo(out, 0, spool.size());
+        EXPECT_TRUE(out.str() == text.substr(0, kept) + text) << kept;
+    }
+}
+
 TEST(Spool, ForgetsWhenReset)
 {
     QsdPSSpool spool;
