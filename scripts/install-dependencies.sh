@@ -8,7 +8,7 @@ for task in "$@"; do
     run) packages="$packages ghostscript" ;;
     test) packages="$packages ghostscript libgtest-dev imagemagick psutils poppler-utils cups-filters cups epstool xvfb x11-apps xfonts-base xfonts-75dpi" ;;
     fuzz) packages="$packages clang-14 libclang-rt-14-dev" ;;
-    bench) packages="$packages libbenchmark-dev libcairo2-dev" ;;
+    bench) packages="$packages libbenchmark-dev libcairo2-dev libplot-dev libfltk1.3-dev xvfb xauth" ;;
     lint) packages="$packages clang-format-14 clang-tidy-14" ;;
     *) echo "$0: unknown task $task" >&2; exit 2 ;;
     esac
