@@ -11,6 +11,7 @@
 #include "ps/QsdPSPixels_p.h"
 #include "ps/QsdPSPrintOperation_p.h"
 #include "ps/QsdPSSamples_p.h"
+#include "ps/QsdPSShare_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/encoder/QsdASCII85Encoder.h"
 #include "toolkit/encoder/QsdASCIIHexEncoder.h"
@@ -47,7 +48,6 @@ public:
     }
 
     [[nodiscard]] unsigned components() const { return _converter.components(); }
-    [[nodiscard]] std::size_t size() const { return _samples.size(); }
     /// The samples of a row, valid until the next call.
     [[nodiscard]] const unsigned char* read(const QsdPixelRows& rows, std::uint32_t r)
     {
@@ -91,6 +91,14 @@ void writeHexColor(QsdPSWriter& out, std::uint32_t color)
         text[i] = Digits[(color >> (20 - 4 * i)) & 0xF];
     }
     out << std::string_view(text, sizeof text);
+}
+
+/// Sets a colour.
+void writeColor(QsdPSWriter& out, std::uint32_t color)
+{
+    const auto share = [](std::uint32_t component) { return QsdPSShare((component * QsdPSShare::Whole + 127) / 255); };
+    out << share(color >> 16).view() << QsdSpc() << share((color >> 8) & 0xFF).view() << QsdSpc()
+        << share(color & 0xFF).view() << " sr ";
 }
 
 /// Writes the number of the last colour and the table.
@@ -279,10 +287,29 @@ void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPor
     };
     QsdPSImageFormat format(colors.components());
     forEachRow([&](const unsigned char* samples) { format.look(samples, rect.width); });
-    format.decide(rect.width, rect.height, _document->level != 1);
-
+    format.decide(rect.width, rect.height, true);
+    const bool painted = _document->level == 1 && format.kind() == QsdPSImageFormat::Indexed;
+    if (painted && format.colors().size() != 2) {
+        format.decide(rect.width, rect.height, false);
+    } else if (painted) {
+        // Level 1 has no colour tables: the first colour is the ground, the second is painted through a mask.
+        QsdPSWriter out(stream());
+        out << "G ";
+        writeColor(out, format.colors()[0]);
+        out << "n " << rect.width << QsdSpc() << rect.height << QsdSpc() << at << " rect fill ";
+        writeColor(out, format.colors()[1]);
+        out << EOL;
+    }
+    const bool asMask = format.kind() == QsdPSImageFormat::Indexed && painted;
     std::vector<unsigned char> packed(format.rowBytes(rect.width));
-    {
+    if (asMask) {
+        QsdPSWriter out(stream());
+        writeSourceString(out, packed.size());
+        out << rect.width << QsdSpc() << rect.height << " true";
+        writePlace(out, at);
+        writeDataSource(out);
+        out << " Im" << EOL;
+    } else {
         QsdPSWriter out(stream());
         writeSourceString(out, packed.size());
         out << rect.width << QsdSpc() << rect.height << QsdSpc() << format.bits();
@@ -300,6 +327,9 @@ void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPor
         encoder->putBytes(packed.size(), packed.data());
     });
     encoder->endData();
+    if (asMask) {
+        QsdPSWriter(stream()) << "g" << EOL;
+    }
 }
 
 void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,
@@ -312,12 +342,28 @@ void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPor
     QsdPostScriptEncoder* const encoder = imageEncoder();
     const QsdDisplay& display = *palette->display();
     ColorRows colors(display, rect.width, inColor());
+    QsdPSImageFormat format(colors.components());
+    forEachBand(display, source, rect, [&](const QsdPixelRows& rows, std::uint32_t, std::uint32_t count) {
+        for (std::uint32_t r = 0; r < count; ++r) {
+            format.look(colors.read(rows, r), rect.width);
+        }
+    });
+    format.decide(rect.width, rect.height, true);
+    std::vector<unsigned char> packed(format.rowBytes(rect.width));
     {
         QsdPSWriter out(stream());
-        out << "G /Device" << (inColor() ? "RGB" : "Gray") << " setcolorspace " << rect.width << QsdSpc() << rect.height
-            << " 8";
+        out << "G";
+        if (format.kind() == QsdPSImageFormat::Indexed) {
+            out << "[/Indexed/DeviceRGB ";
+            writeColorTable(out, format);
+            out << "]";
+        } else {
+            out << (format.kind() == QsdPSImageFormat::Color ? "/DeviceRGB " : "/DeviceGray ");
+        }
+        out << "setcolorspace " << rect.width << QsdSpc() << rect.height << QsdSpc() << format.bits();
         writePlace(out, at);
-        out << colors.components();
+        constexpr int Ranges[] = {1, 3, 0}; // of samples between 0 and 1
+        out << Ranges[format.kind()];
         writeDataSource(out);
         out << " Ik" << EOL;
     }
@@ -329,7 +375,8 @@ void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPor
         for (std::uint32_t r = 0; r < count; ++r) {
             maskRows.copyRow(r, bits.size(), bits.data());
             encoder->putBytes(bits.size(), bits.data());
-            encoder->putBytes(colors.size(), colors.read(rows, r));
+            format.pack(colors.read(rows, r), rect.width, packed.data());
+            encoder->putBytes(packed.size(), packed.data());
         }
     });
     encoder->endData();

@@ -7,6 +7,7 @@
 #include "ps/QsdPSGrey_p.h"
 #include "ps/QsdPSName_p.h"
 #include "ps/QsdPSPrintDocument_p.h"
+#include "ps/QsdPSShare_p.h"
 #include "ps/QsdPSWriter_p.h"
 
 #include <algorithm>
@@ -14,38 +15,13 @@
 
 namespace {
 
-/// A part of one in thousandths, as short as it can be written.
-class Share {
-public:
-    explicit Share(unsigned thousandths)
-    {
-        if (thousandths % Whole == 0) {
-            _text[_size++] = thousandths == 0 ? '0' : '1';
-            return;
-        }
-        _text[_size++] = '.';
-        for (unsigned unit = Whole / 10; thousandths != 0; unit /= 10) {
-            _text[_size++] = static_cast<char>('0' + thousandths / unit);
-            thousandths %= unit;
-        }
-    }
-
-    [[nodiscard]] std::string_view view() const { return {_text, _size}; }
-
-    static constexpr unsigned Whole = 1000;
-
-private:
-    char _text[4];
-    std::size_t _size = 0;
-};
-
 using Shares = std::array<std::uint16_t, 3>;
 
 /// The thousandths of a colour as they are written; three equal ones are a grey.
 Shares sharesOf(const QsdColor& color, bool inColor)
 {
     const auto share = [](unsigned value, unsigned whole) {
-        return static_cast<std::uint16_t>((value * Share::Whole + whole / 2) / whole);
+        return static_cast<std::uint16_t>((value * QsdPSShare::Whole + whole / 2) / whole);
     };
     constexpr unsigned Full = 65535;
     if (inColor || (color.red() == color.green() && color.green() == color.blue())) {
@@ -100,10 +76,10 @@ void QsdPSPrintDevice::setForeground(const QsdPalette* palette) const
     const Shares shares = sharesOf(*palette->foreground(), inColor());
     QsdPSWriter out(stream());
     if (shares[0] == shares[1] && shares[1] == shares[2]) {
-        out << Share(shares[0]).view() << " sg" << EOL;
+        out << QsdPSShare(shares[0]).view() << " sg" << EOL;
     } else {
-        out << Share(shares[0]).view() << QsdSpc() << Share(shares[1]).view() << QsdSpc() << Share(shares[2]).view()
-            << " sr" << EOL;
+        out << QsdPSShare(shares[0]).view() << QsdSpc() << QsdPSShare(shares[1]).view() << QsdSpc()
+            << QsdPSShare(shares[2]).view() << " sr" << EOL;
     }
 }
 

@@ -70,7 +70,8 @@ TEST(PrintImages, OfGreysAreGrey)
 TEST(PrintImages, OfFewColoursHaveATable)
 {
     EXPECT_EQ(imageOf(two), "40 40 1[1 0 0 1 -3 -4]1<c8000000005a> currentfile /ASCII85Decode filter Ix");
-    EXPECT_EQ(imageOf(two, 1), "120 hs 40 40 8[1 0 0 1 -3 -4]{hr} I");
+    // Level 1 knows none, but paints one colour on the other.
+    EXPECT_EQ(imageOf(two, 1), "G .784 0 0 sr n 40 40 3 4 rect fill 0 0 .353 sr ");
 }
 
 TEST(PrintImages, OfBlackAndWhiteTakeOneBit)
@@ -102,7 +103,7 @@ TEST(PrintImages, MaskedOnesAreOneImageAtTheThirdLevel)
         const std::string text = PrintPage::drawing(page.whole());
         if (level == 3) {
             EXPECT_EQ(text.substr(0, text.find(" Ik\n")),
-                      "0 sg\nG /DeviceRGB setcolorspace 3 3 8[1 0 0 1 -3 -4]3 currentfile /ASCII85Decode filter");
+                      "0 sg\nG/DeviceRGB setcolorspace 3 3 8[1 0 0 1 -3 -4]3 currentfile /ASCII85Decode filter");
             EXPECT_EQ(text.substr(text.size() - 5), "~>\ng\n");
         } else if (level == 1) {
             EXPECT_EQ(text, "0 sg\n"
@@ -117,6 +118,21 @@ TEST(PrintImages, MaskedOnesAreOneImageAtTheThirdLevel)
                       "0 sg\n2 1 8[1 0 0 1 -3 -4] currentfile /ASCII85Decode filter I");
         }
     }
+}
+
+TEST(PrintImages, MaskedOnesTakeAsFewBitsAsOthers)
+{
+    const auto startOf = [](auto color) {
+        PrintPage page(3);
+        auto bitmap = bitmapOf(&page.display, 40, color);
+        const std::vector<unsigned char> bits(5 * 40, 0x5A);
+        bitmap->setMask(QsdBitmap::FromBits(&page.display, 40, 40, bits.data()));
+        page.device.drawTransparentBitmap(page.palette.get(), bitmap.get(), {0, 0, 40, 40}, {3, 4});
+        return PrintPage::part(PrintPage::drawing(page.whole()), "0 sg\n", " currentfile");
+    };
+    EXPECT_EQ(startOf(many), "G/DeviceRGB setcolorspace 40 40 8[1 0 0 1 -3 -4]3");
+    EXPECT_EQ(startOf(manyGreys), "G/DeviceGray setcolorspace 40 40 8[1 0 0 1 -3 -4]1");
+    EXPECT_EQ(startOf(two), "G[/Indexed/DeviceRGB 1<c8000000005a>]setcolorspace 40 40 1[1 0 0 1 -3 -4]0");
 }
 
 TEST(PrintImages, OneBitOnesAreMasks)
