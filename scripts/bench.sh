@@ -6,6 +6,6 @@ set -eu
 top=$(cd "$(dirname "$0")/.." && pwd)
 "$top/scripts/install-dependencies.sh" bench
 cd "$top"
-cmake --preset ci >/dev/null
-cmake --build --preset ci --target bench-throughput >&2
-xvfb-run -a build/ci/bench/throughput/bench-throughput "$@"
+cmake --preset default -B build/bench -DDRAVONSET_BENCH=ON -DDRAVONSET_TESTS=OFF -DDRAVONSET_TOOLS=OFF >/dev/null
+cmake --build build/bench --target bench-throughput >&2
+xvfb-run -a build/bench/bench/throughput/bench-throughput "$@"
