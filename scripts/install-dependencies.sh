@@ -2,7 +2,7 @@
 # Installs what is missing of the Debian packages that a task needs: install-dependencies.sh run|test|fuzz|bench...
 set -eu
 
-packages="g++ cmake ninja-build pkg-config libpugixml-dev zlib1g-dev libagg-dev libpolyclipping-dev libpng-dev libjpeg-dev libcli11-dev libx11-dev"
+packages="g++ cmake ninja-build pkg-config libpugixml-dev zlib1g-dev libagg-dev libpolyclipping-dev libpng-dev libjpeg-dev libfreetype-dev libfontconfig-dev libcli11-dev libx11-dev"
 for task in "$@"; do
     case $task in
     run) packages="$packages ghostscript" ;;

@@ -26,7 +26,7 @@ expect_status 1 "$tool" noise.svg -o noise.ps
 
 # Texts and names stay inside their literals.
 cat >words.svg <<'END'
-<svg width="90" height="20"><text y="9" font-family=") quit (">(a) \ ) showpage ( {b} $ &#10; %!PS</text></svg>
+<svg width="90" height="20"><text y="9" font-family=") quit (, Courier">(a) \ ) showpage ( {b} $ &#10; %!PS</text></svg>
 END
 expect_status 0 "$tool" words.svg -o words.ps
 grep -q -F '(\(a\) \\ \) showpage \( \{b\} \$' words.ps || fail "literal: $(grep show words.ps)"

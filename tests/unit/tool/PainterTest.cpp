@@ -145,3 +145,39 @@ TEST_F(PainterTest, TranslucentGradientsOverBusyGroundBecomeOnePicture)
     painter.finish();
     EXPECT_EQ(port.calls.size(), 4U);
 }
+
+TEST_F(PainterTest, DrawsTextsThatStringsCannotShowAsOutlines)
+{
+    if (tools.letters.find({}) == nullptr) {
+        GTEST_SKIP() << "no fonts are installed";
+    }
+    TextChunk chunk;
+    chunk.at = {10, 50};
+    chunk.spans.push_back({});
+    chunk.spans[0].text = "H";
+    chunk.spans[0].font.families = {"Helvetica"};
+    chunk.spans[0].fill = solid({255, 0, 0});
+    painter.text(chunk, Matrix());
+    ASSERT_EQ(port.calls.size(), 1U);
+    EXPECT_EQ(port.calls[0].rfind("drawString", 0), 0U);
+
+    chunk.spans[0].stroke = solid({0, 0, 255});
+    painter.text(chunk, Matrix());
+    ASSERT_GE(port.calls.size(), 3U);
+    EXPECT_EQ(port.calls[1].rfind("fill", 0), 0U);
+    EXPECT_EQ(lastColor(), (Rgb{0, 0, 255}));
+    EXPECT_EQ(told(), "");
+}
+
+TEST_F(PainterTest, StretchesLettersToTheWidthOfTheKindThatWasAskedFor)
+{
+    TextChunk chunk;
+    chunk.spans.push_back({});
+    chunk.spans[0].text = "H";
+    chunk.spans[0].fill = solid({255, 0, 0});
+    chunk.spans[0].font.families = {"sans-serif"};
+    painter.text(chunk, Matrix());
+    ASSERT_EQ(port.calls.size(), 1U);
+    EXPECT_EQ(port.calls[0].rfind("drawTransformedString", 0), 0U);
+    EXPECT_EQ(told(), "");
+}

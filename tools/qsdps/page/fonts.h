@@ -2,6 +2,8 @@
 #pragma once
 
 #include "drawing/text.h"
+#include "page/faces.h"
+#include "page/letters.h"
 #include "toolkit/base/QsEncoding.h"
 #include "toolkit/graphics/QsdFont.h"
 #include "toolkit/port/QsdDisplay.h"
@@ -13,24 +15,34 @@
 
 namespace qsdps {
 
-/// The toolkit family for a list of families: the first that is known, else by what its name sounds like, else
-/// Helvetica.
-[[nodiscard]] const char* toolkitFamily(const std::vector<std::string>& families);
+[[nodiscard]] constexpr bool isBold(const FontRequest& request)
+{
+    constexpr int BoldFrom = 600;
+    return request.weight >= BoldFrom;
+}
 
 /// One toolkit font for each font used, so that the port sees the same object again and writes nothing twice.
 class FontTable {
 public:
     /// Fonts for texts in `encoding`: Japanese EUC texts have two families of their own, one upright and one plain.
-    FontTable(const QsdDisplay& display, QsEncoding encoding) : _display(display), _encoding(encoding) {}
+    /// `letters` tells what is installed.
+    FontTable(const QsdDisplay& display, QsEncoding encoding, LetterFonts& letters)
+        : _display(display), _encoding(encoding), _letters(letters)
+    {
+    }
 
     /// The font of this size in units (1 to 65,535), owned by the table.
     [[nodiscard]] const QsdFont* get(const FontRequest& request, bool underlined, std::uint16_t size);
+
+    /// What stands for such a font; in Japanese documents that is one of their own.
+    [[nodiscard]] Face face(const FontRequest& request) const;
 
 private:
     static constexpr std::size_t MostFonts = 1024;
 
     const QsdDisplay& _display;
     QsEncoding _encoding;
+    LetterFonts& _letters;
     std::map<std::tuple<std::string, std::uint16_t, std::uint16_t>, QsdHandle<const QsdFont>> _fonts;
 };
 

@@ -1,6 +1,7 @@
 #include "page/painter.h"
 
 #include "page/gradient_bands.h"
+#include "page/lettering.h"
 #include "page/line_fit.h"
 #include "page/picture.h"
 #include "page/polygons.h"
@@ -383,8 +384,54 @@ bool Painter::strokeAsLines(const std::vector<Chain>& chains, const StrokeStyle&
     return true;
 }
 
+bool Painter::wantsOutlines(const TextChunk& chunk)
+{
+    return std::any_of(chunk.spans.begin(), chunk.spans.end(), [&](const TextSpan& span) {
+        if (span.text.empty() || span.text == " ") {
+            return false;
+        }
+        const bool plain = span.stroke.none() && (span.fill.none() || std::holds_alternative<Rgb>(span.fill.source));
+        if (!plain || _clips.top().area) {
+            return true;
+        }
+        unsigned long missing = 0;
+        static_cast<void>(_tools.encoder.encode(span.text, missing));
+        return missing > 0 || _tools.fonts.face(span.font).likeness == Face::Likeness::Another;
+    });
+}
+
+bool Painter::paintOutlines(const TextChunk& chunk, const Matrix& toPage)
+{
+    constexpr std::size_t MostLetters = 20'000; // of a page
+    for (const TextSpan& span : chunk.spans) {
+        _letters += span.text.size();
+    }
+    if (_letters > MostLetters) {
+        return false;
+    }
+    const std::optional<std::vector<LetteredSpan>> spans = letteringOf(chunk, _tools.letters);
+    if (!spans) {
+        return false;
+    }
+    for (const LetteredSpan& lettered : *spans) {
+        const TextSpan& span = *lettered.span;
+        for (const Path* const outline : {&lettered.rules, &lettered.letters}) {
+            Paint paint = span.fill;
+            paint.opacity *= span.opacity;
+            fill(*outline, FillRule::NonZero, paint, toPage);
+            paint = span.stroke;
+            paint.opacity *= span.opacity;
+            stroke(*outline, span.strokeStyle, paint, toPage);
+        }
+    }
+    return true;
+}
+
 void Painter::text(const TextChunk& chunk, const Matrix& toPage)
 {
+    if (wantsOutlines(chunk) && paintOutlines(chunk, toPage)) {
+        return;
+    }
     const ClipArea& clip = _clips.top();
     if (clip.area) {
         _report.approximated("clipped text");

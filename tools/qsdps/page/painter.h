@@ -19,11 +19,13 @@ namespace qsdps {
 /// What painters of several pages share, so that the port sees the same objects again.
 struct PaintTools {
     PaintTools(QsdDisplay& display, QsEncoding encoding)
-        : fonts(display, encoding), encoder(encoding), palette(QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display)))
+        : fonts(display, encoding, letters), encoder(encoding),
+          palette(QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display)))
     {
     }
 
     ColorTable colors;
+    LetterFonts letters;
     FontTable fonts;
     TextEncoder encoder;
     QsdHandle<QsdPalette> palette;
@@ -75,6 +77,10 @@ private:
     /// Fills an area inside the clip (non-zero rule) with pieces of paint, each hiding those before, as pixels blended
     /// with what the first `groundEnd` areas look like. False, and nothing done, when that would take too many pixels.
     bool paintPixels(const Rings& rings, const std::vector<Piece>& pieces, std::size_t groundEnd);
+    /// Whether strings of the port cannot show a text as it should look.
+    [[nodiscard]] bool wantsOutlines(const TextChunk& chunk);
+    /// Draws a text as outlines; false, and nothing drawn, when its letters are not to be had.
+    bool paintOutlines(const TextChunk& chunk, const Matrix& toPage);
     void hold(const RasterPicture& picture);
     void drawHeld();
     void drawHeldUnder(const QsdRect& bounds);
@@ -97,6 +103,7 @@ private:
     ClipStack _clips;
     Ground _ground;
     std::vector<Group> _groups;
+    std::size_t _letters = 0;           ///< drawn as outlines so far
     std::size_t _cells = 0;             ///< of tiles drawn so far
     std::size_t _pixels = 0;            ///< painted as such so far
     std::optional<RasterPicture> _held; ///< pixels that are not drawn yet

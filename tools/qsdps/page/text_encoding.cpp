@@ -1,5 +1,7 @@
 #include "page/text_encoding.h"
 
+#include "page/characters.h"
+
 #include <array>
 #include <cstdint>
 #include <iconv.h>
@@ -23,39 +25,6 @@ constexpr SpecialCode SpecialCodes[] = {
     {0x02DD, 0x9D}, {0x02DB, 0x9E}, {0x0178, 0x9F}, {0x2212, 0x96}, {0x03BC, 0xB5}, {0x2009, ' '},
     {0x200A, ' '},  {0x202F, ' '},  {0x2002, ' '},  {0x2003, ' '},  {0x2010, '-'},  {0x2011, '-'},
 };
-
-/// Takes the first character off `text`; bytes that are no UTF-8 count one by one as the replacement character.
-char32_t takeCharacter(std::string_view& text, std::string_view& bytes)
-{
-    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char lead = byteAt(0);
-    std::size_t length = lead < 0x80                   ? 1
-                         : lead >= 0xC2 && lead < 0xE0 ? 2
-                         : lead >= 0xE0 && lead < 0xF0 ? 3
-                         : lead >= 0xF0 && lead < 0xF5 ? 4
-                                                       : 0;
-    char32_t character = length == 1 ? lead : lead & (0x7FU >> length);
-    for (std::size_t i = 1; i < length; ++i) {
-        if (i >= text.size() || (byteAt(i) & 0xC0) != 0x80) {
-            length = 0;
-            break;
-        }
-        character = character << 6 | (byteAt(i) & 0x3FU);
-    }
-    if (length == 0) {
-        character = 0xFFFD;
-        length = 1;
-    }
-    bytes = text.substr(0, length);
-    text.remove_prefix(length);
-    return character;
-}
-
-bool isInvisible(char32_t c)
-{
-    return c < 0x20 || c == 0x7F || (c >= 0x80 && c < 0xA0) || c == 0xAD || (c >= 0x200B && c <= 0x200F) ||
-           c == 0xFEFF || (c >= 0xFE00 && c <= 0xFE0F);
-}
 
 std::optional<std::string> latinOf(char32_t c)
 {
@@ -126,7 +95,7 @@ std::vector<std::string> TextEncoder::encode(std::string_view utf8, unsigned lon
     while (!utf8.empty()) {
         std::string_view bytes;
         const char32_t character = takeCharacter(utf8, bytes);
-        if (isInvisible(character)) {
+        if (isInvisibleCharacter(character)) {
             continue;
         }
         std::optional<std::string> encoded = _converter ? _converter->convert(bytes) : latinOf(character);

@@ -1,6 +1,7 @@
 #include "page/text_painter.h"
 
 #include "page/painter.h"
+#include "page/path_walk.h"
 #include "page/polygons.h"
 
 #include <algorithm>
@@ -11,12 +12,6 @@ namespace qsdps {
 namespace {
 
 constexpr double LargestFont = 65535;
-
-Matrix turned(double degrees)
-{
-    const double radians = degrees * 3.14159265358979323846 / 180;
-    return {std::cos(radians), std::sin(radians), -std::sin(radians), std::cos(radians), 0, 0};
-}
 
 /// Whether texts under the matrix stand upright and keep their proportions.
 bool isUpright(const Matrix& m)
@@ -34,38 +29,6 @@ std::string joined(const std::vector<std::string>& pieces)
     return text;
 }
 
-/// Walks along the straight pieces of a path.
-class Walk {
-public:
-    explicit Walk(const Path& path) : _chains(flattened(path, Matrix(), 0.1)) {}
-
-    /// The point `distance` along the path and the direction there in degrees; false beyond the ends.
-    bool at(double distance, Point& point, double& degrees) const
-    {
-        if (distance < 0) {
-            return false;
-        }
-        for (const Chain& chain : _chains) {
-            for (std::size_t i = 1; i < chain.points.size(); ++i) {
-                const Point& a = chain.points[i - 1];
-                const Point& b = chain.points[i];
-                const double length = std::hypot(b.x - a.x, b.y - a.y);
-                if (length > 0 && distance <= length) {
-                    const double part = distance / length;
-                    point = {a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
-                    degrees = std::atan2(b.y - a.y, b.x - a.x) * 180 / 3.14159265358979323846;
-                    return true;
-                }
-                distance -= length;
-            }
-        }
-        return false;
-    }
-
-private:
-    std::vector<Chain> _chains;
-};
-
 } // namespace
 
 /// A span made ready: its bytes, its font in units, and how far it reaches in user units.
@@ -76,14 +39,30 @@ struct TextPainter::Run {
     double userPerFontUnit = 0; ///< user units in a unit of the font's size
     double spacing = 0;         ///< user units after each character, what `textLength` asks for included
     double advance = 0;         ///< user units in all, the shift in front not included
+    Face face;
+    double stretch = 1; ///< of the letters along the line
     std::optional<Rgb> color;
     std::optional<Rgb> outline; ///< of a stroke around the fill
 
     [[nodiscard]] double advanceOf(const std::string& bytes) const
     {
-        const double natural = font->stringWidth(bytes.data(), static_cast<int>(bytes.size())) * userPerFontUnit;
-        return natural + spacing + (bytes == " " ? span->wordSpacing : 0);
+        return lengthOf(bytes) + spacing + (bytes == " " ? span->wordSpacing : 0);
     }
+    /// What a character of the font measures.
+    [[nodiscard]] double naturalLengthOf(const std::string& bytes) const
+    {
+        return font->stringWidth(bytes.data(), static_cast<int>(bytes.size())) * userPerFontUnit;
+    }
+    /// What it has to measure.
+    [[nodiscard]] double lengthOf(const std::string& bytes) const
+    {
+        constexpr unsigned char First = 32;
+        const auto code = static_cast<unsigned char>(bytes.front());
+        const unsigned wanted = face.advances == nullptr || code < First ? 0 : (*face.advances)[code - First];
+        const double length = wanted == 0 ? naturalLengthOf(bytes) : wanted * span->font.size / 1000;
+        return length * face.narrowing;
+    }
+    [[nodiscard]] bool hasOwnShape() const { return face.advances == nullptr && face.narrowing == 1; }
     [[nodiscard]] bool inPieces() const { return spacing != 0 || span->rotate != 0 || span->wordSpacing != 0; }
 };
 
@@ -102,9 +81,18 @@ TextPainter::Run TextPainter::runOf(const TextSpan& span, const Matrix& toUnits,
     run.font = _tools.fonts.get(span.font, span.underline, units);
     run.userPerFontUnit = span.font.size / units;
     run.spacing = span.letterSpacing;
+    run.face = _tools.fonts.face(span.font);
+    if (run.face.likeness == Face::Likeness::Another) {
+        _report.approximated("font");
+    }
+    double natural = 0;
+    double wanted = 0;
     for (const std::string& bytes : run.characters) {
+        natural += run.naturalLengthOf(bytes);
+        wanted += run.lengthOf(bytes);
         run.advance += run.advanceOf(bytes);
     }
+    run.stretch = natural > 0 && wanted > 0 ? wanted / natural : 1;
     if (span.textLength && run.characters.size() > 1 && run.advance > 0) {
         const auto count = static_cast<double>(run.characters.size());
         run.spacing += (*span.textLength - run.advance) / count;
@@ -146,8 +134,8 @@ void TextPainter::paint(const TextChunk& chunk, const Matrix& toUnits)
         return;
     }
     // One plain run is aligned by the interpreter, which knows its fonts best.
-    if (runs.size() == 1 && shift != 0 && !runs[0].inPieces() && isUpright(toUnits) && !runs[0].span->lineThrough &&
-        !runs[0].span->overline) {
+    if (runs.size() == 1 && shift != 0 && !runs[0].inPieces() && runs[0].hasOwnShape() && isUpright(toUnits) &&
+        !runs[0].span->lineThrough && !runs[0].span->overline) {
         const TextSpan& span = *runs[0].span;
         const double dx = chunk.anchor == TextAnchor::Middle ? span.dx / 2 : 0;
         paintPiece(runs[0], joined(runs[0].characters), {chunk.at.x + dx, chunk.at.y + span.dy - span.baselineShift}, 0,
@@ -181,7 +169,7 @@ void TextPainter::paintRun(const Run& run, Point at, const Matrix& toUnits)
 
 void TextPainter::paintAlong(const Path& path, double offset, const std::vector<Run>& runs, const Matrix& toUnits)
 {
-    const Walk walk(path);
+    const PathWalk walk(path, 0.1);
     for (const Run& run : runs) {
         offset += run.span->dx;
         for (const std::string& bytes : run.characters) {
@@ -224,7 +212,10 @@ void TextPainter::showPiece(const Run& run, Rgb color, const std::string& bytes,
     QsdPalette& palette = *_tools.palette;
     palette.setForeground(_tools.colors.get(color));
     palette.setFont(run.font);
-    const Matrix matrix = degrees == 0 ? toUnits : toUnits * turned(degrees);
+    Matrix matrix = degrees == 0 ? toUnits : toUnits * turned(degrees);
+    if (!run.hasOwnShape()) {
+        matrix = matrix * Matrix::scaling(run.stretch, run.face.tallness);
+    }
     const Point baseline = toUnits.map(at);
     const auto length = static_cast<int>(bytes.size());
     if (isUpright(matrix)) {
