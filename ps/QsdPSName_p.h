@@ -16,7 +16,7 @@ class QsdPSWriter;
 [[nodiscard]] std::string QsdPSQuoted(std::string_view text);
 
 /// Writes a literal name of one or two parts; one that the language cannot write as such is made of a string.
-void QsdPSWriteName(QsdPSWriter& out, std::string_view name, std::string_view suffix = {});
+void QsdPSWriteName(QsdPSWriter& out, std::string_view name, std::string_view suffix = "");
 
 /// A font's name for managers of documents, who end it at a blank or a delimiter.
 [[nodiscard]] std::string QsdPSCommentName(std::string_view name);
