@@ -84,6 +84,7 @@ TEST(Transforms, MultiplyFromLeftToRight)
     EXPECT_EQ(parseTransform("matrix(1 2 3 4 5 6)")->map({0, 0}), (Point{5, 6}));
     EXPECT_NEAR(parseTransform("rotate(0.25turn)")->map({1, 0}).y, 1, 1e-9);
     EXPECT_EQ(parseTransform("none"), Matrix{});
+    EXPECT_EQ(parseTransform("matrix(1 0 0-1 0 64)")->map({0, 1}), (Point{0, 63}));
     EXPECT_FALSE(parseTransform("scale(2"));
     EXPECT_FALSE(parseTransform("matrix(1 2 3)"));
     EXPECT_FALSE(parseTransform("spin(2)"));

@@ -37,6 +37,12 @@ struct TextSpan {
     std::optional<double> textLength; ///< the advance that the span is to have, by spacing
 };
 
+/// Whether a span leaves nothing on paper but lines along it.
+[[nodiscard]] inline bool isBlank(const TextSpan& span)
+{
+    return span.text.find_first_not_of(' ') == std::string::npos;
+}
+
 enum class TextAnchor : unsigned char { Start, Middle, End };
 
 /// Spans that are aligned together: they follow each other from one absolute position.

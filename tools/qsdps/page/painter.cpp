@@ -387,7 +387,7 @@ bool Painter::strokeAsLines(const std::vector<Chain>& chains, const StrokeStyle&
 bool Painter::wantsOutlines(const TextChunk& chunk)
 {
     return std::any_of(chunk.spans.begin(), chunk.spans.end(), [&](const TextSpan& span) {
-        if (span.text.empty() || span.text == " ") {
+        if (isBlank(span)) {
             return false;
         }
         const bool plain = span.stroke.none() && (span.fill.none() || std::holds_alternative<Rgb>(span.fill.source));

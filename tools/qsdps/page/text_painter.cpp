@@ -82,7 +82,7 @@ TextPainter::Run TextPainter::runOf(const TextSpan& span, const Matrix& toUnits,
     run.userPerFontUnit = span.font.size / units;
     run.spacing = span.letterSpacing;
     run.face = _tools.fonts.face(span.font);
-    if (run.face.likeness == Face::Likeness::Another) {
+    if (run.face.likeness == Face::Likeness::Another && !isBlank(span)) {
         _report.approximated("font");
     }
     double natural = 0;

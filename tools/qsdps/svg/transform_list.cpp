@@ -30,6 +30,18 @@ std::optional<double> unitFactor(std::string_view unit)
     return {};
 }
 
+/// The letters right behind a number; a sign there begins the next number.
+std::string_view scanUnit(Scanner& scanner)
+{
+    const std::string_view rest = scanner.rest();
+    std::size_t length = 0;
+    while (length < rest.size() && isLetter(rest[length])) {
+        ++length;
+        scanner.advance();
+    }
+    return rest.substr(0, length);
+}
+
 std::optional<Arguments> scanArguments(Scanner& scanner)
 {
     Arguments arguments;
@@ -41,7 +53,7 @@ std::optional<Arguments> scanArguments(Scanner& scanner)
         const auto value = scanner.number();
         if (!value || arguments.count == arguments.value.size())
             return {};
-        const auto factor = unitFactor(scanner.word());
+        const auto factor = unitFactor(scanUnit(scanner));
         if (!factor)
             return {};
         arguments.value[arguments.count++] = *value * *factor;
