@@ -3,6 +3,9 @@
 
 #include "ps/QsdPSWriter_p.h"
 
+#include <cstddef>
+#include <string_view>
+
 namespace {
 
 constexpr unsigned ElementsPerLine = 10;
@@ -36,13 +39,16 @@ private:
     unsigned _count = 0;
 };
 
-/// Writes lines to all points but the first, leaving out those equal to the one before.
-void writeLines(QsdPSWriter& out, ElementLines& lines, unsigned long count, const QsdPoint* points, const char* lineTo)
+/// Writes lines to all points but the first, leaving out those equal to the one before. The operator comes as an array
+/// since a length known beforehand is copied at once.
+template <std::size_t Size>
+void writeLines(QsdPSWriter& out, ElementLines& lines, unsigned long count, const QsdPoint* points,
+                const char (&lineTo)[Size])
 {
     QsdPoint last = points[0];
     for (unsigned long i = 1; i < count; ++i) {
         if (points[i] != last) {
-            out << points[i] << lineTo;
+            out << points[i] << std::string_view(lineTo, Size - 1);
             lines.next();
             last = points[i];
         }

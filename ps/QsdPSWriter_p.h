@@ -1,6 +1,7 @@
 // The one place where the device's numbers, separators and line ends are formatted.
 #pragma once
 
+#include "ps/QsdPSDigits_p.h"
 #include "toolkit/base/QsdNumbers.h"
 #include "toolkit/geometry/QsdPoint.h"
 
@@ -52,7 +53,7 @@ public:
     requires(std::integral<Integer> && sizeof(Integer) >= 2) QsdPSWriter& operator<<(Integer value)
     {
         reserve(NumberSize);
-        _used = static_cast<std::size_t>(std::to_chars(_buffer + _used, _buffer + Size, value).ptr - _buffer);
+        _used = static_cast<std::size_t>(QsdPSPutInteger(_buffer + _used, value) - _buffer);
         return *this;
     }
 
@@ -70,7 +71,14 @@ public:
     }
 
     /// Two integers with a separator between them.
-    QsdPSWriter& operator<<(const QsdPoint& point) { return *this << point.x << QsdSpc() << point.y; }
+    QsdPSWriter& operator<<(const QsdPoint& point)
+    {
+        reserve(2 * NumberSize);
+        char* const second = QsdPSPutInteger(_buffer + _used, point.x);
+        *second = *QsdSpc();
+        _used = static_cast<std::size_t>(QsdPSPutInteger(second + 1, point.y) - _buffer);
+        return *this;
+    }
 
     QsdPSWriter& operator<<(QsdPSLineEnd)
     {
@@ -91,7 +99,7 @@ public:
 
 private:
     static constexpr std::size_t Size = 512;
-    static constexpr std::size_t NumberSize = 32;
+    static constexpr std::size_t NumberSize = QsdPSIntegerRoom;
 
     void reserve(std::size_t size)
     {

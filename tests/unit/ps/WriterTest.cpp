@@ -49,6 +49,24 @@ TEST(Writer, IntegersAreDecimal)
     EXPECT_EQ(out.str(), "-2147483648 4294967295 -9223372036854775808 18446744073709551615 -7");
 }
 
+TEST(Writer, IntegersOfEveryLengthAreDecimal)
+{
+    const auto check = [](std::int64_t value) {
+        std::ostringstream out;
+        QsdPSWriter(&out) << value << QsdPoint{static_cast<std::int32_t>(value), static_cast<std::int32_t>(-value)};
+        ASSERT_EQ(out.str(), std::to_string(value) + std::to_string(value) + " " + std::to_string(-value));
+    };
+    for (std::int64_t value = -1100; value <= 1100; ++value) {
+        check(value);
+        check(value * 997);
+    }
+    for (const std::int64_t power : {10000, 100000, 1000000, 10000000, 1000000000}) {
+        check(power - 1);
+        check(power);
+        check(power + 1);
+    }
+}
+
 TEST(Writer, LongTextsPassThrough)
 {
     std::ostringstream out;
