@@ -85,7 +85,7 @@ enum class Outcome {
 
 Outcome drawPages(QsdPSDevice& device, const Pages& pages, const PaperSize& paper, const Options& options)
 {
-    PaintTools tools(*device.display(), options.encoding);
+    PaintTools tools(*device.display(), options.encoding, options.text);
     const Sheet sheet{device,
                       &device,
                       QsdTransformer(),

@@ -175,6 +175,13 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
                    "Encoding of the document's texts: latin1 (the default), euc-jp or sjis")
         ->transform(CLI::CheckedTransformer(encodings).description(""))
         ->type_name("NAME");
+    const std::map<std::string, TextForm> textForms = {
+        {"auto", TextForm::Auto}, {"strings", TextForm::Strings}, {"outlines", TextForm::Outlines}};
+    app.add_option("--text", options.text,
+                   "What texts become: strings, which can be searched, outlines of installed fonts, or auto (the "
+                   "default): strings where a printer's fonts serve")
+        ->transform(CLI::CheckedTransformer(textForms).description(""))
+        ->type_name("FORM");
     app.add_option("--font-map", options.fontMap, "A font map file to read in addition")->type_name("FILE");
     app.add_flag("--strict", options.strict, "Fail when something of a drawing cannot be drawn");
     app.add_flag("-q,--quiet", options.quiet, "Do not tell what was approximated or left out, nor show progress");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lengths.h"
+#include "page/text_form.h"
 #include "ps/QsdPSColorModel.h"
 #include "toolkit/base/QsEncoding.h"
 
@@ -49,6 +50,7 @@ struct Options {
     bool classic = false;                        ///< the device whose text never changes
     std::optional<std::string> title;
     QsEncoding encoding = QsEncodingLatin1;
+    TextForm text = TextForm::Auto;
     std::string fontMap; ///< empty: none
     bool strict = false;
     bool quiet = false; ///< neither warnings nor progress

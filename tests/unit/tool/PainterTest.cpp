@@ -181,3 +181,61 @@ TEST_F(PainterTest, StretchesLettersToTheWidthOfTheKindThatWasAskedFor)
     EXPECT_EQ(port.calls[0].rfind("drawTransformedString", 0), 0U);
     EXPECT_EQ(told(), "");
 }
+
+TEST_F(PainterTest, DrawsTextsInTheFormAskedFor)
+{
+    if (tools.letters.find({}) == nullptr) {
+        GTEST_SKIP() << "no fonts are installed";
+    }
+    TextChunk chunk;
+    chunk.at = {10, 50};
+    chunk.spans.push_back({});
+    chunk.spans[0].text = "H";
+    chunk.spans[0].font.families = {"Helvetica"};
+    chunk.spans[0].fill = solid({255, 0, 0});
+    tools.textForm = TextForm::Outlines;
+    painter.text(chunk, Matrix());
+    ASSERT_FALSE(port.calls.empty());
+    EXPECT_EQ(port.calls.back().rfind("fill", 0), 0U);
+    EXPECT_EQ(told(), "");
+
+    tools.textForm = TextForm::Strings;
+    chunk.spans[0].font.families = {"Nowhere"};
+    painter.text(chunk, Matrix());
+    EXPECT_NE(port.calls.back().find("String"), std::string::npos);
+    EXPECT_EQ(told(), "x: warning: 1 x font approximated\n");
+}
+
+TEST_F(PainterTest, TranslucentLettersLieOnOneGround)
+{
+    if (tools.letters.find({}) == nullptr) {
+        GTEST_SKIP() << "no fonts are installed";
+    }
+    TextChunk chunk;
+    chunk.at = {10, 50};
+    chunk.spans.push_back({});
+    chunk.spans[0].text = std::string(200, 'H');
+    chunk.spans[0].textLength = 0.01; // all on one place, too many for one area
+    chunk.spans[0].font.families = {"Nowhere"};
+    chunk.spans[0].fill = solid({0, 0, 0}, 0.5);
+    painter.text(chunk, Matrix());
+    EXPECT_GE(port.calls.size(), 2U);
+    EXPECT_EQ(lastColor(), (Rgb{128, 128, 128}));
+}
+
+TEST_F(PainterTest, TextsTooLongForOutlinesAreStrings)
+{
+    TextChunk chunk;
+    chunk.spans.push_back({});
+    chunk.spans[0].text = std::string(20'001, 'H');
+    chunk.spans[0].font.families = {"Nowhere"};
+    chunk.spans[0].fill = solid({0, 0, 0});
+    painter.text(chunk, Matrix());
+    ASSERT_EQ(port.calls.size(), 1U);
+    EXPECT_NE(port.calls[0].find("String"), std::string::npos);
+    EXPECT_EQ(told(), "x: warning: 1 x font approximated\n");
+    tools.textForm = TextForm::Outlines;
+    chunk.spans[0].text = std::string(200'001, 'H');
+    painter.text(chunk, Matrix());
+    EXPECT_NE(told().find("1 x outlined text approximated"), std::string::npos);
+}

@@ -35,6 +35,7 @@ struct TextSpan {
     double letterSpacing = 0;         ///< user units after each character
     double wordSpacing = 0;           ///< user units after each blank, in addition
     std::optional<double> textLength; ///< the advance that the span is to have, by spacing
+    bool rightToLeft = false;         ///< the direction that the span as a whole is read in
 };
 
 /// Whether a span leaves nothing on paper but lines along it.

@@ -2,7 +2,10 @@
 
 #include "page/characters.h"
 #include "page/path_walk.h"
+#include "toolkit/graphics/QsdBidiString.h"
 
+#include <algorithm>
+#include <string>
 #include <utility>
 
 namespace qsdps {
@@ -12,13 +15,12 @@ namespace {
 /// A character with its outline and where it stands on the line.
 struct Placed {
     char32_t character = 0;
-    const Letter* letter = nullptr;
+    std::shared_ptr<const Letter> letter;
     double before = 0; ///< user units from the character in front: kerning
 };
 
 struct Run {
     const TextSpan* span = nullptr;
-    std::shared_ptr<LetterFont> font; ///< keeps the letters
     std::vector<Placed> letters;
     double spacing = 0; ///< user units after each letter
     double advance = 0; ///< user units in all, the shift in front not included
@@ -29,31 +31,51 @@ struct Run {
     }
 };
 
-std::optional<Run> runOf(const TextSpan& span, LetterFonts& fonts)
+/// The characters of a span from left to right as they are seen.
+std::wstring seenText(const TextSpan& span)
 {
-    Run run;
-    run.span = &span;
-    run.font = fonts.find(span.font);
-    if (run.font == nullptr) {
-        return std::nullopt;
-    }
-    run.spacing = span.letterSpacing;
+    std::wstring characters;
+    bool bothWays = span.rightToLeft;
     std::string_view text = span.text;
     while (!text.empty()) {
         std::string_view bytes;
         const char32_t character = takeCharacter(text, bytes);
-        if (isInvisibleCharacter(character)) {
-            continue;
+        if (!isInvisibleCharacter(character)) {
+            characters.push_back(static_cast<wchar_t>(character));
+            bothWays = bothWays || isRightToLeft(character);
         }
-        const Letter* const letter = run.font->letter(character);
+    }
+    const auto base = span.rightToLeft ? QsdBidiString::RightToLeft : QsdBidiString::LeftToRight;
+    return bothWays ? QsdBidiString(characters, base).visualText() : characters;
+}
+
+std::optional<Run> runOf(const TextSpan& span, LetterFonts& fonts, Lettering& lettering)
+{
+    Run run;
+    run.span = &span;
+    run.spacing = span.letterSpacing;
+    const std::shared_ptr<LetterFont> font = fonts.find(span.font);
+    if (font == nullptr) {
+        return std::nullopt;
+    }
+    for (const wchar_t code : seenText(span)) {
+        const auto character = static_cast<char32_t>(code);
+        std::shared_ptr<const Letter> letter = font->letter(character);
+        double kerning = 0;
+        if (letter == nullptr) {
+            letter = font->substitute();
+            ++lettering.missing;
+        } else if (!run.letters.empty()) {
+            kerning = font->kerning(run.letters.back().character, character) * span.font.size;
+        }
         if (letter == nullptr) {
             return std::nullopt;
         }
-        const double kerning =
-            run.letters.empty() ? 0 : run.font->kerning(run.letters.back().character, character) * span.font.size;
-        run.letters.push_back({character, letter, kerning});
+        lettering.isApproximation = lettering.isApproximation || isShaped(character);
+        run.letters.push_back({character, std::move(letter), kerning});
         run.advance += kerning + run.advanceOf(run.letters.back());
     }
+    lettering.letters += run.letters.size();
     if (span.textLength && run.letters.size() > 1 && run.advance > 0) {
         run.spacing += (*span.textLength - run.advance) / static_cast<double>(run.letters.size());
         run.advance = *span.textLength;
@@ -61,19 +83,19 @@ std::optional<Run> runOf(const TextSpan& span, LetterFonts& fonts)
     return run;
 }
 
-void append(Path& path, const Path& piece, const Matrix& map)
+void append(Path& path, const Path& piece)
 {
     const Point* next = piece.points().data();
     for (const Path::Verb verb : piece.verbs()) {
         switch (verb) {
         case Path::Verb::Move:
-            path.moveTo(map.map(*next++));
+            path.moveTo(*next++);
             break;
         case Path::Verb::Line:
-            path.lineTo(map.map(*next++));
+            path.lineTo(*next++);
             break;
         case Path::Verb::Cubic:
-            path.cubicTo(map.map(next[0]), map.map(next[1]), map.map(next[2]));
+            path.cubicTo(next[0], next[1], next[2]);
             next += 3;
             break;
         case Path::Verb::Close:
@@ -83,49 +105,58 @@ void append(Path& path, const Path& piece, const Matrix& map)
     }
 }
 
-/// Lines along the text, `at` its start.
-Path rulesOf(const Run& run, Point at)
+/// Lines along a stretch of text that begins at the origin of `frame`.
+void addRules(LetteredSpan& lettered, double advance, const Matrix& frame)
 {
-    Path path;
-    const double size = run.span->font.size;
+    const TextSpan& span = *lettered.span;
+    const double size = span.font.size;
     const auto rule = [&](double height) {
         const double half = size / 40;
-        path.moveTo({at.x, at.y - height - half});
-        path.lineTo({at.x, at.y - height + half});
-        path.lineTo({at.x + run.advance, at.y - height + half});
-        path.lineTo({at.x + run.advance, at.y - height - half});
-        path.close();
+        Path line;
+        line.moveTo(frame.map({0, -height - half}));
+        line.lineTo(frame.map({0, -height + half}));
+        line.lineTo(frame.map({advance, -height + half}));
+        line.lineTo(frame.map({advance, -height - half}));
+        line.close();
+        lettered.rules.push_back(std::move(line));
     };
-    if (run.span->underline) {
+    if (span.underline) {
         rule(size * -0.1);
     }
-    if (run.span->overline) {
+    if (span.overline) {
         rule(size * 0.8);
     }
-    if (run.span->lineThrough) {
+    if (span.lineThrough) {
         rule(size * 0.28);
     }
-    return path;
 }
 
-Path straight(const Run& run, Point at)
+void addLetter(LetteredSpan& lettered, const Placed& placed, const Matrix& frame)
 {
-    Path path;
-    const double size = run.span->font.size;
+    const double size = lettered.span->font.size;
+    if (!placed.letter->outline.empty()) {
+        lettered.letters.push_back(placed.letter->outline.transformed(frame * Matrix::scaling(size, size)));
+    }
+}
+
+LetteredSpan straight(const Run& run, Point at)
+{
+    LetteredSpan lettered{run.span, {}, {}};
+    if (run.advance > 0) {
+        addRules(lettered, run.advance, Matrix::translation(at.x, at.y));
+    }
     for (const Placed& placed : run.letters) {
         at.x += placed.before;
-        append(path, placed.letter->outline,
-               Matrix::translation(at.x, at.y) * turned(run.span->rotate) * Matrix::scaling(size, size));
+        addLetter(lettered, placed, Matrix::translation(at.x, at.y) * turned(run.span->rotate));
         at.x += run.advanceOf(placed);
     }
-    return path;
+    return lettered;
 }
 
 /// Each letter stands upright on the path under its middle; `offset` goes on behind the last one.
-Path along(const Run& run, const PathWalk& walk, double& offset)
+LetteredSpan along(const Run& run, const PathWalk& walk, double& offset)
 {
-    Path path;
-    const double size = run.span->font.size;
+    LetteredSpan lettered{run.span, {}, {}};
     for (const Placed& placed : run.letters) {
         offset += placed.before;
         const double advance = run.advanceOf(placed);
@@ -134,21 +165,31 @@ Path along(const Run& run, const PathWalk& walk, double& offset)
         if (walk.at(offset + advance / 2, middle, degrees)) {
             const Matrix frame = Matrix::translation(middle.x, middle.y) * turned(degrees) *
                                  Matrix::translation(-advance / 2, run.span->dy - run.span->baselineShift);
-            append(path, placed.letter->outline, frame * Matrix::scaling(size, size));
+            addRules(lettered, advance, frame);
+            addLetter(lettered, placed, frame * turned(run.span->rotate));
         }
         offset += advance;
     }
-    return path;
+    return lettered;
+}
+
+/// Whether spans of a chunk may follow each other in another order than they are seen in.
+bool mayBeOutOfOrder(const TextChunk& chunk)
+{
+    return chunk.spans.size() > 1 &&
+           std::any_of(chunk.spans.begin(), chunk.spans.end(), [](const TextSpan& span) { return span.rightToLeft; });
 }
 
 } // namespace
 
-std::optional<std::vector<LetteredSpan>> letteringOf(const TextChunk& chunk, LetterFonts& fonts)
+std::optional<Lettering> letteringOf(const TextChunk& chunk, LetterFonts& fonts)
 {
+    Lettering lettering;
+    lettering.isApproximation = mayBeOutOfOrder(chunk);
     std::vector<Run> runs;
     double total = 0;
     for (const TextSpan& span : chunk.spans) {
-        std::optional<Run> run = runOf(span, fonts);
+        std::optional<Run> run = runOf(span, fonts, lettering);
         if (!run) {
             return std::nullopt;
         }
@@ -156,7 +197,6 @@ std::optional<std::vector<LetteredSpan>> letteringOf(const TextChunk& chunk, Let
         runs.push_back(std::move(*run));
     }
     const double shift = chunk.anchor == TextAnchor::Middle ? -total / 2 : chunk.anchor == TextAnchor::End ? -total : 0;
-    std::vector<LetteredSpan> lettered;
     if (chunk.along) {
         constexpr double PartOfSize = 0.01;
         const double size = chunk.spans.empty() ? 1 : chunk.spans.front().font.size;
@@ -164,19 +204,37 @@ std::optional<std::vector<LetteredSpan>> letteringOf(const TextChunk& chunk, Let
         double offset = chunk.startOffset + shift;
         for (const Run& run : runs) {
             offset += run.span->dx;
-            lettered.push_back({run.span, along(run, walk, offset), {}});
+            lettering.spans.push_back(along(run, walk, offset));
         }
-        return lettered;
+        return lettering;
     }
     Point at{chunk.at.x + shift, chunk.at.y};
     for (const Run& run : runs) {
         at.x += run.span->dx;
         at.y += run.span->dy;
-        const Point raised{at.x, at.y - run.span->baselineShift};
-        lettered.push_back({run.span, straight(run, raised), rulesOf(run, raised)});
+        lettering.spans.push_back(straight(run, {at.x, at.y - run.span->baselineShift}));
         at.x += run.advance;
     }
-    return lettered;
+    return lettering;
+}
+
+std::vector<Path> areasOf(std::vector<Path> outlines)
+{
+    constexpr std::size_t MostPoints = 1000;
+    std::vector<Path> areas;
+    Box last;
+    for (Path& outline : outlines) {
+        const Box box = outline.controlBox();
+        const bool overlaps = box.x < last.x + last.width && last.x < box.x + box.width &&
+                              box.y < last.y + last.height && last.y < box.y + box.height;
+        if (!areas.empty() && overlaps && areas.back().points().size() + outline.points().size() <= MostPoints) {
+            append(areas.back(), outline);
+        } else {
+            areas.push_back(std::move(outline));
+        }
+        last = box;
+    }
+    return areas;
 }
 
 } // namespace qsdps

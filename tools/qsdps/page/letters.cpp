@@ -1,249 +1,141 @@
 // Fontconfig finds the fonts, FreeType reads them.
 #include "page/letters.h"
 
+#include "page/font_file.h"
+
 #include <fontconfig/fontconfig.h>
-#include <ft2build.h>
 #include <map>
 #include <optional>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
 #include <vector>
-#include FT_FREETYPE_H
-#include FT_OUTLINE_H
 
 namespace qsdps {
 
 namespace {
 
-template <auto Destroy>
-struct Destroyer {
-    template <class T>
-    void operator()(T* object) const
-    {
-        Destroy(object);
-    }
-};
-
 using Config = std::unique_ptr<FcConfig, Destroyer<FcConfigDestroy>>;
 using Pattern = std::unique_ptr<FcPattern, Destroyer<FcPatternDestroy>>;
 using FontSet = std::unique_ptr<FcFontSet, Destroyer<FcFontSetDestroy>>;
-using Face = std::unique_ptr<FT_FaceRec_, Destroyer<FT_Done_Face>>;
 using Library = std::unique_ptr<FT_LibraryRec_, Destroyer<FT_Done_FreeType>>;
 
-const FcChar8* bytesOf(const std::string& text)
+const FcChar8* bytesOf(const char* text)
 {
-    return reinterpret_cast<const FcChar8*>(text.c_str());
+    return reinterpret_cast<const FcChar8*>(text);
 }
 
-/// Takes the pieces of an outline from the reader of fonts.
-class OutlineTaker {
-public:
-    OutlineTaker(Path& path, double unitsPerEm, const FT_Matrix& shape)
-        : _path(path), _unitsPerEm(unitsPerEm), _shape(shape)
-    {
+/// Keeps a table that is filled as inputs ask for more from growing without end.
+template <class Map>
+void makeRoom(Map& map, std::size_t most)
+{
+    if (map.size() >= most) {
+        map.clear();
     }
+}
 
-    bool take(FT_Outline& outline)
-    {
-        FT_Outline_Funcs calls{};
-        calls.move_to = [](const FT_Vector* to, void* self) { return of(self).move(*to); };
-        calls.line_to = [](const FT_Vector* to, void* self) { return of(self).line(*to); };
-        calls.conic_to = [](const FT_Vector* c, const FT_Vector* to, void* self) { return of(self).conic(*c, *to); };
-        calls.cubic_to = [](const FT_Vector* c1, const FT_Vector* c2, const FT_Vector* to, void* self) {
-            return of(self).cubic(*c1, *c2, *to);
-        };
-        const bool whole = FT_Outline_Decompose(&outline, &calls, this) == 0;
-        close();
-        return whole;
+/// What a description that was prepared for a request says.
+FontSource sourceOf(const FcPattern* description)
+{
+    FontSource source;
+    FcChar8* name = nullptr;
+    if (FcPatternGetString(description, FC_FILE, 0, &name) == FcResultMatch) {
+        source.file = reinterpret_cast<const char*>(name);
     }
+    static_cast<void>(FcPatternGetInteger(description, FC_INDEX, 0, &source.number));
+    FcMatrix* shape = nullptr;
+    if (FcPatternGetMatrix(description, FC_MATRIX, 0, &shape) == FcResultMatch) {
+        source.shape = {shape->xx, shape->yx, shape->xy, shape->yy, 0, 0};
+    }
+    FcBool bolder = FcFalse;
+    source.bolder = FcPatternGetBool(description, FC_EMBOLDEN, 0, &bolder) == FcResultMatch && bolder == FcTrue;
+    return source;
+}
 
-private:
-    static OutlineTaker& of(void* self) { return *static_cast<OutlineTaker*>(self); }
-
-    [[nodiscard]] Point point(FT_Vector v) const
-    {
-        FT_Vector_Transform(&v, &_shape);
-        return {static_cast<double>(v.x) / _unitsPerEm, -static_cast<double>(v.y) / _unitsPerEm};
-    }
-    void close()
-    {
-        if (_open) {
-            _path.close();
-        }
-    }
-    int move(const FT_Vector& to)
-    {
-        close();
-        _open = true;
-        _at = point(to);
-        _path.moveTo(_at);
-        return 0;
-    }
-    int line(const FT_Vector& to)
-    {
-        _at = point(to);
-        _path.lineTo(_at);
-        return 0;
-    }
-    int conic(const FT_Vector& c, const FT_Vector& to)
-    {
-        const Point control = point(c);
-        const Point end = point(to);
-        const auto towards = [&](Point p) {
-            return Point{p.x + (control.x - p.x) * 2 / 3, p.y + (control.y - p.y) * 2 / 3};
-        };
-        _path.cubicTo(towards(_at), towards(end), end);
-        _at = end;
-        return 0;
-    }
-    int cubic(const FT_Vector& c1, const FT_Vector& c2, const FT_Vector& to)
-    {
-        _at = point(to);
-        _path.cubicTo(point(c1), point(c2), _at);
-        return 0;
-    }
-
-    Path& _path;
-    double _unitsPerEm;
-    FT_Matrix _shape;
-    Point _at;
-    bool _open = false;
-};
-
-/// One font file, opened when a character is first wanted of it.
-class FontFile {
-public:
-    FontFile(FT_Library library, FcPattern* description) : _library(library), _description(description) {}
-
-    [[nodiscard]] bool has(char32_t character) const
-    {
-        FcCharSet* characters = nullptr;
-        return FcPatternGetCharSet(_description, FC_CHARSET, 0, &characters) == FcResultMatch &&
-               FcCharSetHasChar(characters, character) == FcTrue;
-    }
-
-    [[nodiscard]] std::optional<Letter> read(char32_t character)
-    {
-        const FT_UInt glyph = index(character);
-        if (glyph == 0 || FT_Load_Glyph(_face.get(), glyph, FT_LOAD_NO_SCALE | FT_LOAD_NO_BITMAP) != 0 ||
-            _face->glyph->format != FT_GLYPH_FORMAT_OUTLINE) {
-            return std::nullopt;
-        }
-        Letter letter;
-        letter.advance = static_cast<double>(_face->glyph->metrics.horiAdvance) / _face->units_per_EM;
-        if (!OutlineTaker(letter.outline, _face->units_per_EM, _shape).take(_face->glyph->outline)) {
-            return std::nullopt;
-        }
-        return letter;
-    }
-
-    [[nodiscard]] double kerning(char32_t first, char32_t second)
-    {
-        FT_Vector distance{};
-        if (!open() || !FT_HAS_KERNING(_face.get()) ||
-            FT_Get_Kerning(_face.get(), index(first), index(second), FT_KERNING_UNSCALED, &distance) != 0) {
-            return 0;
-        }
-        return static_cast<double>(distance.x) / _face->units_per_EM;
-    }
-
-private:
-    bool open()
-    {
-        if (std::exchange(_tried, true)) {
-            return _face != nullptr;
-        }
-        FcChar8* name = nullptr;
-        int number = 0;
-        if (FcPatternGetString(_description, FC_FILE, 0, &name) != FcResultMatch) {
-            return false;
-        }
-        static_cast<void>(FcPatternGetInteger(_description, FC_INDEX, 0, &number));
-        FT_Face face = nullptr;
-        if (FT_New_Face(_library, reinterpret_cast<const char*>(name), number, &face) != 0) {
-            return false;
-        }
-        _face.reset(face);
-        if (!FT_IS_SCALABLE(face) || face->units_per_EM == 0) {
-            _face.reset();
-            return false;
-        }
-        // An italic that is made of an upright font.
-        FcMatrix* shape = nullptr;
-        if (FcPatternGetMatrix(_description, FC_MATRIX, 0, &shape) == FcResultMatch) {
-            const auto fixed = [](double v) { return static_cast<FT_Fixed>(v * 65536); };
-            _shape = {fixed(shape->xx), fixed(shape->xy), fixed(shape->yx), fixed(shape->yy)};
-        }
-        return true;
-    }
-    FT_UInt index(char32_t character) { return open() ? FT_Get_Char_Index(_face.get(), character) : 0; }
-
-    FT_Library _library;
-    FcPattern* _description;
-    Face _face;
-    FT_Matrix _shape{0x10000, 0, 0, 0x10000};
-    bool _tried = false;
-};
+bool claims(const FcPattern* description, char32_t character)
+{
+    FcCharSet* characters = nullptr;
+    return FcPatternGetCharSet(description, FC_CHARSET, 0, &characters) == FcResultMatch &&
+           FcCharSetHasChar(characters, character) == FcTrue;
+}
 
 class InstalledFont : public LetterFont {
 public:
-    InstalledFont(FcConfig* config, FT_Library library, const Pattern& wanted, FontSet fonts)
-        : _config(config), _wanted(FcPatternDuplicate(wanted.get())), _fonts(std::move(fonts)), _library(library)
+    InstalledFont(FcConfig* config, FT_Library library, Pattern wanted, FontSet fonts)
+        : _config(config), _wanted(std::move(wanted)), _fonts(std::move(fonts)), _library(library)
     {
         _files.resize(static_cast<std::size_t>(_fonts->nfont));
     }
 
-    [[nodiscard]] const Letter* letter(char32_t character) override
+    [[nodiscard]] std::shared_ptr<const Letter> letter(char32_t character) override
     {
-        const auto [entry, isNew] = _letters.try_emplace(character);
-        if (isNew) {
-            entry->second = read(character);
+        return entryOf(character).letter;
+    }
+
+    [[nodiscard]] std::shared_ptr<const Letter> substitute() override
+    {
+        for (std::size_t i = 0; _substitute == nullptr && i < _files.size(); ++i) {
+            if (std::optional<Letter> letter = fileAt(i).substitute()) {
+                _substitute = std::make_shared<const Letter>(*std::move(letter));
+            }
         }
-        return entry->second ? &*entry->second : nullptr;
+        return _substitute;
     }
 
     [[nodiscard]] double kerning(char32_t first, char32_t second) override
     {
-        OpenFile& file = fileAt(0);
-        return file.font->kerning(first, second);
+        const std::size_t file = entryOf(first).file;
+        const Entry entry = entryOf(second);
+        return entry.letter != nullptr && entry.file == file ? fileAt(file).kerning(first, second) : 0;
     }
 
 private:
-    struct OpenFile {
-        Pattern description;
-        std::unique_ptr<FontFile> font;
+    struct Entry {
+        std::shared_ptr<const Letter> letter;
+        std::size_t file = 0; ///< that has it
     };
 
-    OpenFile& fileAt(std::size_t index)
+    FontFile& fileAt(std::size_t index)
     {
-        OpenFile& file = _files[index];
-        if (file.font == nullptr) {
-            file.description.reset(FcFontRenderPrepare(_config, _wanted.get(), _fonts->fonts[index]));
-            file.font = std::make_unique<FontFile>(_library, file.description.get());
+        std::unique_ptr<FontFile>& file = _files[index];
+        if (file == nullptr) {
+            const Pattern prepared(FcFontRenderPrepare(_config, _wanted.get(), _fonts->fonts[index]));
+            file = std::make_unique<FontFile>(_library, prepared == nullptr ? FontSource{} : sourceOf(prepared.get()));
         }
-        return file;
+        return *file;
     }
 
-    std::optional<Letter> read(char32_t character)
+    Entry entryOf(char32_t character)
+    {
+        constexpr std::size_t MostLetters = 4096;
+        makeRoom(_letters, MostLetters);
+        const auto [entry, isNew] = _letters.try_emplace(character);
+        if (isNew) {
+            entry->second = read(character);
+        }
+        return entry->second;
+    }
+
+    Entry read(char32_t character)
     {
         for (std::size_t i = 0; i < _files.size(); ++i) {
-            if (_files[i].font == nullptr && !FontFile(_library, _fonts->fonts[i]).has(character)) {
+            if (!claims(_fonts->fonts[i], character)) {
                 continue;
             }
-            if (std::optional<Letter> letter = fileAt(i).font->read(character)) {
-                return letter;
+            if (std::optional<Letter> letter = fileAt(i).letter(character)) {
+                return {std::make_shared<const Letter>(*std::move(letter)), i};
             }
         }
-        return std::nullopt;
+        return {};
     }
 
     FcConfig* _config;
     Pattern _wanted;
     FontSet _fonts;
     FT_Library _library;
-    std::vector<OpenFile> _files;
-    std::unordered_map<char32_t, std::optional<Letter>> _letters;
+    std::vector<std::unique_ptr<FontFile>> _files;
+    std::unordered_map<char32_t, Entry> _letters;
+    std::shared_ptr<const Letter> _substitute;
 };
 
 } // namespace
@@ -260,7 +152,8 @@ public:
 
     bool has(const std::string& family)
     {
-        makeRoom(_families);
+        constexpr std::size_t MostFamilies = 1024;
+        makeRoom(_families, MostFamilies);
         const auto [entry, isNew] = _families.try_emplace(family, false);
         if (isNew) {
             entry->second = isInstalled(family);
@@ -270,10 +163,11 @@ public:
 
     std::shared_ptr<LetterFont> find(const FontRequest& request)
     {
+        constexpr std::size_t MostFonts = 64;
         if (_config == nullptr || _library == nullptr) {
             return nullptr;
         }
-        makeRoom(_fonts);
+        makeRoom(_fonts, MostFonts);
         const auto [entry, isNew] =
             _fonts.try_emplace(std::tuple(request.families, request.weight, request.italic), nullptr);
         if (isNew) {
@@ -283,22 +177,13 @@ public:
     }
 
 private:
-    template <class Map>
-    static void makeRoom(Map& map)
-    {
-        constexpr std::size_t Most = 256;
-        if (map.size() >= Most) {
-            map.clear();
-        }
-    }
-
     [[nodiscard]] bool isInstalled(const std::string& family) const
     {
         if (_config == nullptr) {
             return false;
         }
         const Pattern pattern(FcPatternCreate());
-        FcPatternAddString(pattern.get(), FC_FAMILY, bytesOf(family));
+        FcPatternAddString(pattern.get(), FC_FAMILY, bytesOf(family.c_str()));
         FcPatternAddBool(pattern.get(), FC_OUTLINE, FcTrue);
         const std::unique_ptr<FcObjectSet, Destroyer<FcObjectSetDestroy>> none(FcObjectSetCreate());
         const FontSet found(FcFontList(_config.get(), pattern.get(), none.get()));
@@ -307,18 +192,19 @@ private:
 
     [[nodiscard]] std::shared_ptr<LetterFont> make(const FontRequest& request)
     {
-        const Pattern wanted(FcPatternCreate());
+        Pattern wanted(FcPatternCreate());
         for (const std::string& family : request.families) {
-            FcPatternAddString(wanted.get(), FC_FAMILY, bytesOf(family));
+            FcPatternAddString(wanted.get(), FC_FAMILY, bytesOf(family.c_str()));
         }
         FcPatternAddInteger(wanted.get(), FC_WEIGHT, FcWeightFromOpenType(request.weight));
         FcPatternAddInteger(wanted.get(), FC_SLANT, request.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
         FcPatternAddBool(wanted.get(), FC_OUTLINE, FcTrue);
         FcPatternAddBool(wanted.get(), FC_VARIABLE, FcFalse);
-        // Else those of the process's locale would be taken.
-        const std::string language = "en";
-        FcPatternAddString(wanted.get(), FC_LANG, bytesOf(language));
-        FcPatternAddString(wanted.get(), FC_NAMELANG, bytesOf(language));
+        // Else the languages of the process's locale would be added, but for "und" even behind those given here.
+        for (const char* const language : {"en", "und"}) {
+            FcPatternAddString(wanted.get(), FC_LANG, bytesOf(language));
+        }
+        FcPatternAddString(wanted.get(), FC_NAMELANG, bytesOf("en"));
         FcConfigSubstitute(_config.get(), wanted.get(), FcMatchPattern);
         FcDefaultSubstitute(wanted.get());
         FcResult result = FcResultMatch;
@@ -326,7 +212,7 @@ private:
         if (fonts == nullptr || fonts->nfont == 0) {
             return nullptr;
         }
-        return std::make_shared<InstalledFont>(_config.get(), _library.get(), wanted, std::move(fonts));
+        return std::make_shared<InstalledFont>(_config.get(), _library.get(), std::move(wanted), std::move(fonts));
     }
 
     Config _config;

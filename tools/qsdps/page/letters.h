@@ -19,8 +19,10 @@ class LetterFont {
 public:
     virtual ~LetterFont() = default;
 
-    /// The outline of a character, owned by the font; null when no installed font has it.
-    [[nodiscard]] virtual const Letter* letter(char32_t character) = 0;
+    /// The letter of a character; null when no installed font has it.
+    [[nodiscard]] virtual std::shared_ptr<const Letter> letter(char32_t character) = 0;
+    /// What stands for characters that no installed font has; null where the fonts have nothing for them.
+    [[nodiscard]] virtual std::shared_ptr<const Letter> substitute() = 0;
     /// What two characters that follow each other are moved apart, in ems.
     [[nodiscard]] virtual double kerning(char32_t first, char32_t second) = 0;
 };
@@ -35,7 +37,8 @@ public:
 
     /// Whether a font of just that family is installed.
     [[nodiscard]] bool has(const std::string& family);
-    /// The font that comes closest to a request; null where none is installed.
+    /// The font that comes closest to a request, whatever its size; null where none is installed. It is not to be used
+    /// when the fonts are gone.
     [[nodiscard]] std::shared_ptr<LetterFont> find(const FontRequest& request);
 
 private:

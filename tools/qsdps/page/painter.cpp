@@ -1,14 +1,11 @@
 #include "page/painter.h"
 
 #include "page/gradient_bands.h"
-#include "page/lettering.h"
 #include "page/line_fit.h"
 #include "page/picture.h"
 #include "page/polygons.h"
 #include "page/stroker.h"
-#include "page/text_painter.h"
 #include "page/tiling.h"
-#include "svg/bounds_canvas.h"
 
 #include <algorithm>
 #include <cmath>
@@ -52,18 +49,6 @@ RasterPicture sampled(const Pixels& pixels, const Matrix& toPixels, double opaci
     return shown;
 }
 
-/// A box that surely holds a text, whose true extent is the interpreter's affair.
-Box roomyBox(const TextChunk& chunk)
-{
-    const Box estimate = svg::estimateText(chunk);
-    const Box box = chunk.along ? chunk.along->controlBox() : estimate;
-    double margin = estimate.width / 2 + estimate.height;
-    for (const TextSpan& span : chunk.spans) {
-        margin += std::fabs(span.dx) + std::fabs(span.dy) + std::fabs(span.baselineShift);
-    }
-    return {box.x - margin, box.y - margin, box.width + 2 * margin, box.height + 2 * margin};
-}
-
 } // namespace
 
 Painter::Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, Rgb paper, PaintTools& tools,
@@ -73,20 +58,25 @@ Painter::Painter(const QsdPort& port, const Units& units, const Matrix& pageToPo
 {
 }
 
-std::size_t Painter::groundEndFor(const Ink& ink) const
+std::size_t Painter::groundEndFor(const Ink& ink, std::size_t groundEnd) const
 {
-    return ink.isOpaque() && !_groups.empty() ? _groups.back().groundEnd : _ground.count();
+    return ink.isOpaque() && !_groups.empty() ? _groups.back().groundEnd : groundEnd;
 }
 
 void Painter::fill(const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage)
 {
+    fillOver(_ground.count(), path, rule, paint, toPage);
+}
+
+void Painter::fillOver(std::size_t groundEnd, const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage)
+{
     const Matrix toUnits = _pageToUnits * toPage;
     if (!paint.none()) {
-        paintArea(ringsOf(flattened(path, toUnits, _units.tolerance())), rule, paint, toPage);
+        paintArea(groundEnd, ringsOf(flattened(path, toUnits, _units.tolerance())), rule, paint, toPage);
     }
 }
 
-void Painter::paintArea(Rings rings, FillRule rule, const Paint& paint, const Matrix& toPage)
+void Painter::paintArea(std::size_t groundEnd, Rings rings, FillRule rule, const Paint& paint, const Matrix& toPage)
 {
     const ClipArea& clip = _clips.top();
     if (clip.area) {
@@ -109,18 +99,18 @@ void Painter::paintArea(Rings rings, FillRule rule, const Paint& paint, const Ma
         return;
     }
     if (gradient != nullptr) {
-        paintGradient(rings, **gradient, paint.opacity, _pageToUnits * toPage);
+        paintGradient(groundEnd, rings, **gradient, paint.opacity, _pageToUnits * toPage);
     } else if (tile != nullptr) {
         paintTiles(rings, **tile, paint.opacity, toPage);
     } else if (ink) {
-        fillArea(std::move(rings), *ink, groundEndFor(*ink));
+        fillArea(std::move(rings), *ink, groundEndFor(*ink, groundEnd));
     }
 }
 
-void Painter::paintGradient(const Rings& rings, const Gradient& gradient, double opacity, const Matrix& toUnits)
+// All bands lie on the same ground, though each hides a bit of the one before.
+void Painter::paintGradient(std::size_t groundEnd, const Rings& rings, const Gradient& gradient, double opacity,
+                            const Matrix& toUnits)
 {
-    // All bands lie on the same ground, though each hides a bit of the one before.
-    const std::size_t groundEnd = _ground.count();
     const QsdRect bounds = boundsOf(rings);
     const std::vector<BandArea> bands = bandAreas(gradient, toUnits * gradient.toUser, bounds, _units.tolerance());
     if (translucent(gradient, opacity) && isIntricate(rings, bands.size(), groundEnd)) {
@@ -135,13 +125,12 @@ void Painter::paintGradient(const Rings& rings, const Gradient& gradient, double
     }
     for (const BandArea& band : bands) {
         const Ink ink{band.ink.color, band.ink.alpha * opacity};
-        fillArea(intersection(rings, FillRule::NonZero, band.area), ink,
-                 ink.isOpaque() ? groundEndFor(ink) : groundEnd);
+        fillArea(intersection(rings, FillRule::NonZero, band.area), ink, groundEndFor(ink, groundEnd));
     }
     if (bands.empty()) {
         const GradientStop& last = gradient.stops.back();
         const Ink ink{last.color, last.opacity * opacity};
-        fillArea(rings, ink, groundEndFor(ink));
+        fillArea(rings, ink, groundEndFor(ink, groundEnd));
     }
 }
 
@@ -334,6 +323,12 @@ bool Painter::clipTo(const QsdRect& bounds)
 
 void Painter::stroke(const Path& path, const StrokeStyle& style, const Paint& paint, const Matrix& toPage)
 {
+    strokeOver(_ground.count(), path, style, paint, toPage);
+}
+
+void Painter::strokeOver(std::size_t groundEnd, const Path& path, const StrokeStyle& style, const Paint& paint,
+                         const Matrix& toPage)
+{
     if (paint.none()) {
         return;
     }
@@ -347,15 +342,15 @@ void Painter::stroke(const Path& path, const StrokeStyle& style, const Paint& pa
     if (color != nullptr && !_clips.top().area && (toUnits.isUniform() || style.nonScaling) && style.dashes.empty()) {
         const double width = style.width * (style.nonScaling ? unitsPerPixel : toUnits.meanScale());
         const Ink ink{*color, paint.opacity};
-        if (strokeAsLines(flattened(path, toUnits, tolerance), style, width, ink, area)) {
+        if (strokeAsLines(groundEnd, flattened(path, toUnits, tolerance), style, width, ink, area)) {
             return;
         }
     }
-    paintArea(area(), FillRule::NonZero, paint, toPage);
+    paintArea(groundEnd, area(), FillRule::NonZero, paint, toPage);
 }
 
-bool Painter::strokeAsLines(const std::vector<Chain>& chains, const StrokeStyle& style, double width, const Ink& ink,
-                            Ground::AreaMaker area)
+bool Painter::strokeAsLines(std::size_t groundEnd, const std::vector<Chain>& chains, const StrokeStyle& style,
+                            double width, const Ink& ink, Ground::AreaMaker area)
 {
     constexpr double WidestLine = 65535;
     if (!(width >= 0.5) || width > WidestLine || !fitsLines(chains, style)) {
@@ -366,7 +361,7 @@ bool Painter::strokeAsLines(const std::vector<Chain>& chains, const StrokeStyle&
     const auto margin = static_cast<std::int32_t>(std::ceil(width * portMiterLimit / 2));
     bounds = {bounds.x - margin, bounds.y - margin, bounds.width + 2 * static_cast<std::uint32_t>(margin),
               bounds.height + 2 * static_cast<std::uint32_t>(margin)};
-    if (!isOpaque(ink) && !_ground.isBare(bounds, groundEndFor(ink))) {
+    if (!isOpaque(ink) && !_ground.isBare(bounds, groundEndFor(ink, groundEnd))) {
         return false;
     }
     if (lines.empty() || !clipTo(bounds)) {
@@ -382,70 +377,6 @@ bool Painter::strokeAsLines(const std::vector<Chain>& chains, const StrokeStyle&
     const std::optional<QsdRect>& limit = _clips.top().rect;
     _ground.add(limit ? bounds.intersected(*limit) : bounds, std::move(area), color);
     return true;
-}
-
-bool Painter::wantsOutlines(const TextChunk& chunk)
-{
-    return std::any_of(chunk.spans.begin(), chunk.spans.end(), [&](const TextSpan& span) {
-        if (isBlank(span)) {
-            return false;
-        }
-        const bool plain = span.stroke.none() && (span.fill.none() || std::holds_alternative<Rgb>(span.fill.source));
-        if (!plain || _clips.top().area) {
-            return true;
-        }
-        unsigned long missing = 0;
-        static_cast<void>(_tools.encoder.encode(span.text, missing));
-        return missing > 0 || _tools.fonts.face(span.font).likeness == Face::Likeness::Another;
-    });
-}
-
-bool Painter::paintOutlines(const TextChunk& chunk, const Matrix& toPage)
-{
-    constexpr std::size_t MostLetters = 20'000; // of a page
-    for (const TextSpan& span : chunk.spans) {
-        _letters += span.text.size();
-    }
-    if (_letters > MostLetters) {
-        return false;
-    }
-    const std::optional<std::vector<LetteredSpan>> spans = letteringOf(chunk, _tools.letters);
-    if (!spans) {
-        return false;
-    }
-    for (const LetteredSpan& lettered : *spans) {
-        const TextSpan& span = *lettered.span;
-        for (const Path* const outline : {&lettered.rules, &lettered.letters}) {
-            Paint paint = span.fill;
-            paint.opacity *= span.opacity;
-            fill(*outline, FillRule::NonZero, paint, toPage);
-            paint = span.stroke;
-            paint.opacity *= span.opacity;
-            stroke(*outline, span.strokeStyle, paint, toPage);
-        }
-    }
-    return true;
-}
-
-void Painter::text(const TextChunk& chunk, const Matrix& toPage)
-{
-    if (wantsOutlines(chunk) && paintOutlines(chunk, toPage)) {
-        return;
-    }
-    const ClipArea& clip = _clips.top();
-    if (clip.area) {
-        _report.approximated("clipped text");
-    }
-    const Box roomy = roomyBox(chunk);
-    const QsdRect bounds = boundsOf(ringsOf(flattened(outlineOf(roomy), _pageToUnits * toPage, 1)));
-    if (!clipTo(bounds)) {
-        return;
-    }
-    _unknown.push_back(bounds);
-    const auto blender = [this](const Ink& ink, QsdPoint at) {
-        return isOpaque(ink) ? ink.color : blend(ink, groupOpacity(), _ground.at(at, groundEndFor(ink)));
-    };
-    TextPainter(_port, _tools, _report, blender).paint(chunk, _pageToUnits * toPage);
 }
 
 void Painter::image(const ImageObject& image, double opacity, const Matrix& toPage)

@@ -8,6 +8,7 @@
 #include "page/fonts.h"
 #include "page/ground.h"
 #include "page/text_encoding.h"
+#include "page/text_form.h"
 #include "page/units.h"
 #include "toolkit/port/QsdPort.h"
 
@@ -16,10 +17,13 @@
 
 namespace qsdps {
 
+struct Lettering;
+
 /// What painters of several pages share, so that the port sees the same objects again.
 struct PaintTools {
-    PaintTools(QsdDisplay& display, QsEncoding encoding)
-        : fonts(display, encoding, letters), encoder(encoding),
+    /// For texts in `encoding`, as far as they are strings.
+    PaintTools(QsdDisplay& display, QsEncoding encoding, TextForm form = TextForm::Auto)
+        : fonts(display, encoding, letters), encoder(encoding), textForm(form),
           palette(QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display)))
     {
     }
@@ -28,6 +32,7 @@ struct PaintTools {
     LetterFonts letters;
     FontTable fonts;
     TextEncoder encoder;
+    TextForm textForm;
     QsdHandle<QsdPalette> palette;
 };
 
@@ -59,16 +64,22 @@ private:
 
     [[nodiscard]] double groupOpacity() const { return _groups.empty() ? 1 : _groups.back().opacity; }
     [[nodiscard]] bool isOpaque(const Ink& ink) const { return Ink{ink.color, ink.alpha * groupOpacity()}.isOpaque(); }
-    /// How many of the painted areas shine through an ink: opaque objects hide those of their own group.
-    [[nodiscard]] std::size_t groundEndFor(const Ink& ink) const;
+    /// How many of the first `groundEnd` areas shine through an ink: opaque objects hide those of their own group.
+    [[nodiscard]] std::size_t groundEndFor(const Ink& ink, std::size_t groundEnd) const;
+    /// Fill and stroke with paints that let only the first `groundEnd` areas shine through: not those of other pieces
+    /// of the same object.
+    void fillOver(std::size_t groundEnd, const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage);
+    void strokeOver(std::size_t groundEnd, const Path& path, const StrokeStyle& style, const Paint& paint,
+                    const Matrix& toPage);
     /// Fills an area with a paint of the user space that `toPage` maps, cut by the clip in force.
-    void paintArea(Rings rings, FillRule rule, const Paint& paint, const Matrix& toPage);
+    void paintArea(std::size_t groundEnd, Rings rings, FillRule rule, const Paint& paint, const Matrix& toPage);
     void paintTiles(const Rings& rings, const Tile& tile, double opacity, const Matrix& toPage);
     /// Whether something shines through some of a gradient.
     [[nodiscard]] bool translucent(const Gradient& gradient, double opacity) const;
     /// Whether so many translucent bands on that ground are better painted as pixels.
     [[nodiscard]] bool isIntricate(const Rings& rings, std::size_t bands, std::size_t groundEnd);
-    void paintGradient(const Rings& rings, const Gradient& gradient, double opacity, const Matrix& toUnits);
+    void paintGradient(std::size_t groundEnd, const Rings& rings, const Gradient& gradient, double opacity,
+                       const Matrix& toUnits);
     /// A piece of paint on an area; null: everywhere on it.
     struct Piece {
         const Rings* area;
@@ -77,10 +88,13 @@ private:
     /// Fills an area inside the clip (non-zero rule) with pieces of paint, each hiding those before, as pixels blended
     /// with what the first `groundEnd` areas look like. False, and nothing done, when that would take too many pixels.
     bool paintPixels(const Rings& rings, const std::vector<Piece>& pieces, std::size_t groundEnd);
-    /// Whether strings of the port cannot show a text as it should look.
-    [[nodiscard]] bool wantsOutlines(const TextChunk& chunk);
-    /// Draws a text as outlines; false, and nothing drawn, when its letters are not to be had.
+    /// Whether a text is to be outlines: as the user says, or else where strings of the port cannot show it as it
+    /// should look.
+    [[nodiscard]] bool wantsOutlines(const TextChunk& chunk) const;
+    /// Draws a text as outlines; false, and nothing drawn, when strings do better, or it is too long.
     bool paintOutlines(const TextChunk& chunk, const Matrix& toPage);
+    void paintLettering(const Lettering& lettering, const Matrix& toPage);
+    void paintStrings(const TextChunk& chunk, const Matrix& toPage);
     void hold(const RasterPicture& picture);
     void drawHeld();
     void drawHeldUnder(const QsdRect& bounds);
@@ -90,8 +104,8 @@ private:
     void fillOpaque(Rings rings, FillRule rule, Rgb color);
     /// Draws a stroke as lines of the port; false, and nothing drawn, when its lines would not look right. `area` gives
     /// what it covers.
-    bool strokeAsLines(const std::vector<Chain>& chains, const StrokeStyle& style, double width, const Ink& ink,
-                       Ground::AreaMaker area);
+    bool strokeAsLines(std::size_t groundEnd, const std::vector<Chain>& chains, const StrokeStyle& style, double width,
+                       const Ink& ink, Ground::AreaMaker area);
     /// Puts the clip in force for something that covers `bounds` into the palette; false when nothing of it is left.
     bool clipTo(const QsdRect& bounds);
 

@@ -1,31 +1,43 @@
 #include "page/path_walk.h"
 
+#include "page/flatten.h"
+
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
 namespace qsdps {
 
-bool PathWalk::at(double distance, Point& point, double& degrees) const
+PathWalk::PathWalk(const Path& path, double tolerance)
 {
-    if (distance < 0) {
-        return false;
-    }
-    for (const Chain& chain : _chains) {
+    double distance = 0;
+    for (const Chain& chain : flattened(path, Matrix(), tolerance)) {
         const std::size_t count = chain.points.size();
         for (std::size_t i = 1; i < count + (chain.closed ? 1 : 0); ++i) {
-            const Point& a = chain.points[i - 1];
-            const Point& b = chain.points[i % count];
-            const double length = std::hypot(b.x - a.x, b.y - a.y);
-            if (length > 0 && distance <= length) {
-                const double part = distance / length;
-                point = {a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
-                degrees = std::atan2(b.y - a.y, b.x - a.x) * 180 / std::numbers::pi;
-                return true;
+            const Point& from = chain.points[i - 1];
+            const Point& to = chain.points[i % count];
+            const double length = std::hypot(to.x - from.x, to.y - from.y);
+            if (length > 0) {
+                distance += length;
+                _pieces.push_back({from, to, distance});
             }
-            distance -= length;
         }
     }
-    return false;
+}
+
+bool PathWalk::at(double distance, Point& point, double& degrees) const
+{
+    const auto piece = std::lower_bound(_pieces.begin(), _pieces.end(), distance,
+                                        [](const Piece& p, double wanted) { return p.end < wanted; });
+    if (!(distance >= 0) || piece == _pieces.end()) {
+        return false;
+    }
+    const double dx = piece->to.x - piece->from.x;
+    const double dy = piece->to.y - piece->from.y;
+    const double back = (piece->end - distance) / std::hypot(dx, dy);
+    point = {piece->to.x - dx * back, piece->to.y - dy * back};
+    degrees = std::atan2(dy, dx) * 180 / std::numbers::pi;
+    return true;
 }
 
 Matrix turned(double degrees)

@@ -1,7 +1,9 @@
 // The way along a path.
 #pragma once
 
-#include "page/flatten.h"
+#include "drawing/geometry.h"
+
+#include <vector>
 
 namespace qsdps {
 
@@ -9,13 +11,19 @@ namespace qsdps {
 class PathWalk {
 public:
     /// Curves are followed to within `tolerance` of the path's own units.
-    PathWalk(const Path& path, double tolerance) : _chains(flattened(path, Matrix(), tolerance)) {}
+    PathWalk(const Path& path, double tolerance);
 
     /// The point `distance` along the path and the direction there in degrees; false beyond the ends.
     [[nodiscard]] bool at(double distance, Point& point, double& degrees) const;
 
 private:
-    std::vector<Chain> _chains;
+    struct Piece {
+        Point from;
+        Point to;
+        double end; ///< distance along the path
+    };
+
+    std::vector<Piece> _pieces;
 };
 
 /// A turn about the origin, in degrees.

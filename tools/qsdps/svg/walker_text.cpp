@@ -240,6 +240,7 @@ private:
         span.baselineShift = shift - baselineHeight(style.baseline) * style.fontSize;
         span.letterSpacing = svg::resolve(style.letterSpacing, Axis::Horizontal, base);
         span.wordSpacing = svg::resolve(style.wordSpacing, Axis::Horizontal, base);
+        span.rightToLeft = style.rightToLeft;
         return span;
     }
 
