@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds the fuzzers and runs each for some time, from its seeds on; what they find lies in build/fuzz/found:
-# fuzz.sh [SECONDS [NAME...]]
+# Builds the fuzzers and runs each for some time, from its seeds on, as many at once as there are processors; what they
+# find and what they print lies in build/fuzz/found: fuzz.sh [SECONDS [NAME...]]
 set -eu
 
 cd "$(dirname "$0")/.."
@@ -11,18 +11,8 @@ cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
 mkdir -p build/fuzz/found
 
-[ $# -gt 0 ] || set -- tests/fuzz/corpus/*
-failed=""
-for seeds in "$@"; do
-    name=$(basename "$seeds")
-    fuzzer=build/fuzz/tests/fuzz/fuzz-$(echo "$name" | tr _ -)
-    corpus=build/fuzz/corpus/$name
-    mkdir -p "$corpus"
-    echo "$name"
-    "$fuzzer" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=2048 -verbosity=0 -print_final_stats=1 \
-        -artifact_prefix="build/fuzz/found/$name-" "$corpus" "tests/fuzz/corpus/$name" || failed="$failed $name"
-done
-[ -z "$failed" ] || {
-    echo "fuzz.sh: found something:$failed" >&2
+[ $# -gt 0 ] || set -- $(ls tests/fuzz/corpus)
+printf '%s\n' "$@" | xargs -n 1 -P "${JOBS:-$(nproc)}" scripts/fuzz-one.sh "$seconds" || {
+    echo "fuzz.sh: at least one fuzzer found something" >&2
     exit 1
 }
