@@ -163,7 +163,8 @@ bool QsdPSFonts_::read(std::istream& stream, const char*)
     if (record->family() != nullptr) {
         const bool asDefault = record->isDefault();
         record->setDefault(false);
-        addOrReplace(record.release(), asDefault);
+        addOrReplace(record.get(), asDefault);
+        static_cast<void>(record.release());
     }
     const bool brokenOff = stream.bad() || (stream.fail() && !stream.eof());
     return !brokenOff && result;
@@ -175,11 +176,12 @@ bool QsdPSFonts_::loadValue(QsdPSFontNames_* record, char* key, char* value)
         const bool hasFamily = record->family() != nullptr;
         const bool isEntered = std::find(_fonts, _fonts + _count, record) != _fonts + _count;
         if (hasFamily && !isEntered) {
-            addOrReplace(new QsdPSFontNames_(record->encoding(), record->family(), record->normalName(),
-                                             record->boldName(), record->italicName(), record->boldItalicName(),
-                                             record->normalDownloadFileName(), record->boldDownloadFileName(),
-                                             record->italicDownloadFileName(), record->boldItalicDownloadFileName()),
-                         record->isDefault());
+            auto copy = std::make_unique<QsdPSFontNames_>(
+                record->encoding(), record->family(), record->normalName(), record->boldName(), record->italicName(),
+                record->boldItalicName(), record->normalDownloadFileName(), record->boldDownloadFileName(),
+                record->italicDownloadFileName(), record->boldItalicDownloadFileName());
+            addOrReplace(copy.get(), record->isDefault());
+            static_cast<void>(copy.release());
         }
         if (hasFamily) {
             for (const Key& k : Keys) {

@@ -23,7 +23,7 @@ void assign(char*& field, const char* text)
 QsdPSFontNames_::QsdPSFontNames_(QsEncoding encoding, const char* family, const char* normalName, const char* boldName,
                                  const char* italicName, const char* boldItalicName, const char* normalFile,
                                  const char* boldFile, const char* italicFile, const char* boldItalicFile)
-    : _encoding(encoding)
+    : QsdPSFontNames_(encoding)
 {
     setFamily(family);
     setNormalName(normalName);

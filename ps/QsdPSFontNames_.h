@@ -59,6 +59,8 @@ public:
     void setDefault(bool asDefault) { _asDefault = asDefault ? 1 : 0; }
 
 private:
+    explicit QsdPSFontNames_(QsEncoding encoding) : _encoding(encoding) {}
+
     QsEncoding _encoding;
     char* _family = nullptr;
     char* _normalName = nullptr;

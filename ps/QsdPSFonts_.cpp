@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <strings.h>
 #include <utility>
 
@@ -34,10 +35,14 @@ QsdPSFonts_* QsdPSFonts_::GetInstance()
     return &instance;
 }
 
-QsdPSFonts_::QsdPSFonts_(unsigned capacity)
-    : _fonts(allocate(nullptr, std::max(capacity, 1U))), _capacity(std::max(capacity, 1U))
+QsdPSFonts_::QsdPSFonts_(QsdPSFontNames_** slots, unsigned capacity) : _fonts(slots), _capacity(capacity)
 {
     std::fill_n(_fonts, _capacity, nullptr);
+}
+
+QsdPSFonts_::QsdPSFonts_(unsigned capacity)
+    : QsdPSFonts_(allocate(nullptr, std::max(capacity, 1U)), std::max(capacity, 1U))
+{
     basicLoad();
 }
 
@@ -82,16 +87,17 @@ void QsdPSFonts_::setDefault(QsdPSFontNames_* names)
 
 void QsdPSFonts_::add(QsdPSFontNames_* names, bool asDefault)
 {
-    if (getPSFontNames(names) < 0) {
-        if (_count == _capacity) {
-            _fonts = allocate(_fonts, std::size_t{_capacity} * 2);
-            std::fill_n(_fonts + _capacity, _capacity, nullptr);
-            _capacity *= 2;
-        }
-        _fonts[_count++] = names;
+    const bool isNew = getPSFontNames(names) < 0;
+    if (isNew && _count == _capacity) {
+        _fonts = allocate(_fonts, std::size_t{_capacity} * 2);
+        std::fill_n(_fonts + _capacity, _capacity, nullptr);
+        _capacity *= 2;
     }
     if (asDefault) {
         setDefault(names);
+    }
+    if (isNew) {
+        _fonts[_count++] = names;
     }
 }
 
@@ -99,16 +105,18 @@ void QsdPSFonts_::addOrReplace(QsdPSFontNames_* names, bool asDefault)
 {
     const int index = getPSFontNames(names);
     if (index < 0) {
-        add(names, false);
-    } else {
-        QsdPSFontNames_* const old = std::exchange(_fonts[index], names);
-        _defaults.remove(defaultsKey(old->encoding()), old);
-        if (old != names) {
-            delete old;
-        }
+        add(names, asDefault);
+        return;
     }
     if (asDefault) {
         setDefault(names);
+    }
+    QsdPSFontNames_* const old = std::exchange(_fonts[index], names);
+    if (!asDefault) {
+        _defaults.remove(defaultsKey(old->encoding()), old);
+    }
+    if (old != names) {
+        delete old;
     }
 }
 
@@ -120,8 +128,10 @@ void QsdPSFonts_::resetDownloaded()
 void QsdPSFonts_::basicLoad()
 {
     for (const QsdPSBuiltInFont& font : QsdPSBuiltInFonts) {
-        add(new QsdPSFontNames_(font.encoding, font.family, font.normalName, font.boldName, font.italicName,
-                                font.boldItalicName, nullptr, nullptr, nullptr, nullptr),
-            font.asDefault);
+        auto names =
+            std::make_unique<QsdPSFontNames_>(font.encoding, font.family, font.normalName, font.boldName,
+                                              font.italicName, font.boldItalicName, nullptr, nullptr, nullptr, nullptr);
+        add(names.get(), font.asDefault);
+        static_cast<void>(names.release());
     }
 }

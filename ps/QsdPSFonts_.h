@@ -30,10 +30,12 @@ public:
     [[nodiscard]] QsdPSFontNames_* getDefaultFontNames(QsEncoding encoding) const;
 
     /// Enters `names` at the end and takes it over, unless an equal record (family with regard to case, encoding) is
-    /// there: then it stays the caller's. With `asDefault` it becomes its encoding's default in either case.
+    /// there: then it stays the caller's. With `asDefault` it becomes its encoding's default in either case. When there
+    /// is no memory std::bad_alloc passes, nothing has changed, and `names` stays the caller's.
     void add(QsdPSFontNames_* names, bool asDefault);
     /// Enters `names` and takes it over: in the place of an equal record, which is deleted, else at the end. A record
-    /// that is there itself stays in its place, and is its encoding's default if `asDefault` says so.
+    /// that is there itself stays in its place, and is its encoding's default if `asDefault` says so. When there is no
+    /// memory std::bad_alloc passes, nothing has changed, and `names` stays the caller's.
     void addOrReplace(QsdPSFontNames_* names, bool asDefault);
     /// Clears the marks of downloaded faces of every record, so that the next document gets its own copies.
     void resetDownloaded();
@@ -58,6 +60,7 @@ public:
     [[nodiscard]] std::uint32_t capacity() const { return _capacity; }
 
 private:
+    QsdPSFonts_(QsdPSFontNames_** slots, unsigned capacity);
     void setDefault(QsdPSFontNames_* names);
 
     QsdPSFontNames_** _fonts;
