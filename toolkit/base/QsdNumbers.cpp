@@ -20,10 +20,11 @@ bool isClassic()
 void QsdSetLocaleC(bool classic)
 {
     if (classic) {
-        if (depth++ == 0 && !isClassic()) {
+        if (depth == 0 && !isClassic()) {
             replacedLocale = std::setlocale(LC_NUMERIC, nullptr);
             std::setlocale(LC_NUMERIC, "C");
         }
+        ++depth;
     } else if (depth != 0 && --depth == 0 && !replacedLocale.empty()) {
         std::setlocale(LC_NUMERIC, replacedLocale.c_str());
         replacedLocale.clear();

@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -90,11 +91,16 @@ void QsdDisplay::setResource(const char* name, const char* value)
 
 const char* QsdDisplay::getMessage(const char* key) const
 {
-    if (_messages == nullptr) {
-        _messages = std::make_unique<QsdResourceTable>(readMessages());
-    }
-    if (const char* const text = _messages->find(key)) {
-        return text;
+    try {
+        if (_messages == nullptr) {
+            _messages = std::make_unique<QsdResourceTable>(readMessages());
+        }
+        if (const char* const text = _messages->find(key)) {
+            return text;
+        }
+    } catch (const std::bad_alloc&) {
+        // What is to be told may well be that there is no memory.
+        _messages.reset();
     }
     const char* const builtIn = QsdBuiltInMessage(key);
     return builtIn == nullptr ? key : builtIn;
