@@ -1,5 +1,5 @@
 // Bitmaps at their natural size, read back from their display. Pixels are read before the first word of an image is
-// written, so that a document stays in order when there is no memory for them.
+// written, as is everything else that takes memory, so that a document stays in order when there is none.
 #include "ps/QsdPSDevice.h"
 
 #include "ps/QsdPSBackground_p.h"
@@ -29,12 +29,14 @@ void QsdPSDevice::drawBitmap(const QsdPalette* palette, const QsdSystemPort* sou
     checkClip(palette->clipRegion());
     setCurrentPalette(palette);
     const QsdPixelRows pixels(*palette->display(), source, rect);
+    const QsdPSFilteredSource filtered(_encoder.get());
     const std::int64_t bottom = std::int64_t{at.y} + rect.height;
     if (source->depth() == 1) {
+        const QsdPSBackground background(palette);
         QsdPSWriter(_stream) << "G n " << rect.width << QsdSpc() << rect.height << QsdSpc() << at << " rect G ";
-        setForeground(QsdPSBackground(palette).get());
+        setForeground(background.get());
         QsdPSWriter(_stream) << " fill g" << EOL << at.x << QsdSpc() << bottom << " t ";
-        writeBitmapMask(palette, pixels, rect, "       imagemask ");
+        writeBitmapMask(palette, pixels, rect, filtered, "       imagemask ");
         return;
     }
     {
@@ -47,7 +49,7 @@ void QsdPSDevice::drawBitmap(const QsdPalette* palette, const QsdSystemPort* sou
         writeUnitMatrix(out, rect);
         out << " ";
         if (_level == 2) {
-            writeFilteredSource(out, _encoder.get());
+            filtered.write(out);
             out << " " << imageOperatorString() << EOL;
         } else {
             out << " {currentfile st readhexstring pop} " << imageOperatorString() << EOL;
@@ -61,7 +63,7 @@ void QsdPSDevice::drawBitmap(const QsdPalette* palette, const QsdSystemPort* sou
 // Paints the set bits of a one-bit source in the foreground and ends the save level around it; `level2Operator` differs
 // between the forms in its blanks alone.
 void QsdPSDevice::writeBitmapMask(const QsdPalette* palette, const QsdPixelRows& pixels, const QsdRect& rect,
-                                  const char* level2Operator) const
+                                  const QsdPSFilteredSource& source, const char* level2Operator) const
 {
     {
         QsdPSWriter out(_stream);
@@ -71,7 +73,7 @@ void QsdPSDevice::writeBitmapMask(const QsdPalette* palette, const QsdPixelRows&
         out << rect.width << " -" << rect.height << " scale " << rect.width << QsdSpc() << rect.height << " true";
         writeUnitMatrix(out, rect);
         if (_level == 2) {
-            writeFilteredSource(out, _encoder.get());
+            source.write(out);
             out << level2Operator << EOL;
         } else {
             out << " {currentfile st readhexstring pop} imagemask" << EOL;
@@ -88,11 +90,12 @@ void QsdPSDevice::drawTransparentBitmap(const QsdPalette* palette, const QsdSyst
     setCurrentPalette(palette);
     if (source != nullptr && source->depth() == 1) {
         const QsdPixelRows pixels(*palette->display(), source, rect);
+        const QsdPSFilteredSource filtered(_encoder.get());
         QsdPSWriter(_stream) << "n " << at << " M "
                              << "0 " << rect.height << " rL " << rect.width << " 0 rL "
                              << "0 " << static_cast<std::int32_t>(-rect.height) << " rL" << EOL << "G " << at.x
                              << QsdSpc() << std::int64_t{at.y} + rect.height << " t ";
-        writeBitmapMask(palette, pixels, rect, " imagemask");
+        writeBitmapMask(palette, pixels, rect, filtered, " imagemask");
         return;
     }
     const QsdSystemPort* const mask = QsdPSMaskOf(source);

@@ -68,8 +68,8 @@ void QsdPSDevice::checkClip(const QsdRegion& region) const
 void QsdPSDevice::initClip(const QsdRect& rect) const
 {
     _boundingBox = rect;
-    _clipCache.setFull();
     writeInitialClip(rect);
+    _clipCache.setFull();
 }
 
 void QsdPSDevice::writeInitialClip(const QsdRect& rect) const

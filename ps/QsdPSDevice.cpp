@@ -67,10 +67,7 @@ QsdPSDevice::QsdPSDevice(QsdDisplay* display, QsdPSColorModel model)
 QsdPSDevice::~QsdPSDevice()
 {
     _encoder.reset();
-    delete _stream;
-    if (_currentPalette != nullptr) {
-        _currentPalette->destroy();
-    }
+    delete _ownStream;
 }
 
 bool QsdPSDevice::isADevice() const

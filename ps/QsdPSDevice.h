@@ -10,6 +10,7 @@
 #include <memory>
 
 class QsdPostScriptEncoder;
+class QsdPSFilteredSource;
 class QsdPixelRows;
 
 /// Turns drawing calls into one PostScript document per initDevice and end.
@@ -34,10 +35,12 @@ public:
     [[nodiscard]] bool isBad() const override;
     /// Opens `fileName` and writes everything up to the first drawing. With `bbox`, in device coordinates, the document
     /// is encapsulated and clipped to it. False, after QsdFatalError with the message "&QsdMsg015100", when the file
-    /// cannot be opened. A document still open is abandoned, not closed: call end first.
+    /// cannot be opened. A document still open is abandoned, not closed: call end first. When memory runs out,
+    /// std::bad_alloc passes, the document is closed again and has failed.
     bool initDevice(const char* fileName, QsdRect* bbox) override;
-    /// Finishes the last page and the document and closes its stream. When some of it could not be written, that is
-    /// reported once, through QsdFatalError with the message "&QsdMsg015102". Nothing happens when none is open.
+    /// Finishes the last page and the document and closes its stream. When some of it could not be written, for want
+    /// of memory too, that is reported once, through QsdFatalError with the message "&QsdMsg015102". Nothing happens
+    /// when none is open.
     void end() override;
     /// Ends the page and begins the next; the clip stays what it was. Always true.
     bool newPage() const override;
@@ -198,7 +201,7 @@ protected:
     [[nodiscard]] const QsdRegion& currentClip() const { return _clipCache; }
     [[nodiscard]] const QsdTransformer& currentTransformer() const { return _currentTransformer; }
     /// Sends what is written from now on, samples included, to `stream` (not owned) in the place of the document's
-    /// own. Give the device its own stream back before it closes it.
+    /// own. The device closes its own stream wherever it was sent to.
     void redirect(std::ostream* stream);
     /// Narrows the clip for one operation to the palette's clip and, unless it is null, to `rect`.
     void restrictClip(const QsdPalette* palette, const QsdRect* rect) const;
@@ -226,6 +229,8 @@ protected:
     virtual void writeFontFile(const char* fileName, const char* name, const char* suffix) const;
 
 private:
+    void beginDocument(const QsdRect* bbox);
+    void close();
     void loadFontMapFile();
     void forgetPalette() const;
 
@@ -233,7 +238,7 @@ private:
     void removeClip() const;
 
     void writeOpaqueStart(const QsdPalette* palette) const;
-    void writeMaskTile(const QsdPalette* palette, const char* level1Start) const;
+    void writeMaskTile(const QsdPalette* palette, bool opaque) const;
     void writeColorPattern(const QsdPalette* palette) const;
 
     void writeArc(const QsdPalette* palette, const QsdRect& rect, float start, float range, bool fill) const;
@@ -242,14 +247,15 @@ private:
     void openString(const QsdPalette* palette, const QsdPoint& at, const char* opening) const;
 
     void writeBitmapMask(const QsdPalette* palette, const QsdPixelRows& pixels, const QsdRect& rect,
-                         const char* level2Operator) const;
+                         const QsdPSFilteredSource& source, const char* level2Operator) const;
     void stretchMask(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
                      const QsdTransformer& t) const;
     void stretchStrips(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
                        const QsdSystemPort* mask, const QsdTransformer& t) const;
 
     mutable std::ostream* _stream = nullptr;
-    mutable QsdPalette* _currentPalette = nullptr;
+    std::ostream* _ownStream = nullptr; ///< the open document's, wherever _stream was redirected to
+    mutable QsdHandle<QsdPalette> _currentPalette;
     mutable unsigned long _pageCount = 0;
     unsigned long _paperWidth;
     unsigned long _paperHeight;

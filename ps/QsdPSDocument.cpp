@@ -13,16 +13,29 @@
 #include <ostream>
 #include <utility>
 
+// A document that has begun at all is closed again when it cannot begin as it should.
 bool QsdPSDevice::initDevice(const char* fileName, QsdRect* bbox)
 {
     _writeFailed = false;
-    _stream = openStream(fileName);
-    if (_stream == nullptr || _stream->fail()) {
-        QsdFatalError(display()->getMessage("&QsdMsg015100"), fileName == nullptr ? "" : fileName);
-        closeStream(_stream);
-        _stream = nullptr;
-        return false;
+    _ownStream = openStream(fileName);
+    _stream = _ownStream;
+    try {
+        if (_stream == nullptr || _stream->fail()) {
+            QsdFatalError(display()->getMessage("&QsdMsg015100"), fileName == nullptr ? "" : fileName);
+            close();
+            return false;
+        }
+        beginDocument(bbox);
+    } catch (...) {
+        _writeFailed = true;
+        close();
+        throw;
     }
+    return true;
+}
+
+void QsdPSDevice::beginDocument(const QsdRect* bbox)
+{
     if (_encoder != nullptr) {
         _encoder->setStream(_stream);
     }
@@ -39,7 +52,15 @@ bool QsdPSDevice::initDevice(const char* fileName, QsdRect* bbox)
     QsdPSFonts_::GetInstance()->resetDownloaded();
     writeProlog();
     writeFirstPageStart(bbox);
-    return true;
+}
+
+void QsdPSDevice::close()
+{
+    if (_encoder != nullptr) {
+        _encoder->setStream(nullptr);
+    }
+    _stream = nullptr;
+    closeStream(std::exchange(_ownStream, nullptr));
 }
 
 void QsdPSDevice::writeFirstPageStart(const QsdRect* bbox)
@@ -107,18 +128,15 @@ void QsdPSDevice::end()
     if (_stream == nullptr) {
         return;
     }
-    writeTrailer();
-    // A stream may be told to throw when it fails.
+    // Memory may run out on the way, and a stream may be told to throw when it fails.
     try {
+        writeTrailer();
         _stream->flush();
         _writeFailed = _stream->fail();
     } catch (...) {
         _writeFailed = true;
     }
-    if (_encoder != nullptr) {
-        _encoder->setStream(nullptr);
-    }
-    closeStream(std::exchange(_stream, nullptr));
+    close();
     if (_writeFailed) {
         QsdFatalError("%s", display()->getMessage("&QsdMsg015102"));
     }
@@ -149,8 +167,5 @@ void QsdPSDevice::send(const char* text) const
 
 void QsdPSDevice::forgetPalette() const
 {
-    if (_currentPalette != nullptr) {
-        _currentPalette->destroy();
-        _currentPalette = nullptr;
-    }
+    _currentPalette = QsdHandle<QsdPalette>();
 }

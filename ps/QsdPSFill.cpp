@@ -39,11 +39,10 @@ void QsdPSDevice::fillWithPattern(const QsdPalette* palette) const
             QsdPSWriter(_stream) << QsdSpc() << (isEvenOdd(palette) ? "eo" : "") << "fill" << EOL;
             return;
         }
-        writeOpaqueStart(palette);
-        writeMaskTile(palette, "fill g G 1 -1 scale{");
+        writeMaskTile(palette, true);
         break;
     case QsdFillMaskPattern:
-        writeMaskTile(palette, " G 1 -1 scale{");
+        writeMaskTile(palette, false);
         break;
     case QsdFillColorPattern:
         writeColorPattern(palette);
@@ -58,23 +57,28 @@ void QsdPSDevice::fillWithPattern(const QsdPalette* palette) const
 // The background goes on inside a save level, which keeps the path and the foreground for the tiles.
 void QsdPSDevice::writeOpaqueStart(const QsdPalette* palette) const
 {
+    const QsdPSBackground background(palette);
     QsdPSWriter(_stream) << " G ";
-    setForeground(QsdPSBackground(palette).get());
+    setForeground(background.get());
     QsdPSWriter(_stream) << (isEvenOdd(palette) ? "eo" : "");
 }
 
 // At level 2 the same words follow the background fill of an opaque pattern and begin a mask pattern, which has no save
 // level to end there; documents have always been so.
-void QsdPSDevice::writeMaskTile(const QsdPalette* palette, const char* level1Start) const
+void QsdPSDevice::writeMaskTile(const QsdPalette* palette, bool opaque) const
 {
     const QsdPattern& pattern = *palette->pattern();
     unsigned long size = 0;
     const Buffer data(pattern.getBitmapData(size));
+    if (opaque) {
+        writeOpaqueStart(palette);
+    }
     const auto samples = [&] {
         writeImage(palette->display(), 1, pattern.width(), pattern.height(), data.get(), size);
     };
     if (_level == 1) {
-        QsdPSWriter(_stream) << level1Start << pattern.width() << QsdSpc() << pattern.height() << " true"
+        QsdPSWriter(_stream) << (opaque ? "fill g G 1 -1 scale{" : " G 1 -1 scale{") << pattern.width() << QsdSpc()
+                             << pattern.height() << " true"
                              << "[-1 0 0 -1 0 1]<" << EOL;
         samples();
         QsdPSWriter(_stream) << ">imagemask}" << EOL;

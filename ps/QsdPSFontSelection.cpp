@@ -99,10 +99,8 @@ void QsdPSDevice::setFont(const QsdPalette* palette) const
 
 void QsdPSDevice::writeFontSelection(int size, const char* name, const char* suffix, bool multiByte) const
 {
-    QsdPSWriter out(_stream);
-    out << size;
-    QsdPSWriteName(out, name, suffix);
-    out << (multiByte ? " qsdjsf" : " qsdsf") << EOL;
+    const std::string literal = QsdPSLiteralName(name, suffix);
+    QsdPSWriter(_stream) << size << literal << (multiByte ? " qsdjsf" : " qsdsf") << EOL;
 }
 
 void QsdPSDevice::writeFontFile(const char* fileName, const char* name, const char* suffix) const
@@ -111,8 +109,9 @@ void QsdPSDevice::writeFontFile(const char* fileName, const char* name, const ch
     if (!file.isOpen()) {
         return;
     }
+    const std::string fullName = QsdPSCommentName(std::string(name) + suffix);
     QsdPSWriter out(_stream);
-    out << EOL << "%%BeginFont: " << QsdPSCommentName(std::string(name) + suffix) << EOL;
+    out << EOL << "%%BeginFont: " << fullName << EOL;
     file.copyTo(out);
     out << EOL << "%%EndFont" << EOL;
 }

@@ -5,11 +5,20 @@
 #include "toolkit/encoder/QsdPostScriptEncoder.h"
 #include "toolkit/port/QsdBitmap.h"
 
-/// Writes the data source of level 2: the document itself, read through the encoder's decoding filter.
-inline void writeFilteredSource(QsdPSWriter& out, const QsdPostScriptEncoder* encoder)
-{
-    out << " currentfile " << QsdPostScriptEncoder::GetFullDecoderString(encoder).view();
-}
+/// The data source of level 2: the document itself, read through the encoder's decoding filter. Made before the first
+/// word of an image is written, so that there is memory for the whole of it.
+class QsdPSFilteredSource {
+public:
+    explicit QsdPSFilteredSource(const QsdPostScriptEncoder* encoder)
+        : _decoder(QsdPostScriptEncoder::GetFullDecoderString(encoder))
+    {
+    }
+
+    void write(QsdPSWriter& out) const { out << " currentfile " << _decoder.view(); }
+
+private:
+    QsString _decoder;
+};
 
 /// Bytes of a row of one-bit samples.
 constexpr unsigned long QsdPSBitRowBytes(unsigned long width)

@@ -30,14 +30,16 @@ std::string QsdPSQuoted(std::string_view text)
     return quoted + ")";
 }
 
-void QsdPSWriteName(QsdPSWriter& out, std::string_view name, std::string_view suffix)
+std::string QsdPSLiteralName(std::string_view name, std::string_view suffix)
 {
     const auto regular = [](std::string_view text) { return std::all_of(text.begin(), text.end(), QsdPSIsRegular); };
-    if (regular(name) && regular(suffix)) {
-        out << "/" << name << suffix;
-    } else {
-        out << QsdPSQuoted(std::string(name).append(suffix)) << "cvn";
-    }
+    const std::string whole = std::string(name).append(suffix);
+    return regular(whole) ? "/" + whole : QsdPSQuoted(whole) + "cvn";
+}
+
+void QsdPSWriteName(QsdPSWriter& out, std::string_view name, std::string_view suffix)
+{
+    out << QsdPSLiteralName(name, suffix);
 }
 
 std::string QsdPSCommentName(std::string_view name)

@@ -15,7 +15,10 @@ class QsdPSWriter;
 /// A text in parentheses, printable and short enough for a line: what is neither is cut off or becomes a blank.
 [[nodiscard]] std::string QsdPSQuoted(std::string_view text);
 
-/// Writes a literal name of one or two parts; one that the language cannot write as such is made of a string.
+/// The text of a literal name of one or two parts; one that the language cannot write as such is made of a string.
+[[nodiscard]] std::string QsdPSLiteralName(std::string_view name, std::string_view suffix);
+
+/// Writes a literal name.
 void QsdPSWriteName(QsdPSWriter& out, std::string_view name, std::string_view suffix = "");
 
 /// A font's name for managers of documents, who end it at a blank or a delimiter.

@@ -7,6 +7,8 @@
 #include "toolkit/base/QsdMessages.h"
 #include "toolkit/port/QsdDisplay.h"
 
+#include <utility>
+
 void QsdPSDevice::setCurrentPalette(const QsdPalette* palette) const
 {
     if (_stream == nullptr) {
@@ -19,12 +21,13 @@ void QsdPSDevice::setCurrentPalette(const QsdPalette* palette) const
 // another object.
 void QsdPSDevice::writePalette(const QsdPalette* palette) const
 {
-    if (_currentPalette == nullptr) {
-        _currentPalette = new QsdPalette(palette);
+    if (!_currentPalette) {
+        auto written = QsdHandle<QsdPalette>::Adopt(new QsdPalette(palette));
         setFont(palette);
         setLineStyle(palette);
         setForeground(palette);
         setLineWidth(palette);
+        _currentPalette = std::move(written);
         return;
     }
     QsdPalette& current = *_currentPalette;

@@ -11,19 +11,14 @@
 #include "ps/QsdPSWriter_p.h"
 
 #include <string>
+#include <utility>
 
 QsdPSPrintDevice::QsdPSPrintDevice(QsdDisplay* display, QsdPSColorModel model)
     : QsdPSDevice(display, model), _document(std::make_unique<QsdPSPrintDocument>())
 {
 }
 
-// The stream that the base class deletes is the document's own, not the spool.
-QsdPSPrintDevice::~QsdPSPrintDevice()
-{
-    if (stream() != nullptr) {
-        redirect(_document->output);
-    }
-}
+QsdPSPrintDevice::~QsdPSPrintDevice() = default;
 
 void QsdPSPrintDevice::setTitle(const char* title)
 {
@@ -164,31 +159,32 @@ void QsdPSPrintDevice::send(const char* text) const
 
 void QsdPSPrintDevice::clip(const QsdRect* rect) const
 {
-    if (rect == nullptr ? currentClip().isFull() : QsdRegion(*rect) == currentClip()) {
-        return;
+    QsdPSPageClip noted{rect == nullptr ? QsdRegion::Full() : QsdRegion(*rect), currentTransformer()};
+    if (!(noted.region == currentClip())) {
+        QsdPSDevice::clip(rect);
+        noteClip(std::move(noted));
     }
-    QsdPSDevice::clip(rect);
-    noteClip();
 }
 
 void QsdPSPrintDevice::clip(const QsdRegion* region) const
 {
-    if (region == nullptr ? currentClip().isFull() : *region == currentClip()) {
-        return;
+    QsdPSPageClip noted{region == nullptr ? QsdRegion::Full() : *region, currentTransformer()};
+    if (!(noted.region == currentClip())) {
+        QsdPSDevice::clip(region);
+        noteClip(std::move(noted));
     }
-    QsdPSDevice::clip(region);
-    noteClip();
 }
 
-// A clip that was written has brought the current transformer with it.
-void QsdPSPrintDevice::noteClip() const
+// A clip that was written has brought the current transformer with it. What is noted is made before anything is
+// written, so that both agree when there is no memory for it.
+void QsdPSPrintDevice::noteClip(QsdPSPageClip&& noted) const
 {
     if (stream() == nullptr) {
         return;
     }
     QsdPSPrintDocument& document = *_document;
-    document.inForce.transformer = currentTransformer();
-    document.clip = {currentClip(), currentTransformer()};
+    document.inForce.transformer = noted.transformer;
+    document.clip = std::move(noted);
     noteClipBox();
 }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 class QsdPSPrintDocument;
+class QsdPSSpool;
 class QsdPSWriter;
 struct QsdPSExtent;
 struct QsdPSPageClip;
@@ -110,7 +111,7 @@ private:
     void beginPage() const;
     void finishPage() const;
     void writePageClip(const QsdPSPageClip& clip) const;
-    void noteClip() const;
+    void noteClip(QsdPSPageClip&& noted) const;
     void noteClipBox() const;
     void reach(double x1, double y1, double x2, double y2, double margin) const;
     void reachRect(const QsdRect& rect, double margin) const;
@@ -125,7 +126,7 @@ private:
 
     void writeTile(const QsdPalette* palette) const;
     [[nodiscard]] unsigned definePattern(const QsdPalette* palette) const;
-    void writePattern(unsigned number, const QsdPSTile& tile) const;
+    void writePattern(QsdPSSpool& out, unsigned number, const QsdPSTile& tile) const;
 
     void writeBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect, const QsdPoint& at,
                      bool transparent) const;

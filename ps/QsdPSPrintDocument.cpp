@@ -66,13 +66,18 @@ QsdTransformer QsdPSPrintDocument::toPage() const
     return t;
 }
 
-// A stream may be told to throw when it fails; it stays failed and says so when the document ends.
+// A stream may be told to throw when it fails, and there may be no memory for the copying; the output stays failed and
+// says so when the document ends.
 void QsdPSPrintDocument::copy(QsdPSSpool& spool, std::uint64_t begin, std::uint64_t end)
 {
     try {
         spool.copyTo(*output, begin, end);
     } catch (...) {
-        return;
+        try {
+            output->setstate(std::ios_base::badbit);
+        } catch (const std::ios_base::failure&) {
+            return;
+        }
     }
 }
 
@@ -82,9 +87,11 @@ void QsdPSPrintDocument::endPage()
     QsdPSPageRecord record;
     record.end = pageTexts.size();
     record.box = QsdPSBoxOf(pageExtent);
-    const auto [place, inserted] = _fontSetNumbers.emplace(inForce.fonts, static_cast<std::uint32_t>(fontSets.size()));
-    if (inserted) {
+    auto place = _fontSetNumbers.find(inForce.fonts);
+    if (place == _fontSetNumbers.end()) {
+        // A set without a number does no harm when there is no memory for the other, but a number without a set would.
         fontSets.push_back(inForce.fonts);
+        place = _fontSetNumbers.emplace(inForce.fonts, static_cast<std::uint32_t>(fontSets.size() - 1)).first;
     }
     record.fonts = place->second;
     pages.push_back(record);

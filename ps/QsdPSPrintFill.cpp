@@ -95,8 +95,9 @@ void QsdPSPrintDevice::fillWithPattern(const QsdPalette* palette) const
         QsdPSWriter(stream()) << (evenOdd ? "eofill" : "fill") << EOL;
         return;
     }
+    const QsdPSBackground background(palette);
     QsdPSWriter(stream()) << "G ";
-    setForeground(QsdPSBackground(palette).get());
+    setForeground(background.get());
     QsdPSWriter(stream()) << (evenOdd ? "eofill g" : "fill g") << EOL;
     writeTile(palette);
 }
@@ -159,12 +160,10 @@ unsigned QsdPSPrintDevice::definePattern(const QsdPalette* palette) const
     bool isNew = false;
     const unsigned number = _document->resources.pattern(key, isNew);
     if (isNew) {
-        QsdPSSpool& definitions = _document->resources.patternDefinitions();
-        const std::uint64_t size = definitions.size();
         try {
-            writePattern(number, tile);
+            QsdPSWriteWhole(_document->resources.patternDefinitions(),
+                            [&](QsdPSSpool& definitions) { writePattern(definitions, number, tile); });
         } catch (...) {
-            definitions.truncate(size);
             _document->resources.forgetPattern(key);
             imageEncoder()->setStream(stream());
             throw;
@@ -173,10 +172,9 @@ unsigned QsdPSPrintDevice::definePattern(const QsdPalette* palette) const
     return number;
 }
 
-void QsdPSPrintDevice::writePattern(unsigned number, const QsdPSTile& tile) const
+void QsdPSPrintDevice::writePattern(QsdPSSpool& out, unsigned number, const QsdPSTile& tile) const
 {
     QsdPSPrintDocument& document = *_document;
-    QsdPSSpool& out = document.resources.patternDefinitions();
     QsdPostScriptEncoder* const encoder = imageEncoder();
     const QsdPSPatternKey& key = tile.key;
     QsdPSWriter(&out) << "/P" << number << "s[" << EOL;

@@ -1,6 +1,6 @@
 // Bitmaps. The samples are read from the display and written some rows at a time, in the smallest form that shows the
-// same colours. The space of the images is that of the pixels: an image whose first pixel is at x, y has the matrix
-// [1 0 0 1 -x -y].
+// same colours; when there is no memory for some of them, nothing of the image stays in the document. The space of the
+// images is that of the pixels: an image whose first pixel is at x, y has the matrix [1 0 0 1 -x -y].
 #include "ps/QsdPSPrintDevice.h"
 
 #include "ps/QsdPSBackground_p.h"
@@ -153,13 +153,15 @@ void QsdPSPrintDevice::writeBitmap(const QsdPalette* palette, const QsdSystemPor
     }
     QsdPixelRows::check(*source, rect);
     reach(at.x, at.y, static_cast<double>(at.x) + rect.width, static_cast<double>(at.y) + rect.height, 0);
-    if (source->depth() == 1) {
-        writeBits(palette, source, rect, at, !transparent);
-    } else if (!transparent) {
-        writeColors(palette, source, rect, at);
-    } else if (const QsdSystemPort* const mask = QsdPSMaskOf(source)) {
-        writeMasked(palette, source, mask, rect, at);
-    }
+    QsdPSWriteWhole(_document->pageTexts, [&](QsdPSSpool&) {
+        if (source->depth() == 1) {
+            writeBits(palette, source, rect, at, !transparent);
+        } else if (!transparent) {
+            writeColors(palette, source, rect, at);
+        } else if (const QsdSystemPort* const mask = QsdPSMaskOf(source)) {
+            writeMasked(palette, source, mask, rect, at);
+        }
+    });
 }
 
 void QsdPSPrintDevice::writeStretched(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
@@ -183,19 +185,21 @@ void QsdPSPrintDevice::writeStretched(const QsdPalette* palette, const QsdPoint&
     const QsdPSExtent extent =
         QsdPSExtentOf(QsdTransformer(x11, x12, x21, x22, at.x, at.y), 0, 0, area.width, area.height);
     reach(extent.left, extent.bottom, extent.right, extent.top, 0);
-    {
-        const QsdPSClassicNumbers classicNumbers;
-        QsdPSWriter(stream()) << "G[" << x11 << QsdSpc() << x21 << QsdSpc() << x12 << QsdSpc() << x22 << QsdSpc() << at
-                              << "]concat" << EOL;
-    }
-    if (bitmap->depth() == 1) {
-        writeBits(palette, bitmap, area, QsdPoint{}, !transparent);
-    } else if (!transparent) {
-        writeColors(palette, bitmap, area, QsdPoint{});
-    } else {
-        writeMasked(palette, bitmap, mask, area, QsdPoint{});
-    }
-    QsdPSWriter(stream()) << "g" << EOL;
+    QsdPSWriteWhole(_document->pageTexts, [&](QsdPSSpool&) {
+        {
+            const QsdPSClassicNumbers classicNumbers;
+            QsdPSWriter(stream()) << "G[" << x11 << QsdSpc() << x21 << QsdSpc() << x12 << QsdSpc() << x22 << QsdSpc()
+                                  << at << "]concat" << EOL;
+        }
+        if (bitmap->depth() == 1) {
+            writeBits(palette, bitmap, area, QsdPoint{}, !transparent);
+        } else if (!transparent) {
+            writeColors(palette, bitmap, area, QsdPoint{});
+        } else {
+            writeMasked(palette, bitmap, mask, area, QsdPoint{});
+        }
+        QsdPSWriter(stream()) << "g" << EOL;
+    });
 }
 
 void QsdPSPrintDevice::writeDataSource(QsdPSWriter& out) const
@@ -203,7 +207,7 @@ void QsdPSPrintDevice::writeDataSource(QsdPSWriter& out) const
     if (readsHexadecimal()) {
         out << "{hr}";
     } else {
-        writeFilteredSource(out, imageEncoder());
+        QsdPSFilteredSource(imageEncoder()).write(out);
     }
 }
 

@@ -100,11 +100,11 @@ void QsdPSPrintDevice::writeFontSelection(int size, const char* name, const char
     if (inForce.fontAndSize == wanted) {
         return;
     }
-    inForce.fontAndSize = wanted;
     if (inForce.fonts.size() <= number) {
         inForce.fonts.resize(number + 1);
     }
     inForce.fonts[number] = true;
+    inForce.fontAndSize = wanted;
     const QsdPSClassicNumbers classicNumbers;
     QsdPSWriter out(stream());
     out << "F" << number + 1 << QsdSpc();
@@ -126,9 +126,11 @@ void QsdPSPrintDevice::writeFontFile(const char* fileName, const char* name, con
     }
     QsdPSPrintDocument& document = *_document;
     const std::string fullName = std::string(name) + suffix;
-    QsdPSWriter out(&document.resources.fontFiles());
-    out << "%%BeginResource: font " << QsdPSCommentName(fullName) << EOL;
-    document.sevenBits = file.copyTo(out) && document.sevenBits;
-    out << EOL << "%%EndResource" << EOL;
-    document.resources.supplyFont(fullName);
+    QsdPSWriteWhole(document.resources.fontFiles(), [&](QsdPSSpool& spool) {
+        QsdPSWriter out(&spool);
+        out << "%%BeginResource: font " << QsdPSCommentName(fullName) << EOL;
+        document.sevenBits = file.copyTo(out) && document.sevenBits;
+        out << EOL << "%%EndResource" << EOL;
+        document.resources.supplyFont(fullName);
+    });
 }

@@ -5,6 +5,9 @@
 #include "toolkit/encoder/QsdASCII85Encoder.h"
 #include "toolkit/encoder/QsdASCIIHexEncoder.h"
 
+#include <memory>
+#include <utility>
+
 void QsdPSDevice::setColorModel(QsdPSColorModel model)
 {
     _colorModel = model;
@@ -23,29 +26,31 @@ const char* QsdPSDevice::imageOperatorString() const
 // Level 1 has no decoding filters: its images are always read as hexadecimal strings, whatever encoder is offered.
 void QsdPSDevice::setEncoder(QsdPostScriptEncoder* encoder)
 {
-    if (_encoder.get() == encoder) {
-        // Given back to the device, which is about to own it again.
-        static_cast<void>(_encoder.release());
-    }
-    _encoder.reset();
+    const bool isOther = _encoder.get() != encoder;
+    std::unique_ptr<QsdPostScriptEncoder> offered(isOther ? encoder : nullptr);
     if (_level == 1) {
         _encoder = std::make_unique<QsdASCIIHexEncoder>(_stream, false);
-        delete encoder;
         return;
     }
-    _encoder.reset(encoder);
-    if (encoder != nullptr) {
-        encoder->setStream(_stream);
+    if (isOther) {
+        _encoder.reset();
+        _encoder = std::move(offered);
+    }
+    if (_encoder != nullptr) {
+        _encoder->setStream(_stream);
     }
 }
 
 void QsdPSDevice::setPostScriptLevel(unsigned long level)
 {
-    _level = level;
+    // The level goes with its encoder, or stays when there is no memory for that.
     if (level == 1) {
-        setEncoder(new QsdASCIIHexEncoder(nullptr, true));
+        _encoder = std::make_unique<QsdASCIIHexEncoder>(_stream, false);
+        _level = level;
     } else {
-        setEncoder(new QsdASCII85Encoder(nullptr));
+        auto encoder = std::make_unique<QsdASCII85Encoder>(_stream);
+        _level = level;
+        setEncoder(encoder.release());
     }
 }
 

@@ -52,3 +52,16 @@ private:
 
     Buffer _buffer;
 };
+
+/// Calls write(spool); when that throws, the spool forgets what it wrote.
+template <class Write>
+void QsdPSWriteWhole(QsdPSSpool& spool, Write write)
+{
+    const std::uint64_t size = spool.size();
+    try {
+        write(spool);
+    } catch (...) {
+        spool.truncate(size);
+        throw;
+    }
+}

@@ -10,6 +10,8 @@
 #include "toolkit/graphics/QsdRGBBitmapData.h"
 #include "toolkit/port/QsdBitmap.h"
 
+#include <optional>
+
 namespace {
 
 QsdRect areaOf(const QsdBitmap& bitmap)
@@ -52,6 +54,11 @@ void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, c
     const QsdDisplay& display = *palette->display();
     const bool oneBit = bitmap->depth() == 1;
     const QsdPixelRows pixels(display, bitmap, area);
+    const QsdPSFilteredSource filtered(_encoder.get());
+    std::optional<QsdPSBackground> background;
+    if (oneBit) {
+        background.emplace(palette);
+    }
     const QsdPSClipRestorer restorer(*this, _clipCache);
     restrictClip(palette, clip);
 
@@ -63,7 +70,7 @@ void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, c
             writeMatrix(out, t, at);
             out << EOL << "n " << area.width << QsdSpc() << area.height << " 0 0 rect G ";
         }
-        setForeground(QsdPSBackground(palette).get());
+        setForeground(background->get());
         QsdPSWriter out(_stream);
         out << " fill g" << EOL;
         if (_level == 1) {
@@ -72,7 +79,7 @@ void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, c
         writeScale(out, area);
         writeUnitImage(out, area, " true[");
         if (_level == 2) {
-            writeFilteredSource(out, _encoder.get());
+            filtered.write(out);
             out << " imagemask" << EOL;
         } else {
             out << "{currentfile st readhexstring pop}imagemask" << EOL;
@@ -89,7 +96,7 @@ void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, c
         writeUnitImage(out, area, " 8[");
         out << EOL;
         if (_level == 2) {
-            writeFilteredSource(out, _encoder.get());
+            filtered.write(out);
             out << " " << imageOperatorString() << EOL;
         } else {
             out << "{currentfile st readhexstring pop}" << imageOperatorString() << EOL;
@@ -126,6 +133,7 @@ void QsdPSDevice::stretchMask(const QsdPalette* palette, const QsdPoint& at, con
 {
     const QsdRect area = areaOf(*bitmap);
     const QsdPixelRows pixels(*palette->display(), bitmap, area);
+    const QsdPSFilteredSource filtered(_encoder.get());
     const QsdPSClassicNumbers classicNumbers;
     {
         QsdPSWriter out(_stream);
@@ -138,7 +146,7 @@ void QsdPSDevice::stretchMask(const QsdPalette* palette, const QsdPoint& at, con
         }
         writeUnitImage(out, area, " true[");
         if (_level == 2) {
-            writeFilteredSource(out, _encoder.get());
+            filtered.write(out);
             out << " imagemask " << EOL;
         } else {
             out << " {currentfile st readhexstring pop}imagemask" << EOL;
@@ -159,6 +167,7 @@ void QsdPSDevice::stretchStrips(const QsdPalette* palette, const QsdPoint& at, c
     const QsdDisplay& display = *palette->display();
     const QsdPixelRows pixels(display, bitmap, area);
     const QsdPixelRows maskPixels(display, mask, area);
+    const QsdPSFilteredSource filtered(_encoder.get());
     for (std::uint32_t r = 0; r < area.height; ++r) {
         QsdForEachMaskRun(maskPixels, r, area.width, [&](unsigned long first, unsigned long length, bool atRowEnd) {
             const QsdPixelRun run = pixels.run(r, first, length);
@@ -173,7 +182,7 @@ void QsdPSDevice::stretchStrips(const QsdPalette* palette, const QsdPoint& at, c
                 out << " " << first << QsdSpc() << r + 1 << " t " << length << " -1 scale 0 -1 t " << length << QsdSpc()
                     << " 1 8 [" << length << " 0 0 -1 0 1]" << EOL;
                 if (_level == 2) {
-                    writeFilteredSource(out, _encoder.get());
+                    filtered.write(out);
                     out << " ";
                 } else {
                     out << " {currentfile st readhexstring pop} ";

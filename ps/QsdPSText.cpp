@@ -13,6 +13,7 @@
 #include <climits>
 #include <cstdlib>
 #include <cwchar>
+#include <new>
 #include <string>
 
 namespace {
@@ -109,12 +110,13 @@ void QsdPSDevice::drawIString(const QsdPalette* palette, const QsdPoint& at, con
 {
     checkClip(palette->clipRegion());
     setCurrentPalette(palette);
+    const QsdPSBackground background(palette);
     openString(palette, at, CurrentEncoding == QsEncodingShiftJIS ? "G " : " G n ");
     WriteOutPSString(text, _stream, length);
     QsdPSWriter(_stream) << ")" << alignment(position) << EOL //
                          << "G dup true charpath pathbbox n 4 2 roll 2 copy M" << EOL
                          << "3 index exch L 3 -1 roll 2 index L exch L c ";
-    setForeground(QsdPSBackground(palette).get());
+    setForeground(background.get());
     QsdPSWriter(_stream) << " fill g " << showProcedure(*palette->font()) << EOL;
 }
 
@@ -126,9 +128,15 @@ void QsdPSDevice::drawTransformedString(const QsdPalette* palette, const char* t
     }
     checkClip(palette->clipRegion());
     setCurrentPalette(palette);
-    QsdPSWriter(_stream) << " G " << EOL;
     const QsdPSClipRestorer restorer(*this, _clipCache);
-    restrictClip(palette, clip == nullptr ? nullptr : &clip->boundingRect());
+    QsdPSWriter(_stream) << " G " << EOL;
+    try {
+        restrictClip(palette, clip == nullptr ? nullptr : &clip->boundingRect());
+    } catch (const std::bad_alloc&) {
+        // No clip was written, which needs its memory first.
+        QsdPSWriter(_stream) << "g" << EOL;
+        throw;
+    }
 
     const QsdFont& font = *palette->font();
     QsdTransformer matrix = t;
