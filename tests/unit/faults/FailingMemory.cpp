@@ -1,0 +1,84 @@
+#include "tests/unit/faults/FailingMemory.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+bool armed = false;
+unsigned long remaining = 0;
+FailingMemory::Failing mode = FailingMemory::Once;
+bool failed = false;
+long liveBlocks = 0;
+
+bool refuses()
+{
+    if (!armed) {
+        return false;
+    }
+    if (remaining != 0) {
+        --remaining;
+        return false;
+    }
+    const bool first = !failed;
+    failed = true;
+    return first || mode == FailingMemory::FromThenOn;
+}
+
+} // namespace
+
+FailingMemory::FailingMemory(unsigned long allowed, Failing failing)
+{
+    remaining = allowed;
+    mode = failing;
+    failed = false;
+    armed = true;
+}
+
+FailingMemory::~FailingMemory()
+{
+    armed = false;
+}
+
+bool FailingMemory::hasFailed() const
+{
+    return failed;
+}
+
+long FailingMemory::LiveBlocks()
+{
+    return liveBlocks;
+}
+
+void* operator new(std::size_t size)
+{
+    void* const block = refuses() ? nullptr : std::malloc(size != 0 ? size : 1);
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    ++liveBlocks;
+    return block;
+}
+
+void operator delete(void* block) noexcept
+{
+    liveBlocks -= block != nullptr ? 1 : 0;
+    std::free(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept
+{
+    operator delete(block);
+}
+
+// The linker leads the calls of realloc here, of which QsMalloc is one.
+extern "C" {
+void* __real_realloc(void* block, std::size_t size);
+void* __wrap_realloc(void* block, std::size_t size);
+
+void* __wrap_realloc(void* block, std::size_t size)
+{
+    return refuses() ? nullptr : __real_realloc(block, size);
+}
+}
