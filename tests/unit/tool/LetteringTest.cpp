@@ -197,17 +197,24 @@ TEST_F(LetteringTest, TakesAnySize)
     EXPECT_TRUE(lettering().spans[0].letters.empty());
 }
 
+namespace {
+
+/// A square of 2 to the right of `x`, or one to its left, which goes around the other way.
+Path square(double x, double side = 2)
+{
+    Path path;
+    path.moveTo({x, 0});
+    path.lineTo({x + side, 0});
+    path.lineTo({x + side, 2});
+    path.lineTo({x, 2});
+    path.close();
+    return path;
+}
+
+} // namespace
+
 TEST(LetteringAreas, JoinOutlinesThatOverlap)
 {
-    const auto square = [](double x) {
-        Path path;
-        path.moveTo({x, 0});
-        path.lineTo({x + 2, 0});
-        path.lineTo({x + 2, 2});
-        path.lineTo({x, 2});
-        path.close();
-        return path;
-    };
     EXPECT_TRUE(areasOf({}).empty());
     const std::vector<Path> areas = areasOf({square(0), square(1), square(3), square(4.5)});
     ASSERT_EQ(areas.size(), 2U);
@@ -218,4 +225,10 @@ TEST(LetteringAreas, JoinOutlinesThatOverlap)
 
     const std::vector<Path> many = areasOf(std::vector<Path>(600, square(0)));
     EXPECT_EQ(many.size(), 3U);
+}
+
+TEST(LetteringAreas, LeaveNoHolesWhereOutlinesOfTwoKindsOverlap)
+{
+    EXPECT_EQ(areasOf({square(0), square(3, -2)}).size(), 2U);
+    EXPECT_EQ(areasOf({square(2, -2), square(3, -2)}).size(), 1U);
 }

@@ -131,10 +131,6 @@ std::optional<Letter> FontFile::glyph(FT_UInt index)
         FT_Outline_Embolden(&outline, strength);
         advance += FT_IS_FIXED_WIDTH(_face.get()) ? 0 : strength;
     }
-    // Else letters of two kinds of fonts that overlap in one area would leave holes.
-    if (FT_Outline_Get_Orientation(&outline) == FT_ORIENTATION_POSTSCRIPT) {
-        FT_Outline_Reverse(&outline);
-    }
     const double em = 1.0 / _face->units_per_EM;
     Letter letter;
     letter.advance = static_cast<double>(advance) * em;

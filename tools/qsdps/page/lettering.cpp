@@ -31,8 +31,8 @@ struct Run {
     }
 };
 
-/// The characters of a span from left to right as they are seen.
-std::wstring seenText(const TextSpan& span)
+/// The characters of a span from left to right as they are seen; `isApproximation` is set where that is not sure.
+std::wstring seenText(const TextSpan& span, bool& isApproximation)
 {
     std::wstring characters;
     bool bothWays = span.rightToLeft;
@@ -45,8 +45,13 @@ std::wstring seenText(const TextSpan& span)
             bothWays = bothWays || isRightToLeft(character);
         }
     }
-    const auto base = span.rightToLeft ? QsdBidiString::RightToLeft : QsdBidiString::LeftToRight;
-    return bothWays ? QsdBidiString(characters, base).visualText() : characters;
+    if (!bothWays) {
+        return characters;
+    }
+    // Pairs of them go with what they enclose, which a bidirectional string does not know.
+    isApproximation = isApproximation || characters.find_first_of(L"()[]{}") != std::wstring::npos;
+    return QsdBidiString(characters, span.rightToLeft ? QsdBidiString::RightToLeft : QsdBidiString::LeftToRight)
+        .visualText();
 }
 
 std::optional<Run> runOf(const TextSpan& span, LetterFonts& fonts, Lettering& lettering)
@@ -58,7 +63,7 @@ std::optional<Run> runOf(const TextSpan& span, LetterFonts& fonts, Lettering& le
     if (font == nullptr) {
         return std::nullopt;
     }
-    for (const wchar_t code : seenText(span)) {
+    for (const wchar_t code : seenText(span, lettering.isApproximation)) {
         const auto character = static_cast<char32_t>(code);
         std::shared_ptr<const Letter> letter = font->letter(character);
         double kerning = 0;
@@ -173,6 +178,39 @@ LetteredSpan along(const Run& run, const PathWalk& walk, double& offset)
     return lettered;
 }
 
+/// Which way an outline as a whole goes around what it encloses; fonts of different formats differ.
+bool turnsRight(const Path& path)
+{
+    double twiceArea = 0;
+    Point start;
+    Point at;
+    const auto go = [&](Point to) {
+        twiceArea += at.x * to.y - to.x * at.y;
+        at = to;
+    };
+    const Point* next = path.points().data();
+    for (const Path::Verb verb : path.verbs()) {
+        switch (verb) {
+        case Path::Verb::Move:
+            start = at = *next++;
+            break;
+        case Path::Verb::Line:
+            go(*next++);
+            break;
+        case Path::Verb::Cubic:
+            go(next[0]);
+            go(next[1]);
+            go(next[2]);
+            next += 3;
+            break;
+        case Path::Verb::Close:
+            go(start);
+            break;
+        }
+    }
+    return twiceArea > 0;
+}
+
 /// Whether spans of a chunk may follow each other in another order than they are seen in.
 bool mayBeOutOfOrder(const TextChunk& chunk)
 {
@@ -223,16 +261,20 @@ std::vector<Path> areasOf(std::vector<Path> outlines)
     constexpr std::size_t MostPoints = 1000;
     std::vector<Path> areas;
     Box last;
+    bool lastTurns = false;
     for (Path& outline : outlines) {
         const Box box = outline.controlBox();
+        const bool turns = turnsRight(outline);
         const bool overlaps = box.x < last.x + last.width && last.x < box.x + box.width &&
                               box.y < last.y + last.height && last.y < box.y + box.height;
-        if (!areas.empty() && overlaps && areas.back().points().size() + outline.points().size() <= MostPoints) {
+        if (!areas.empty() && overlaps && turns == lastTurns &&
+            areas.back().points().size() + outline.points().size() <= MostPoints) {
             append(areas.back(), outline);
         } else {
             areas.push_back(std::move(outline));
         }
         last = box;
+        lastTurns = turns;
     }
     return areas;
 }
