@@ -3,6 +3,7 @@
 pictures.py make               writes pictures of every kind here, and beside each NAME.rgb: what it should look like
 pictures.py big KIND W H NAME  writes a picture that fits in no test otherwise: "black" (grey PNG) or "bits" (raw PBM)
 pictures.py header W H NAME [interlaced]  writes a grey PNG file that says it has this size, and ends
+pictures.py text SIZE SAID NAME  writes a grey PNG file with a text of SIZE bytes that is said to have SAID bytes
 pictures.py same PPM RGB       compares a rendered page with what it should look like
 pictures.py count PPM R G B    prints how many pixels of a page have a colour
 pictures.py pixel PPM X Y      prints the colour of a pixel
@@ -171,6 +172,9 @@ def main(command, *words):
     elif command == "header":
         size = struct.pack(">IIBBBBB", int(words[0]), int(words[1]), 8, 0, 0, 0, len(words) - 3)
         write(words[2], SIGNATURE + chunk(b"IHDR", size) + chunk(b"IDAT", b""))
+    elif command == "text":
+        text = chunk(b"tEXt", b"Comment\0" + b" " * int(words[0]))
+        png(words[2], 1, 1, 8, 0, [[0]], struct.pack(">I", int(words[1]) + 8) + text[4:])
     elif command == "same":
         same(words[0], words[1])
     elif command == "count":

@@ -11,6 +11,10 @@ namespace {
 
 constexpr double InchesPerMeter = 1 / 0.0254;
 
+/// Names of the chunks that say nothing about the pixels, each with its end mark.
+constexpr png_byte Unused[] = "bKGD\0eXIf\0hIST\0iCCP\0iTXt\0oFFs\0pCAL\0sCAL\0sPLT\0sTER\0tEXt\0tIME\0zTXt";
+constexpr int ChunkNameSize = 5;
+
 /// Errors of the library come back to a setjmp of the function that called it, which has nothing to clean up.
 class PngReader : public ImageReader {
 public:
@@ -80,9 +84,8 @@ private:
         guarded([&] {
             png_set_read_fn(_png, this, readBytes);
             png_set_user_limits(_png, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
-            // A file of a few bytes must not make the library ask for gigabytes.
-            constexpr png_alloc_size_t MostOfAChunk = 8'000'000;
-            png_set_chunk_malloc_max(_png, MostOfAChunk);
+            // What is not used is skipped without being held: a file of a few bytes may claim gigabytes of text.
+            png_set_keep_unknown_chunks(_png, PNG_HANDLE_CHUNK_NEVER, Unused, sizeof Unused / ChunkNameSize);
             png_read_info(_png, _info);
         });
         _header.width = png_get_image_width(_png, _info);
