@@ -1,6 +1,7 @@
 #include "ps/QsdPSBulkStream.h"
 
 #include <array>
+#include <cstring>
 #include <fstream>
 #include <streambuf>
 
@@ -26,6 +27,16 @@ protected:
             sputc(traits_type::to_char_type(character));
         }
         return traits_type::not_eof(character);
+    }
+    /// Most texts are lines that fit as they are.
+    std::streamsize xsputn(const char* text, std::streamsize count) override
+    {
+        if (count > epptr() - pptr()) {
+            return std::streambuf::xsputn(text, count);
+        }
+        std::memcpy(pptr(), text, static_cast<std::size_t>(count));
+        pbump(static_cast<int>(count));
+        return count;
     }
     int sync() override { return 0; }
 

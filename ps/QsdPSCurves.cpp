@@ -3,6 +3,7 @@
 
 #include "ps/QsdPSWriter_p.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -15,7 +16,7 @@ std::int64_t truncated(long double value)
     if (std::isnan(value)) {
         return 0;
     }
-    return static_cast<std::int64_t>(std::fmin(std::fmax(value, -Limit), Limit));
+    return static_cast<std::int64_t>(std::clamp(value, -Limit, Limit));
 }
 
 } // namespace

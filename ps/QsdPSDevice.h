@@ -244,8 +244,6 @@ private:
     void writeArc(const QsdPalette* palette, const QsdRect& rect, float start, float range, bool fill) const;
     void writeClosedCurves(unsigned long count, const QsdPoint* points, bool fill) const;
 
-    void openString(const QsdPalette* palette, const QsdPoint& at, const char* opening) const;
-
     void writeBitmapMask(const QsdPalette* palette, const QsdPixelRows& pixels, const QsdRect& rect,
                          const QsdPSFilteredSource& source, const char* level2Operator) const;
     void stretchMask(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,

@@ -9,7 +9,22 @@ class QsdPSWriter;
 /// Whether a character may stand in a name of the language.
 [[nodiscard]] constexpr bool QsdPSIsRegular(char c)
 {
-    return c > ' ' && c < '\x7F' && std::string_view("()<>[]{}/%").find(c) == std::string_view::npos;
+    // A switch becomes a look at a table of bits; names are checked at every change of a font.
+    switch (c) {
+    case '(':
+    case ')':
+    case '<':
+    case '>':
+    case '[':
+    case ']':
+    case '{':
+    case '}':
+    case '/':
+    case '%':
+        return false;
+    default:
+        return c > ' ' && c < '\x7F';
+    }
 }
 
 /// A text in parentheses, printable and short enough for a line: what is neither is cut off or becomes a blank.

@@ -1,8 +1,12 @@
 #include "ps/QsdPSString.h"
 
+#include "ps/QsdPSStringBody_p.h"
+#include "ps/QsdPSWriter_p.h"
+
+#include <array>
 #include <cstddef>
 #include <cstring>
-#include <ostream>
+#include <string_view>
 
 QsEncoding CurrentEncoding = QsEncodingUnknown;
 
@@ -11,75 +15,58 @@ namespace {
 constexpr unsigned char SingleShift2 = 0x8E; ///< a half-width kana follows
 constexpr unsigned char SingleShift3 = 0x8F; ///< a character of the supplementary set follows
 
-/// Puts characters straight into the stream's buffer, so that a text of any length needs no memory of its own.
-class LiteralBody {
-public:
-    explicit LiteralBody(std::ostream& out) : _out(out), _buffer(out.good() ? out.rdbuf() : nullptr) {}
-    LiteralBody(const LiteralBody&) = delete;
-    LiteralBody& operator=(const LiteralBody&) = delete;
+void putOctal(unsigned char byte, QsdPSWriter& out)
+{
+    const char text[] = {'\\', static_cast<char>('0' + (byte >> 6)), static_cast<char>('0' + ((byte >> 3) & 7)),
+                         static_cast<char>('0' + (byte & 7))};
+    out << std::string_view(text, sizeof text);
+}
 
-    void put(char c)
-    {
-        if (_buffer != nullptr && !taken(c)) {
-            _buffer = nullptr;
-            _out.setstate(std::ios_base::badbit);
-        }
-    }
-    void put(unsigned char byte) { put(static_cast<char>(byte)); }
-    template <std::size_t N>
-    void put(const char (&text)[N])
-    {
-        for (std::size_t i = 0; i + 1 < N; ++i) {
-            put(text[i]);
-        }
-    }
-    void putOctal(unsigned char byte)
-    {
-        put('\\');
-        put(static_cast<char>('0' + (byte >> 6)));
-        put(static_cast<char>('0' + ((byte >> 3) & 7)));
-        put(static_cast<char>('0' + (byte & 7)));
-    }
+void putByte(unsigned char byte, QsdPSWriter& out)
+{
+    const auto character = static_cast<char>(byte);
+    out << std::string_view(&character, 1);
+}
 
-private:
-    /// Whether the buffer took the character; what it throws means that it did not.
-    bool taken(char c)
-    {
-        try {
-            return _buffer->sputc(c) != std::ostream::traits_type::eof();
-        } catch (...) {
-            return false;
-        }
-    }
-
-    std::ostream& _out;
-    std::streambuf* _buffer;
-};
-
-bool needsBackslash(unsigned char byte)
+constexpr bool needsBackslash(unsigned char byte)
 {
     return byte == '(' || byte == ')' || byte == '\\' || byte == '{' || byte == '}' || byte == '$';
 }
 
-void writeOctal(const unsigned char* text, std::size_t length, LiteralBody& body)
+/// The bytes of Latin texts that stand for themselves.
+constexpr auto PlainBytes = [] {
+    std::array<bool, 256> plain{};
+    for (unsigned byte = 0; byte < 0x7F; ++byte) {
+        plain[byte] = !needsBackslash(static_cast<unsigned char>(byte));
+    }
+    return plain;
+}();
+
+void writeOctal(const unsigned char* text, std::size_t length, QsdPSWriter& out)
 {
     for (std::size_t i = 0; i < length; ++i) {
-        body.putOctal(text[i]);
+        putOctal(text[i], out);
     }
 }
 
-void writeSingleByte(const unsigned char* text, std::size_t length, LiteralBody& body)
+void writeSingleByte(const unsigned char* text, std::size_t length, QsdPSWriter& out)
 {
-    for (std::size_t i = 0; i < length; ++i) {
-        const unsigned char byte = text[i];
-        if (byte >= 0x7F) {
-            body.putOctal(byte);
-            continue;
+    for (std::size_t i = 0; i < length;) {
+        const std::size_t first = i;
+        while (i < length && PlainBytes[text[i]]) {
+            ++i;
         }
-        if (needsBackslash(byte)) {
-            body.put('\\');
+        out << std::string_view(reinterpret_cast<const char*>(text) + first, i - first);
+        if (i == length) {
+            break;
         }
-        body.put(byte);
+        if (needsBackslash(text[i])) {
+            out << "\\";
+            putByte(text[i], out);
+        } else {
+            putOctal(text[i], out);
+        }
+        ++i;
     }
 }
 
@@ -87,55 +74,55 @@ void writeSingleByte(const unsigned char* text, std::size_t length, LiteralBody&
 enum class Run { SingleByte, Kanji, Kana };
 
 /// Seven bits of a kanji byte, without leading zeros.
-void putKanjiByte(unsigned char byte, LiteralBody& body)
+void putKanjiByte(unsigned char byte, QsdPSWriter& out)
 {
     const unsigned code = byte & 0x7FU;
-    body.put('\\');
+    out << "\\";
     if (code >= 0100) {
-        body.put('1');
+        out << "1";
     }
     if (code >= 010) {
-        body.put(static_cast<char>('0' + ((code >> 3) & 7)));
+        putByte(static_cast<unsigned char>('0' + ((code >> 3) & 7)), out);
     }
-    body.put(static_cast<char>('0' + (code & 7)));
+    putByte(static_cast<unsigned char>('0' + (code & 7)), out);
 }
 
-void writeEUC(const unsigned char* text, std::size_t length, LiteralBody& body)
+void writeEUC(const unsigned char* text, std::size_t length, QsdPSWriter& out)
 {
     Run run = Run::SingleByte;
     bool shifted = false;
     for (std::size_t i = 0; i < length; ++i) {
         const unsigned char byte = text[i];
         if (byte == SingleShift2 && run != Run::Kana) {
-            body.put("\\377\\002");
+            out << "\\377\\002";
             run = Run::Kana;
             shifted = true;
         } else if (byte == SingleShift2 || byte == SingleShift3) {
             shifted = true;
         } else if (byte <= 0x9F && run != Run::SingleByte) {
-            body.put("\\377\\000");
+            out << "\\377\\000";
             run = Run::SingleByte;
         } else if (byte > 0x9F && !shifted && run != Run::Kanji) {
-            body.put("\\377\\001");
+            out << "\\377\\001";
             run = Run::Kanji;
         }
         if (byte == SingleShift2 || byte == SingleShift3) {
             continue;
         }
         if (needsBackslash(byte)) {
-            body.put('\\');
+            out << "\\";
         }
         switch (run) {
         case Run::Kanji:
-            putKanjiByte(byte, body);
+            putKanjiByte(byte, out);
             break;
         case Run::Kana:
             // The scanner drops the backslash and keeps the byte, high bit included.
-            body.put('\\');
-            body.put(byte);
+            out << "\\";
+            putByte(byte, out);
             break;
         case Run::SingleByte:
-            body.put(byte);
+            putByte(byte, out);
             break;
         }
         shifted = false;
@@ -144,23 +131,30 @@ void writeEUC(const unsigned char* text, std::size_t length, LiteralBody& body)
 
 } // namespace
 
-void WriteOutPSString(const char* text, std::ostream* out, int length)
+void QsdPSWriteStringBody(QsdPSWriter& out, const char* text, int length)
 {
-    if (length == 0 || text == nullptr || out == nullptr || *text == '\0') {
+    if (length == 0 || text == nullptr || *text == '\0') {
         return;
     }
     const auto* const bytes = reinterpret_cast<const unsigned char*>(text);
     const std::size_t count = length < 0 ? std::strlen(text) : static_cast<std::size_t>(length);
-    LiteralBody body(*out);
     switch (CurrentEncoding) {
     case QsEncodingShiftJIS:
-        writeOctal(bytes, count, body);
+        writeOctal(bytes, count, out);
         break;
     case QsEncodingEUCJP:
-        writeEUC(bytes, count, body);
+        writeEUC(bytes, count, out);
         break;
     default:
-        writeSingleByte(bytes, count, body);
+        writeSingleByte(bytes, count, out);
         break;
     }
+}
+
+void WriteOutPSString(const char* text, std::ostream* out, int length)
+{
+    QsdPSWriter writer(out);
+    QsdPSWriteStringBody(writer, text, length);
+    // A stream that is told to throw when it fails does so here, not where the writer goes.
+    writer.commit();
 }

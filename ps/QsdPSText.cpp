@@ -6,6 +6,7 @@
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSClipRestorer_p.h"
 #include "ps/QsdPSString.h"
+#include "ps/QsdPSStringBody_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsLocale.h"
 
@@ -15,6 +16,7 @@
 #include <cwchar>
 #include <new>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -38,7 +40,7 @@ void writeFactors(QsdPSWriter& out, double x11, double x12, double x21, double x
     out << " M[" << x11 << QsdSpc() << x21 << QsdSpc() << x12 << QsdSpc() << x22 << " 0 0]concat" << EOL;
 }
 
-const char* alignment(QsdPosition position)
+std::string_view alignment(QsdPosition position)
 {
     switch (position) {
     case QsdPositionRight:
@@ -50,7 +52,7 @@ const char* alignment(QsdPosition position)
     }
 }
 
-const char* showProcedure(const QsdFont& font)
+std::string_view showProcedure(const QsdFont& font)
 {
     const bool multiByte = _QsdGetMaxCharSize() > 1;
     if (font.isUnderlined()) {
@@ -72,13 +74,9 @@ std::string multiByteText(const wchar_t* text, int length)
     return bytes;
 }
 
-} // namespace
-
-// Writes from the save level to the opening parenthesis; `opening` is what stands in front of the coordinates.
-void QsdPSDevice::openString(const QsdPalette* palette, const QsdPoint& at, const char* opening) const
+/// Writes from the save level to the opening parenthesis; `opening` is what stands in front of the coordinates.
+void openString(QsdPSWriter& out, const QsdFont& font, const QsdPoint& at, std::string_view opening)
 {
-    const QsdFont& font = *palette->font();
-    QsdPSWriter out(_stream);
     if (!isVertical(font)) {
         out << opening << at << " M 1 -1 scale(";
         return;
@@ -94,14 +92,17 @@ void QsdPSDevice::openString(const QsdPalette* palette, const QsdPoint& at, cons
     out << " 1 -1 scale(";
 }
 
+} // namespace
+
 void QsdPSDevice::drawString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
                              QsdPosition position) const
 {
     checkClip(palette->clipRegion());
     setCurrentPalette(palette);
-    openString(palette, at, "G ");
-    WriteOutPSString(text, _stream, length);
-    QsdPSWriter(_stream) << ")" << alignment(position) << showProcedure(*palette->font()) << EOL;
+    QsdPSWriter out(_stream);
+    openString(out, *palette->font(), at, "G ");
+    QsdPSWriteStringBody(out, text, length);
+    out << ")" << alignment(position) << showProcedure(*palette->font()) << EOL;
 }
 
 // The background is the box of the glyphs' outlines; the string waits on the operand stack while it is filled.
@@ -111,11 +112,14 @@ void QsdPSDevice::drawIString(const QsdPalette* palette, const QsdPoint& at, con
     checkClip(palette->clipRegion());
     setCurrentPalette(palette);
     const QsdPSBackground background(palette);
-    openString(palette, at, CurrentEncoding == QsEncodingShiftJIS ? "G " : " G n ");
-    WriteOutPSString(text, _stream, length);
-    QsdPSWriter(_stream) << ")" << alignment(position) << EOL //
-                         << "G dup true charpath pathbbox n 4 2 roll 2 copy M" << EOL
-                         << "3 index exch L 3 -1 roll 2 index L exch L c ";
+    {
+        QsdPSWriter out(_stream);
+        openString(out, *palette->font(), at, CurrentEncoding == QsEncodingShiftJIS ? "G " : " G n ");
+        QsdPSWriteStringBody(out, text, length);
+        out << ")" << alignment(position) << EOL //
+            << "G dup true charpath pathbbox n 4 2 roll 2 copy M" << EOL
+            << "3 index exch L 3 -1 roll 2 index L exch L c ";
+    }
     setForeground(background.get());
     QsdPSWriter(_stream) << " fill g " << showProcedure(*palette->font()) << EOL;
 }
@@ -145,16 +149,16 @@ void QsdPSDevice::drawTransformedString(const QsdPalette* palette, const char* t
     }
     double x11, x12, x21, x22, x0, y0;
     matrix.getValues(x11, x12, x21, x22, x0, y0);
+    QsdPSWriter out(_stream);
     {
         const QsdPSClassicNumbers classicNumbers;
         // The move by the ascent puts the top of the text at the transformed origin.
-        QsdPSWriter out(_stream);
         out << x0 << QsdSpc() << y0;
         writeFactors(out, x11, x12, x21, x22);
         out << "0 " << font.ascent() << " rM 1 -1 scale(";
     }
-    WriteOutPSString(text, _stream, length);
-    QsdPSWriter(_stream) << ")" << showProcedure(font) << EOL;
+    QsdPSWriteStringBody(out, text, length);
+    out << ")" << showProcedure(font) << EOL;
 }
 
 void QsdPSDevice::drawWChar(const QsdPalette* palette, const QsdPoint& at, const wchar_t* text, int length,

@@ -2,37 +2,41 @@
 
 #include <ostream>
 
-// As the stream's own inserters do: a failed stream takes nothing more, and what a buffer throws becomes its bad bit.
+namespace {
 
-void QsdPSWriter::write(const char* text, std::size_t size)
+bool written(std::streambuf& buffer, const char* text, std::size_t size)
 {
-    if (_stream == nullptr || !_stream->good()) {
+    const auto count = static_cast<std::streamsize>(size);
+    return buffer.sputn(text, count) == count;
+}
+
+/// Does what `output` does with the stream's buffer, as the stream's own inserters would: a failed stream takes nothing
+/// more, and what a buffer throws becomes its bad bit.
+template <class Output>
+void put(std::ostream* stream, Output output)
+{
+    if (stream == nullptr || !stream->good()) {
         return;
     }
-    bool written = false;
+    bool done = false;
     try {
-        written =
-            _stream->rdbuf()->sputn(text, static_cast<std::streamsize>(size)) == static_cast<std::streamsize>(size);
+        done = output(*stream->rdbuf());
     } catch (...) {
-        written = false;
+        done = false;
     }
-    if (!written) {
-        _stream->setstate(std::ios_base::badbit);
+    if (!done) {
+        stream->setstate(std::ios_base::badbit);
     }
 }
 
-void QsdPSWriter::flush()
+} // namespace
+
+void QsdPSWriter::write(const char* text, std::size_t size)
 {
-    if (_stream == nullptr || !_stream->good()) {
-        return;
-    }
-    bool flushed = false;
-    try {
-        flushed = _stream->rdbuf()->pubsync() != -1;
-    } catch (...) {
-        flushed = false;
-    }
-    if (!flushed) {
-        _stream->setstate(std::ios_base::badbit);
-    }
+    put(_stream, [=](std::streambuf& buffer) { return written(buffer, text, size); });
+}
+
+void QsdPSWriter::writeLine(const char* text, std::size_t size)
+{
+    put(_stream, [=](std::streambuf& buffer) { return written(buffer, text, size) && buffer.pubsync() != -1; });
 }

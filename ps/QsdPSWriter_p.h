@@ -43,7 +43,8 @@ public:
             return *this;
         }
         reserve(text.size());
-        std::memcpy(_buffer + _used, text.data(), text.size());
+        // Of memcpy the compiler makes string instructions here, which take long to start.
+        std::memmove(_buffer + _used, text.data(), text.size());
         _used += text.size();
         return *this;
     }
@@ -83,8 +84,9 @@ public:
     QsdPSWriter& operator<<(QsdPSLineEnd)
     {
         *this << std::string_view("\n", 1);
-        commit();
-        flush();
+        const std::size_t length = _used;
+        _used = 0;
+        writeLine(_buffer, length);
         return *this;
     }
 
@@ -108,7 +110,8 @@ private:
         }
     }
     void write(const char* text, std::size_t size);
-    void flush();
+    /// Writes and flushes.
+    void writeLine(const char* text, std::size_t size);
 
     std::ostream* _stream;
     std::size_t _used = 0;
