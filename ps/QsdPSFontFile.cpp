@@ -9,7 +9,7 @@
 #include <system_error>
 
 // A folder cannot be read, and a device or a pipe may never come to its end.
-QsdPSFontFile::QsdPSFontFile(const char* fileName)
+QsdPSFontFile::QsdPSFontFile(const char* fileName) : _fileName(fileName)
 {
     std::error_code error;
     if (std::filesystem::is_regular_file(fileName, error)) {
@@ -22,14 +22,17 @@ QsdPSFontFile::QsdPSFontFile(const char* fileName)
 
 bool QsdPSFontFile::copyTo(QsdPSWriter& out)
 {
-    bool sevenBits = true;
     char block[4096];
     while (_file.good()) {
         _file.read(block, sizeof block);
         const std::string_view part(block, static_cast<std::size_t>(_file.gcount()));
-        sevenBits = sevenBits &&
-                    std::all_of(part.begin(), part.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+        _sevenBits = _sevenBits &&
+                     std::all_of(part.begin(), part.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
         out << part;
     }
-    return sevenBits;
+    if (_file.bad()) {
+        QsdWarning("Couldn't read font file %s", _fileName);
+        return false;
+    }
+    return true;
 }

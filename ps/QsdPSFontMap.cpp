@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <istream>
 #include <limits>
@@ -18,6 +19,7 @@
 #include <memory>
 #include <string>
 #include <strings.h>
+#include <system_error>
 
 namespace {
 
@@ -103,6 +105,11 @@ constexpr Key Keys[] = {
 
 bool QsdPSFonts_::load(const char* path, QsEncoding)
 {
+    // A device or a pipe may never come to its end.
+    std::error_code error;
+    if (std::filesystem::is_other(path, error)) {
+        return false;
+    }
     std::ifstream stream(path);
     return stream && read(stream, "QsdPSFonts::read");
 }
@@ -152,7 +159,7 @@ bool QsdPSFonts_::read(std::istream& stream, const char*)
         if (stream.good()) {
             value.reset(QsdReadString(stream));
         }
-        if (!key.empty()) {
+        if (!key.empty() && !stream.bad()) {
             result = loadValue(record.get(), key.data(), value.get());
         }
         if (stream.good()) {

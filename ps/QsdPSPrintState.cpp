@@ -117,7 +117,8 @@ void QsdPSPrintDevice::writeFontSelection(int size, const char* name, const char
     out << " sf" << EOL;
 }
 
-// The file is the whole document's, so it goes to the setup.
+// The file is the whole document's, so it goes to the setup; one that breaks off is left out, as is one that is not
+// there.
 void QsdPSPrintDevice::writeFontFile(const char* fileName, const char* name, const char* suffix) const
 {
     QsdPSFontFile file(fileName);
@@ -127,10 +128,16 @@ void QsdPSPrintDevice::writeFontFile(const char* fileName, const char* name, con
     QsdPSPrintDocument& document = *_document;
     const std::string fullName = std::string(name) + suffix;
     QsdPSWriteWhole(document.resources.fontFiles(), [&](QsdPSSpool& spool) {
+        const std::uint64_t before = spool.size();
         QsdPSWriter out(&spool);
         out << "%%BeginResource: font " << QsdPSCommentName(fullName) << EOL;
-        document.sevenBits = file.copyTo(out) && document.sevenBits;
+        if (!file.copyTo(out)) {
+            out.commit();
+            spool.truncate(before);
+            return;
+        }
         out << EOL << "%%EndResource" << EOL;
         document.resources.supplyFont(fullName);
+        document.sevenBits = document.sevenBits && file.isSevenBits();
     });
 }

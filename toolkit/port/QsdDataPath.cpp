@@ -9,10 +9,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// A device or a pipe may never come to its end.
 bool isFile(const fs::path& path)
 {
     std::error_code error;
-    return fs::exists(path, error) && !fs::is_directory(path, error);
+    return fs::is_regular_file(path, error);
 }
 
 bool leadsUpwards(const fs::path& path)
