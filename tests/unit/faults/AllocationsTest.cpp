@@ -43,7 +43,7 @@ QsdPostScriptEncoder* make()
 }
 
 constexpr Manner Manners[] = {
-    {1, QsdPSRGB, nullptr},
+    {1, QsdPSRGB, make<QsdLZWEncoder>}, // not to be had at this level
     {2, QsdPSGrey, nullptr},
     {2, QsdPSRGB, make<QsdLZWEncoder>},
     {2, QsdPSRGB, make<QsdRunLengthEncoder>},
@@ -281,6 +281,41 @@ TYPED_TEST(Allocations, AnyThatFailsIsTold)
             EXPECT_GT(allowed, 40U);
         }
     }
+}
+
+TYPED_TEST(Allocations, DevicesAreMadeWholeOrNotAtAll)
+{
+    const long blocks = FailingMemory::LiveBlocks();
+    bool failed = true;
+    for (unsigned long allowed = 0; failed; ++allowed) {
+        QsdMemoryDisplay display;
+        {
+            const FailingMemory memory(allowed, FailingMemory::Once);
+            try {
+                const TypeParam device(&display, QsdPSRGB);
+            } catch (const std::bad_alloc&) {
+            }
+            failed = memory.hasFailed();
+        }
+        EXPECT_TRUE(failed || allowed != 0);
+    }
+    EXPECT_EQ(FailingMemory::LiveBlocks(), blocks);
+}
+
+TYPED_TEST(Allocations, DevicesThatAreDroppedKeepNothing)
+{
+    const auto drawAndDrop = [] {
+        Scene scene(Manners[0]);
+        TypeParam device(&scene.display, QsdPSRGB);
+        device.initDevice("/dev/null", nullptr);
+        drawTexts(device, scene);
+        EXPECT_FALSE(device.isBad());
+    };
+    // What a process has once is made first.
+    drawAndDrop();
+    const long blocks = FailingMemory::LiveBlocks();
+    drawAndDrop();
+    EXPECT_EQ(FailingMemory::LiveBlocks(), blocks);
 }
 
 } // namespace
