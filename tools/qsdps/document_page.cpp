@@ -4,7 +4,6 @@
 #include "input.h"
 #include "layout.h"
 #include "page/picture_strips.h"
-#include "page/tiling.h"
 #include "ps/QsdPSDevice.h"
 #include "svg/reader.h"
 #include "window_input.h"

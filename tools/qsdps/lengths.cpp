@@ -1,5 +1,7 @@
 #include "lengths.h"
 
+#include "lower_case.h"
+
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -37,17 +39,6 @@ constexpr NamedColor NamedColors[] = {
     {"green", {0, 128, 0}},  {"blue", {0, 0, 255}},      {"yellow", {255, 255, 0}},
     {"cyan", {0, 255, 255}}, {"magenta", {255, 0, 255}}, {"gray", {128, 128, 128}},
 };
-
-std::string lowerCase(std::string_view text)
-{
-    std::string result(text);
-    for (char& c : result) {
-        if (c >= 'A' && c <= 'Z') {
-            c = static_cast<char>(c - 'A' + 'a');
-        }
-    }
-    return result;
-}
 
 std::optional<std::uint8_t> hexComponent(std::string_view digits)
 {

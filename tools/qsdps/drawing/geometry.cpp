@@ -58,6 +58,12 @@ void Path::close()
     _verbs.push_back(Verb::Close);
 }
 
+void Path::append(const Path& other)
+{
+    _verbs.insert(_verbs.end(), other._verbs.begin(), other._verbs.end());
+    _points.insert(_points.end(), other._points.begin(), other._points.end());
+}
+
 Box Path::controlBox() const
 {
     if (_points.empty())
@@ -77,6 +83,17 @@ Path Path::transformed(const Matrix& m) const
     for (Point& p : result._points)
         p = m.map(p);
     return result;
+}
+
+Path outlineOf(const Box& box)
+{
+    Path path;
+    path.moveTo({box.x, box.y});
+    path.lineTo({box.x + box.width, box.y});
+    path.lineTo({box.x + box.width, box.y + box.height});
+    path.lineTo({box.x, box.y + box.height});
+    path.close();
+    return path;
 }
 
 } // namespace qsdps

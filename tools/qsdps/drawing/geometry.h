@@ -59,6 +59,8 @@ public:
     void lineTo(Point p);
     void cubicTo(Point c1, Point c2, Point p);
     void close();
+    /// Adds all of another outline.
+    void append(const Path& other);
 
     [[nodiscard]] bool empty() const { return _verbs.empty(); }
     /// The verbs in order; Move and Line consume one point, Cubic three, Close none.
@@ -74,5 +76,8 @@ private:
     std::vector<Verb> _verbs;
     std::vector<Point> _points;
 };
+
+/// The outline of a box, around it once from its corner at the top left.
+[[nodiscard]] Path outlineOf(const Box& box);
 
 } // namespace qsdps

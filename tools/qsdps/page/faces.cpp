@@ -1,5 +1,6 @@
 #include "page/faces.h"
 
+#include "lower_case.h"
 #include "page/wide_advances.h"
 
 #include <string_view>
@@ -66,17 +67,6 @@ constexpr FamilyName Sounds[] = {
     {"caslon", "times"},   {"didot", "times"},        {"antiqua", "times"},
     {"cmr", "times"},      {"mincho", "times"},
 };
-
-std::string lowerCase(std::string_view text)
-{
-    std::string result(text);
-    for (char& c : result) {
-        if (c >= 'A' && c <= 'Z') {
-            c = static_cast<char>(c - 'A' + 'a');
-        }
-    }
-    return result;
-}
 
 Face faceOf(const FamilyName& found, std::string_view name, bool bold, Face::Likeness likeness)
 {

@@ -88,28 +88,6 @@ std::optional<Run> runOf(const TextSpan& span, LetterFonts& fonts, Lettering& le
     return run;
 }
 
-void append(Path& path, const Path& piece)
-{
-    const Point* next = piece.points().data();
-    for (const Path::Verb verb : piece.verbs()) {
-        switch (verb) {
-        case Path::Verb::Move:
-            path.moveTo(*next++);
-            break;
-        case Path::Verb::Line:
-            path.lineTo(*next++);
-            break;
-        case Path::Verb::Cubic:
-            path.cubicTo(next[0], next[1], next[2]);
-            next += 3;
-            break;
-        case Path::Verb::Close:
-            path.close();
-            break;
-        }
-    }
-}
-
 /// Lines along a stretch of text that begins at the origin of `frame`.
 void addRules(LetteredSpan& lettered, double advance, const Matrix& frame)
 {
@@ -117,13 +95,7 @@ void addRules(LetteredSpan& lettered, double advance, const Matrix& frame)
     const double size = span.font.size;
     const auto rule = [&](double height) {
         const double half = size / 40;
-        Path line;
-        line.moveTo(frame.map({0, -height - half}));
-        line.lineTo(frame.map({0, -height + half}));
-        line.lineTo(frame.map({advance, -height + half}));
-        line.lineTo(frame.map({advance, -height - half}));
-        line.close();
-        lettered.rules.push_back(std::move(line));
+        lettered.rules.push_back(outlineOf({0, -height - half, advance, 2 * half}).transformed(frame));
     };
     if (span.underline) {
         rule(size * -0.1);
@@ -269,7 +241,7 @@ std::vector<Path> areasOf(std::vector<Path> outlines)
                               box.y < last.y + last.height && last.y < box.y + box.height;
         if (!areas.empty() && overlaps && turns == lastTurns &&
             areas.back().points().size() + outline.points().size() <= MostPoints) {
-            append(areas.back(), outline);
+            areas.back().append(outline);
         } else {
             areas.push_back(std::move(outline));
         }

@@ -2,7 +2,6 @@
 #include "page/lettering.h"
 #include "page/painter.h"
 #include "page/text_painter.h"
-#include "page/tiling.h"
 #include "svg/bounds_canvas.h"
 
 #include <algorithm>

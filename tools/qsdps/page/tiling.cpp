@@ -52,15 +52,4 @@ std::vector<Matrix> cellsOver(const QsdRect& bounds, const Box& cell, const Matr
     return cells;
 }
 
-Path outlineOf(const Box& box)
-{
-    Path path;
-    path.moveTo({box.x, box.y});
-    path.lineTo({box.x + box.width, box.y});
-    path.lineTo({box.x + box.width, box.y + box.height});
-    path.lineTo({box.x, box.y + box.height});
-    path.close();
-    return path;
-}
-
 } // namespace qsdps

@@ -13,7 +13,5 @@ namespace qsdps {
 /// None when they would be more than `most`, or the map cannot be inverted.
 [[nodiscard]] std::vector<Matrix> cellsOver(const QsdRect& bounds, const Box& cell, const Matrix& toUnits,
                                             std::size_t most);
-/// The box as a closed path.
-[[nodiscard]] Path outlineOf(const Box& box);
 
 } // namespace qsdps

@@ -61,12 +61,12 @@ void BoundsCanvas::stroke(const Path& path, const StrokeStyle& style, const Pain
 
 void BoundsCanvas::text(const TextChunk& chunk, const Matrix& toPage)
 {
-    add(chunk.along ? *chunk.along : boxPath(estimateText(chunk)), toPage, 0);
+    add(chunk.along ? *chunk.along : outlineOf(estimateText(chunk)), toPage, 0);
 }
 
 void BoundsCanvas::image(const ImageObject& image, double, const Matrix& toPage)
 {
-    add(boxPath(image.viewport), toPage, 0);
+    add(outlineOf(image.viewport), toPage, 0);
 }
 
 } // namespace qsdps::svg

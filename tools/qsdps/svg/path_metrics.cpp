@@ -143,15 +143,4 @@ Box unite(const Box& a, const Box& b)
     return {x, y, std::max(a.x + a.width, b.x + b.width) - x, std::max(a.y + a.height, b.y + b.height) - y};
 }
 
-Path boxPath(const Box& box)
-{
-    Path path;
-    path.moveTo({box.x, box.y});
-    path.lineTo({box.x + box.width, box.y});
-    path.lineTo({box.x + box.width, box.y + box.height});
-    path.lineTo({box.x, box.y + box.height});
-    path.close();
-    return path;
-}
-
 } // namespace qsdps::svg

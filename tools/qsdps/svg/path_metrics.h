@@ -16,7 +16,5 @@ namespace qsdps::svg {
 [[nodiscard]] bool isFinite(const Matrix& m);
 /// The smallest box around both.
 [[nodiscard]] Box unite(const Box& a, const Box& b);
-/// The box as a closed outline.
-[[nodiscard]] Path boxPath(const Box& box);
 
 } // namespace qsdps::svg

@@ -2,7 +2,6 @@
 
 #include "svg/arc.h"
 #include "svg/path_data.h"
-#include "svg/path_metrics.h"
 #include "svg/scanner.h"
 
 #include <algorithm>
@@ -59,7 +58,7 @@ Path rectPath(const Element& element, const LengthBase& base, const Fault& fault
         return {};
     const Size corner = radii(element, base);
     if (corner.width <= 0 || corner.height <= 0)
-        return boxPath(box);
+        return outlineOf(box);
     return roundedBox(box, std::min(corner.width, box.width / 2), std::min(corner.height, box.height / 2));
 }
 

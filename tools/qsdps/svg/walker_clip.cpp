@@ -19,7 +19,7 @@ constexpr Rgb kWhite{255, 255, 255};
 void Walker::pushBoxClip(const Box& box, const Matrix& toPage)
 {
     ClipPath clip;
-    clip.outlines.push_back({boxPath(box), FillRule::NonZero, toPage, nullptr});
+    clip.outlines.push_back({outlineOf(box), FillRule::NonZero, toPage, nullptr});
     _canvas.pushClip(clip);
 }
 
@@ -193,7 +193,7 @@ Walker::Clip Walker::makeMaskClip(std::string_view id, const State& state, const
                      get("width", Axis::Horizontal, 1.2), get("height", Axis::Vertical, 1.2)};
     auto limits = std::make_shared<ClipPath>();
     limits->outlines.push_back(
-        {boxPath(region), FillRule::NonZero, regionOfBox ? state.toPage * boxMatrix(box) : state.toPage, nullptr});
+        {outlineOf(region), FillRule::NonZero, regionOfBox ? state.toPage * boxMatrix(box) : state.toPage, nullptr});
     clip->within = limits;
     if (contentOfBox) {
         inner.toPage = inner.toPage * boxMatrix(box);

@@ -74,7 +74,8 @@ void Walker::drawImage(const Element& element, State state)
         return;
     }
     completeSize(image.viewport, element, imageSize(bytes->data));
-    if (!(image.viewport.width > 0) || !(image.viewport.height > 0) || !isFinite(boxPath(image.viewport), state.toPage))
+    if (!(image.viewport.width > 0) || !(image.viewport.height > 0) ||
+        !isFinite(outlineOf(image.viewport), state.toPage))
         return;
     const AspectRatio aspect = parseAspectRatio(attribute(element.node, "preserveAspectRatio"));
     image.data = std::move(bytes->data);

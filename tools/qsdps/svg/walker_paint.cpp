@@ -110,7 +110,7 @@ Paint Walker::makeTile(const pugi::xml_node& node, const State& state, const Bou
     if (cellOfBox)
         cell = {box.x + cell.x * box.width, box.y + cell.y * box.height, cell.width * box.width,
                 cell.height * box.height};
-    if (!(cell.width > 0) || !(cell.height > 0) || !isFinite(boxPath(cell), state.toPage))
+    if (!(cell.width > 0) || !(cell.height > 0) || !isFinite(outlineOf(cell), state.toPage))
         return {};
 
     auto tile = std::make_shared<Tile>();
