@@ -1,16 +1,16 @@
 // Devices of every kind whose documents are kept in memory.
 #pragma once
 
-#include <cstring>
+#include <cstddef>
 #include <ostream>
 #include <streambuf>
 #include <string>
 #include <vector>
 
-/// Keeps what it is given, up to a few megabytes, without allocating.
+/// Keeps what it is given, up to a megabyte, without allocating.
 class CapturingBuffer : public std::streambuf {
 public:
-    CapturingBuffer() : _room(std::size_t{4} << 20) { clear(); }
+    CapturingBuffer() : _room(std::size_t{1} << 20) { clear(); }
 
     void clear() { setp(_room.data(), _room.data() + _room.size()); }
     [[nodiscard]] std::string text() const { return {pbase(), pptr()}; }

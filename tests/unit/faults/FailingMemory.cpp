@@ -61,6 +61,11 @@ void* operator new(std::size_t size)
     return block;
 }
 
+void* operator new[](std::size_t size)
+{
+    return operator new(size);
+}
+
 void operator delete(void* block) noexcept
 {
     liveBlocks -= block != nullptr ? 1 : 0;
@@ -68,6 +73,16 @@ void operator delete(void* block) noexcept
 }
 
 void operator delete(void* block, std::size_t) noexcept
+{
+    operator delete(block);
+}
+
+void operator delete[](void* block) noexcept
+{
+    operator delete(block);
+}
+
+void operator delete[](void* block, std::size_t) noexcept
 {
     operator delete(block);
 }

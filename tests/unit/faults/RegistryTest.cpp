@@ -2,6 +2,7 @@
 // whole.
 #include "ps/QsdPSFonts_.h"
 #include "tests/unit/faults/FailingMemory.h"
+#include "toolkit/base/QsdMessages.h"
 
 #include <gtest/gtest.h>
 #include <new>
@@ -27,6 +28,7 @@ void expectBuiltIn(const QsdPSFonts_& registry)
 
 TEST(Registry, IsMadeAndFilledWithoutMemory)
 {
+    QsdSetWarningHandler([](const char*, void*) {}, nullptr);
     for (const auto failing : {FailingMemory::Once, FailingMemory::FromThenOn}) {
         bool failed = true;
         unsigned long allowed = 0;
@@ -60,6 +62,7 @@ TEST(Registry, IsMadeAndFilledWithoutMemory)
         }
         EXPECT_GT(allowed, 50U);
     }
+    QsdSetWarningHandler(nullptr, nullptr);
 }
 
 } // namespace
