@@ -139,13 +139,12 @@ void QsdPSPrintDevice::writeInitialClip(const QsdRect& rect) const
 
 void QsdPSPrintDevice::setTransformer(const QsdTransformer& t)
 {
-    QsdTransformer& inForce = _document->inForce.transformer;
-    if (stream() != nullptr && t == inForce && t == currentTransformer()) {
+    if (stream() != nullptr && t == _document->inForce.transformer && t == currentTransformer()) {
         return;
     }
     QsdPSDevice::setTransformer(t);
     if (stream() != nullptr) {
-        inForce = t;
+        _document->setTransformer(t);
     }
 }
 
@@ -183,7 +182,7 @@ void QsdPSPrintDevice::noteClip(QsdPSPageClip&& noted) const
         return;
     }
     QsdPSPrintDocument& document = *_document;
-    document.inForce.transformer = noted.transformer;
+    document.setTransformer(noted.transformer);
     document.clip = std::move(noted);
     noteClipBox();
 }

@@ -116,7 +116,6 @@ private:
     void reach(double x1, double y1, double x2, double y2, double margin) const;
     void reachRect(const QsdRect& rect, double margin) const;
     void reachPoints(unsigned long count, const QsdPoint* points) const;
-    void reachBox(const QsdPSExtent& box, double outer) const;
     void reachStroke(const QsdPalette* palette, unsigned long count, const QsdPoint* points, bool closed) const;
     void noteText(const char* text, int length) const;
     void reachString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,

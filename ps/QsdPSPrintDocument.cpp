@@ -59,11 +59,38 @@ void QsdPSPrintDocument::noteBytes(std::string_view text)
         sevenBits && std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-QsdTransformer QsdPSPrintDocument::toPage() const
+void QsdPSPrintDocument::setTransformer(const QsdTransformer& t)
 {
-    QsdTransformer t = inForce.transformer;
-    t.compose(page);
-    return t;
+    inForce.transformer = t;
+    inForce.held = QsdPSExtent();
+}
+
+void QsdPSPrintDocument::reach(const QsdPSExtent& box, double margin)
+{
+    // Most drawings lie among earlier ones.
+    if (!box.isEmpty() && !(margin == 0 && inForce.held.contains(box))) {
+        reachFurther(box, margin);
+    }
+}
+
+void QsdPSPrintDocument::reachFurther(const QsdPSExtent& box, double margin)
+{
+    QsdTransformer toPage = inForce.transformer;
+    toPage.compose(page);
+    QsdPSExtent extent = QsdPSExtentOf(toPage, box.left, box.bottom, box.right, box.top);
+    // Without a turn the box around two boxes becomes the one around their images, which the page's extent holds too.
+    double x11, x12, x21, x22, x0, y0;
+    toPage.getValues(x11, x12, x21, x22, x0, y0);
+    const bool upright = (x12 == 0 && x21 == 0) || (x11 == 0 && x22 == 0);
+    if (upright && clipBox.contains(extent)) {
+        inForce.held.add(box);
+    }
+    extent.left -= margin;
+    extent.bottom -= margin;
+    extent.right += margin;
+    extent.top += margin;
+    extent.limitTo(clipBox);
+    pageExtent.add(extent);
 }
 
 // A stream may be told to throw when it fails, and there may be no memory for the copying; the output stays failed and

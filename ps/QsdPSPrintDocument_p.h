@@ -32,7 +32,10 @@ struct QsdPSInForce {
     std::optional<std::array<std::uint16_t, 3>> color;   ///< as it is written: thousandths; a grey three times
     QsdHandle<const QsdLineStyle> lineStyle;
     std::optional<unsigned long> lineWidth;
+    QsdHandle<const QsdColor> foreground; ///< that the colour was taken from, and how
+    bool foregroundInColor = false;
     QsdTransformer transformer;
+    QsdPSExtent held;        ///< in its coordinates: what the page's extent holds already, whatever the clip
     std::vector<bool> fonts; ///< by number, those that the page uses
 };
 
@@ -60,8 +63,9 @@ public:
     void endPage();
     /// Looks whether a text that is written as it is consists of 7-bit characters.
     void noteBytes(std::string_view text);
-    /// From the coordinates in force to points.
-    [[nodiscard]] QsdTransformer toPage() const;
+    void setTransformer(const QsdTransformer& t);
+    /// Takes into account that a box in the coordinates in force, and what lies so many points around it, was drawn on.
+    void reach(const QsdPSExtent& box, double margin);
     /// The extent of all finished pages.
     [[nodiscard]] QsdPSExtent extent() const;
 
@@ -93,6 +97,8 @@ public:
     bool lastPatternUpright = false;
 
 private:
+    void reachFurther(const QsdPSExtent& box, double margin);
+
     std::map<std::vector<bool>, std::uint32_t> _fontSetNumbers;
 };
 

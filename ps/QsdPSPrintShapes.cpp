@@ -11,11 +11,12 @@ namespace {
 
 constexpr unsigned PointsPerLine = 10;
 
+constexpr double MiterLimit = 10; ///< the language's first
+
 /// How far beyond its corner, in parts of half the line's width, the mitre of two lines reaches; a sharper one than the
-/// language's first limit is cut off.
+/// limit is cut off.
 double miter(const QsdPoint& before, const QsdPoint& corner, const QsdPoint& after)
 {
-    constexpr double Limit = 10;
     const double ax = static_cast<double>(before.x) - corner.x;
     const double ay = static_cast<double>(before.y) - corner.y;
     const double bx = static_cast<double>(after.x) - corner.x;
@@ -26,13 +27,21 @@ double miter(const QsdPoint& before, const QsdPoint& corner, const QsdPoint& aft
     }
     // Half the angle between them, from the cosine of the whole.
     const double sine = std::sqrt(std::max(0.0, (1 - (ax * bx + ay * by) / lengths) / 2));
-    return sine * Limit < 1 ? 1 : 1 / sine;
+    return sine * MiterLimit < 1 ? 1 : 1 / sine;
 }
 
 /// The box of a path whose points reach so far beyond themselves as lines do there.
 class PathBox {
 public:
-    explicit PathBox(bool zoomed) : _zoomed(zoomed) {}
+    /// A box that need not have what `held` (not owned) has already.
+    PathBox(bool zoomed, const QsdPSExtent& held) : _zoomed(zoomed), _held(held) {}
+
+    /// Whether everything up to `margin` beyond a point is within the box, or held.
+    [[nodiscard]] bool holds(const QsdPoint& point, double margin) const
+    {
+        const QsdPSExtent around{point.x - margin, point.y - margin, point.x + margin, point.y + margin};
+        return _zoomed && (_held.contains(around) || box.contains(around));
+    }
 
     void add(const QsdPoint& point, double margin = 0)
     {
@@ -47,6 +56,7 @@ public:
 
 private:
     bool _zoomed;
+    const QsdPSExtent& _held;
 };
 
 } // namespace
@@ -104,7 +114,7 @@ void QsdPSPrintDevice::drawPolyLine(const QsdPalette* palette, const QsdPoint& o
                                     const QsdDeltaPoint* deltas) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
-    PathBox path(_document->zoomableLineWidths);
+    PathBox path(_document->zoomableLineWidths, _document->inForce.held);
     QsdPoint before = origin;
     QsdPoint corner = origin;
     for (unsigned long i = 0; i + 1 < count; ++i) {
@@ -114,7 +124,7 @@ void QsdPSPrintDevice::drawPolyLine(const QsdPalette* palette, const QsdPoint& o
         corner = next;
     }
     path.add(corner, halfLineWidth(palette));
-    reachBox(path.box, path.outer);
+    _document->reach(path.box, path.outer);
     QsdPSDevice::drawPolyLine(palette, origin, count, deltas);
 }
 
@@ -130,7 +140,7 @@ void QsdPSPrintDevice::fillPolyLine(const QsdPalette* palette, const QsdPoint& o
                                     const QsdDeltaPoint* deltas, bool convex) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
-    PathBox path(true);
+    PathBox path(true, _document->inForce.held);
     QsdPoint corner = origin;
     for (unsigned long i = 0; i < count; ++i) {
         path.add(corner);
@@ -138,7 +148,7 @@ void QsdPSPrintDevice::fillPolyLine(const QsdPalette* palette, const QsdPoint& o
             corner = QsdPSStep(corner, deltas[i]);
         }
     }
-    reachBox(path.box, 0);
+    _document->reach(path.box, 0);
     QsdPSDevice::fillPolyLine(palette, origin, count, deltas, convex);
 }
 
@@ -221,22 +231,26 @@ void QsdPSPrintDevice::reachStroke(const QsdPalette* palette, unsigned long coun
                                    bool closed) const
 {
     const double half = halfLineWidth(palette);
-    PathBox path(_document->zoomableLineWidths);
+    PathBox path(_document->zoomableLineWidths, _document->inForce.held);
     for (unsigned long i = 0; i < count; ++i) {
+        // Mitres take long; few corners are so far out that theirs matters.
+        if (path.holds(points[i], half * MiterLimit)) {
+            continue;
+        }
         const bool corner = closed || (i != 0 && i + 1 != count);
         path.add(points[i],
                  corner ? half * miter(points[(i + count - 1) % count], points[i], points[(i + 1) % count]) : half);
     }
-    reachBox(path.box, path.outer);
+    _document->reach(path.box, path.outer);
 }
 
 void QsdPSPrintDevice::reachPoints(unsigned long count, const QsdPoint* points) const
 {
-    PathBox path(true);
+    PathBox path(true, _document->inForce.held);
     for (unsigned long i = 0; i < count; ++i) {
         path.add(points[i]);
     }
-    reachBox(path.box, 0);
+    _document->reach(path.box, 0);
 }
 
 void QsdPSPrintDevice::reachRect(const QsdRect& rect, double margin) const
@@ -252,20 +266,5 @@ void QsdPSPrintDevice::reach(double x1, double y1, double x2, double y2, double 
     QsdPSExtent box;
     box.add(std::min(x1, x2) - inner, std::min(y1, y2) - inner);
     box.add(std::max(x1, x2) + inner, std::max(y1, y2) + inner);
-    reachBox(box, zoomed ? 0 : margin);
-}
-
-void QsdPSPrintDevice::reachBox(const QsdPSExtent& box, double outer) const
-{
-    if (box.isEmpty()) {
-        return;
-    }
-    QsdPSPrintDocument& document = *_document;
-    QsdPSExtent extent = QsdPSExtentOf(document.toPage(), box.left, box.bottom, box.right, box.top);
-    extent.left -= outer;
-    extent.bottom -= outer;
-    extent.right += outer;
-    extent.top += outer;
-    extent.limitTo(document.clipBox);
-    document.pageExtent.add(extent);
+    _document->reach(box, zoomed ? 0 : margin);
 }

@@ -51,10 +51,14 @@ void QsdPSPrintDevice::writePalette(const QsdPalette* palette) const
         setFont(palette);
         inForce.font = QsdHandle<const QsdFont>(palette->font());
     }
-    const Shares shares = sharesOf(*palette->foreground(), inColor());
-    if (inForce.color != shares) {
-        setForeground(palette);
-        inForce.color = shares;
+    if (palette->foreground() != inForce.foreground.get() || inForce.foregroundInColor != inColor()) {
+        const Shares shares = sharesOf(*palette->foreground(), inColor());
+        if (inForce.color != shares) {
+            setForeground(palette);
+            inForce.color = shares;
+        }
+        inForce.foreground = QsdHandle<const QsdColor>(palette->foreground());
+        inForce.foregroundInColor = inColor();
     }
     // The line under a text is dashed as others are.
     if ((stroke || text) && palette->lineStyle() != inForce.lineStyle.get()) {
