@@ -6,6 +6,7 @@
 #include "toolkit/port/QsdSystemPort.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -65,10 +66,22 @@ public:
         }
         std::memset(bytes + there, 0, size - there);
     }
-    /// Whether the bit of column `x` is set in a row of one-bit pixels.
-    [[nodiscard]] bool bit(unsigned long r, unsigned long x) const
+    /// The first column from `x` on, below `width`, whose bit in a row of one-bit pixels is as `set` says; `width` when
+    /// there is none. Bits that the row does not have are clear.
+    [[nodiscard]] unsigned long findBit(unsigned long r, unsigned long x, unsigned long width, bool set) const
     {
-        return x / 8 < _rowBytes && (_data.get()[r * _rowBytes + x / 8] & (0x80U >> (x % 8))) != 0;
+        const unsigned char* const row = _data.get() + r * _rowBytes;
+        const unsigned flip = set ? 0 : 0xFF;
+        unsigned looked = 0xFFU >> (x % 8);
+        for (unsigned long i = x / 8; i * 8 < width; ++i) {
+            const unsigned byte = ((i < _rowBytes ? row[i] : 0U) ^ flip) & looked;
+            if (byte != 0) {
+                const auto column = static_cast<unsigned>(std::countl_zero(static_cast<unsigned char>(byte)));
+                return std::min(i * 8 + column, width);
+            }
+            looked = 0xFF;
+        }
+        return width;
     }
     /// `length` colour pixels of a row from column `x` on; those that the row does not have are 0. The size is that of
     /// all rows, or of the run alone where zeros were filled in.
@@ -99,20 +112,9 @@ private:
 template <class Emit>
 void QsdForEachMaskRun(const QsdPixelRows& mask, unsigned long r, unsigned long width, Emit emit)
 {
-    bool inside = false;
-    unsigned long first = 0;
-    for (unsigned long i = 0; i < width; ++i) {
-        const bool set = mask.bit(r, i);
-        if (set == inside) {
-            continue;
-        }
-        if (inside) {
-            emit(first, i - first, false);
-        }
-        inside = set;
-        first = i;
-    }
-    if (inside) {
-        emit(first, width - first, true);
+    for (unsigned long first = mask.findBit(r, 0, width, true); first < width;) {
+        const unsigned long end = mask.findBit(r, first, width, false);
+        emit(first, end - first, end == width);
+        first = mask.findBit(r, end, width, true);
     }
 }

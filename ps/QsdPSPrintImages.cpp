@@ -17,6 +17,7 @@
 #include "toolkit/encoder/QsdASCIIHexEncoder.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 namespace {
@@ -115,6 +116,20 @@ void writeColorTable(QsdPSWriter& out, const QsdPSImageFormat& format)
         ++written;
     }
     out << ">";
+}
+
+/// Samples of a row of hidden pixels, which are written as zeros: nobody sees them, and zeros are the shortest. In a
+/// table of colours that is the first one.
+std::vector<unsigned char> hiddenRow(const QsdPSImageFormat& format, std::size_t width, std::size_t components)
+{
+    std::vector<unsigned char> row(width * components);
+    if (format.kind() == QsdPSImageFormat::Indexed) {
+        const std::uint32_t color = format.colors().front();
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            row[i] = static_cast<unsigned char>(color >> 8 * (components - 1 - i % components));
+        }
+    }
+    return row;
 }
 
 } // namespace
@@ -346,11 +361,21 @@ void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPor
     QsdPostScriptEncoder* const encoder = imageEncoder();
     const QsdDisplay& display = *palette->display();
     ColorRows colors(display, rect.width, inColor());
+    const auto forEachRow = [&](auto use) {
+        forEachBand(display, source, rect, [&](const QsdPixelRows& rows, std::uint32_t first, std::uint32_t count) {
+            const QsdPixelRows maskRows(
+                display, mask, {rect.x, static_cast<std::int32_t>(rect.y + std::int64_t{first}), rect.width, count});
+            for (std::uint32_t r = 0; r < count; ++r) {
+                use(colors.read(rows, r), maskRows, r);
+            }
+        });
+    };
+    const std::size_t components = colors.components();
     QsdPSImageFormat format(colors.components());
-    forEachBand(display, source, rect, [&](const QsdPixelRows& rows, std::uint32_t, std::uint32_t count) {
-        for (std::uint32_t r = 0; r < count; ++r) {
-            format.look(colors.read(rows, r), rect.width);
-        }
+    forEachRow([&](const unsigned char* samples, const QsdPixelRows& maskRows, std::uint32_t r) {
+        QsdForEachMaskRun(maskRows, r, rect.width, [&](unsigned long first, unsigned long length, bool) {
+            format.look(samples + first * components, length);
+        });
     });
     format.decide(rect.width, rect.height, true);
     std::vector<unsigned char> packed(format.rowBytes(rect.width));
@@ -372,16 +397,18 @@ void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPor
         out << " Ik" << EOL;
     }
     std::vector<unsigned char> bits(QsdPSBitRowBytes(rect.width));
+    const std::vector<unsigned char> hidden = hiddenRow(format, rect.width, components);
+    std::vector<unsigned char> shown;
     encoder->startData();
-    forEachBand(display, source, rect, [&](const QsdPixelRows& rows, std::uint32_t first, std::uint32_t count) {
-        const QsdPixelRows maskRows(
-            display, mask, {rect.x, static_cast<std::int32_t>(rect.y + std::int64_t{first}), rect.width, count});
-        for (std::uint32_t r = 0; r < count; ++r) {
-            maskRows.copyRow(r, bits.size(), bits.data());
-            encoder->putBytes(bits.size(), bits.data());
-            format.pack(colors.read(rows, r), rect.width, packed.data());
-            encoder->putBytes(packed.size(), packed.data());
-        }
+    forEachRow([&](const unsigned char* samples, const QsdPixelRows& maskRows, std::uint32_t r) {
+        maskRows.copyRow(r, bits.size(), bits.data());
+        encoder->putBytes(bits.size(), bits.data());
+        shown = hidden;
+        QsdForEachMaskRun(maskRows, r, rect.width, [&](unsigned long first, unsigned long length, bool) {
+            std::memcpy(shown.data() + first * components, samples + first * components, length * components);
+        });
+        format.pack(shown.data(), rect.width, packed.data());
+        encoder->putBytes(packed.size(), packed.data());
     });
     encoder->endData();
     QsdPSWriter(stream()) << "g" << EOL;

@@ -132,7 +132,55 @@ TEST(PrintImages, MaskedOnesTakeAsFewBitsAsOthers)
     };
     EXPECT_EQ(startOf(many), "G/DeviceRGB setcolorspace 40 40 8[1 0 0 1 -3 -4]3");
     EXPECT_EQ(startOf(manyGreys), "G/DeviceGray setcolorspace 40 40 8[1 0 0 1 -3 -4]1");
-    EXPECT_EQ(startOf(two), "G[/Indexed/DeviceRGB 1<c8000000005a>]setcolorspace 40 40 1[1 0 0 1 -3 -4]0");
+    EXPECT_EQ(startOf(two), "G[/Indexed/DeviceRGB 1<00005ac80000>]setcolorspace 40 40 1[1 0 0 1 -3 -4]0");
+}
+
+/// The hexadecimal samples of a masked image.
+template <class Color>
+std::string maskedSamples(std::uint32_t side, Color color, const unsigned char* bits)
+{
+    PrintPage page(3);
+    page.device.setEncoder(new QsdASCIIHexEncoder(nullptr, true));
+    auto bitmap = bitmapOf(&page.display, side, color);
+    bitmap->setMask(QsdBitmap::FromBits(&page.display, side, side, bits));
+    page.device.drawTransparentBitmap(page.palette.get(), bitmap.get(), {0, 0, side, side}, {0, 0});
+    // The check of the structure knows where base 85 ends, not hexadecimal data.
+    page.device.end();
+    std::string samples = PrintPage::part(PrintPage::drawing(page.device.document()), " Ik\n", ">");
+    std::erase(samples, '\n');
+    return samples;
+}
+
+TEST(PrintImages, HiddenPixelsAreZeros)
+{
+    const unsigned char bits[] = {0x40, 0x00, 0xA0};
+    EXPECT_EQ(maskedSamples(3, many, bits), "40"
+                                            "000000070001000000"
+                                            "00"
+                                            "000000000000000000"
+                                            "a0"
+                                            "000a020000000e0a04");
+    EXPECT_EQ(maskedSamples(3, manyGreys, bits), "40"
+                                                 "000100"
+                                                 "00"
+                                                 "000000"
+                                                 "a0"
+                                                 "1a001c");
+}
+
+TEST(PrintImages, HiddenColorsAreInNoTable)
+{
+    // The columns that the mask hides, four of each eight, have a third colour.
+    const auto color = [](std::uint32_t x, std::uint32_t y) { return x % 8 < 4 ? QsdRGB{1, 2, 3} : two(x, y); };
+    const std::vector<unsigned char> bits(5 * 40, 0x0F);
+    std::string rows;
+    for (int pair = 0; pair < 20; ++pair) {
+        rows += "0f0f0f0f0f"
+                "0505050505"
+                "0f0f0f0f0f"
+                "0a0a0a0a0a";
+    }
+    EXPECT_EQ(maskedSamples(40, color, bits.data()), rows);
 }
 
 TEST(PrintImages, OneBitOnesAreMasks)
