@@ -4,11 +4,15 @@
 #include "ps/QsdPSGrey_p.h"
 #include "ps/QsdPSImageSource_p.h"
 #include "ps/QsdPSIndexedColors_p.h"
+#include "ps/QsdPSSamples_p.h"
+#include "toolkit/encoder/QsdASCII85Encoder.h"
+#include "toolkit/encoder/QsdASCIIHexEncoder.h"
 #include "toolkit/encoder/QsdPostScriptEncoder.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <typeinfo>
 
 namespace {
 
@@ -51,6 +55,25 @@ void putIndexedRow(QsdPostScriptEncoder& encoder, const QsdPSIndexedColors& colo
     }
 }
 
+/// Whether nobody can tell how many bytes the encoder is handed at a time. Encoders of a program's own get a call for
+/// each pixel, as they always did; ours, exactly, may get many pixels at once, as a call takes longer than to encode.
+bool takesBlocks(const QsdPostScriptEncoder& encoder)
+{
+    return typeid(encoder) == typeid(QsdASCII85Encoder) || typeid(encoder) == typeid(QsdASCIIHexEncoder);
+}
+
+void putDirectBlocks(QsdPostScriptEncoder& encoder, const QsdPSSamples& converter, const unsigned char* pixels,
+                     unsigned long count)
+{
+    constexpr unsigned long Most = 256;
+    std::array<unsigned char, 3 * Most> samples;
+    for (unsigned long first = 0; first < count; first += Most) {
+        const unsigned long part = std::min(Most, count - first);
+        converter.convert(pixels + converter.sourceBytes(first), part, samples.data());
+        encoder.putBytes(part * converter.components(), samples.data());
+    }
+}
+
 void putDirectPixel(QsdPostScriptEncoder& encoder, const unsigned char* pixel, bool inColor)
 {
     if (inColor) {
@@ -62,11 +85,7 @@ void putDirectPixel(QsdPostScriptEncoder& encoder, const unsigned char* pixel, b
 
 void putDirectRow(QsdPostScriptEncoder& encoder, const Row& row, unsigned long width, bool inColor)
 {
-    const unsigned long there = std::min(width, row.length / 4);
-    for (unsigned long i = 0; i < there; ++i) {
-        putDirectPixel(encoder, row.bytes + 4 * i, inColor);
-    }
-    for (unsigned long i = there; i < width; ++i) {
+    for (unsigned long i = 0; i < width; ++i) {
         const std::array<unsigned char, 4> pixel = {0, row.byte(4 * i + 1), row.byte(4 * i + 2), row.byte(4 * i + 3)};
         putDirectPixel(encoder, pixel.data(), inColor);
     }
@@ -95,8 +114,14 @@ void QsdPSDevice::writeImage(const QsdDisplay* display, unsigned long depth, uns
             putIndexedRow(encoder, colors, row(r), width, inColor);
         }
     } else {
+        const QsdPSSamples converter(*display, depth, inColor);
+        const bool blocks = takesBlocks(encoder) && width <= rowBytes / 4;
         for (unsigned long r = 0; r < height; ++r) {
-            putDirectRow(encoder, row(r), width, inColor);
+            if (blocks) {
+                putDirectBlocks(encoder, converter, row(r).bytes, width);
+            } else {
+                putDirectRow(encoder, row(r), width, inColor);
+            }
         }
     }
     encoder.endData();
