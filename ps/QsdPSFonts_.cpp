@@ -22,6 +22,17 @@ const char* familyOf(const QsdPSFontNames_* names)
     return names->family() == nullptr ? "" : names->family();
 }
 
+/// Whether two families are the same but for the case of letters. Most differ in their first, which shows without a
+/// call; of what letters beyond ASCII there are, the C library knows.
+bool isSameFamily(const char* a, const char* b)
+{
+    const auto first = static_cast<unsigned char>(*a);
+    const auto second = static_cast<unsigned char>(*b);
+    constexpr unsigned CaseBit = 0x20;
+    const bool ascii = first < 0x80 && second < 0x80;
+    return !(ascii && (first | CaseBit) != (second | CaseBit)) && strcasecmp(a, b) == 0;
+}
+
 QsdPSFontNames_** allocate(QsdPSFontNames_** old, std::size_t slots)
 {
     return static_cast<QsdPSFontNames_**>(QsRealloc(old, slots * sizeof *old));
@@ -58,7 +69,7 @@ QsdPSFonts_::~QsdPSFonts_()
 QsdPSFontNames_* QsdPSFonts_::getPSFontNames(QsEncoding encoding, const char* family) const
 {
     const auto matches = [=](const QsdPSFontNames_* names) {
-        return names->encoding() == encoding && (family == nullptr || strcasecmp(familyOf(names), family) == 0);
+        return names->encoding() == encoding && (family == nullptr || isSameFamily(familyOf(names), family));
     };
     QsdPSFontNames_* const* const found = std::find_if(_fonts, _fonts + _count, matches);
     return found == _fonts + _count ? nullptr : *found;

@@ -32,9 +32,10 @@ std::string QsdPSQuoted(std::string_view text)
 
 std::string QsdPSLiteralName(std::string_view name, std::string_view suffix)
 {
-    const auto regular = [](std::string_view text) { return std::all_of(text.begin(), text.end(), QsdPSIsRegular); };
-    const std::string whole = std::string(name).append(suffix);
-    return regular(whole) ? "/" + whole : QsdPSQuoted(whole) + "cvn";
+    std::string literal("/");
+    literal.append(name).append(suffix);
+    const std::string_view whole = std::string_view(literal).substr(1);
+    return std::all_of(whole.begin(), whole.end(), QsdPSIsRegular) ? literal : QsdPSQuoted(whole) + "cvn";
 }
 
 void QsdPSWriteName(QsdPSWriter& out, std::string_view name, std::string_view suffix)

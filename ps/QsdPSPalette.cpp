@@ -2,6 +2,7 @@
 #include "ps/QsdPSDevice.h"
 
 #include "ps/QsdPSClassicNumbers_p.h"
+#include "ps/QsdPSComponent_p.h"
 #include "ps/QsdPSGrey_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsdMessages.h"
@@ -59,15 +60,14 @@ void QsdPSDevice::writePalette(const QsdPalette* palette) const
 
 void QsdPSDevice::setForeground(const QsdPalette* palette) const
 {
-    const auto share = [](std::uint16_t component) { return component / 65535.0; };
     const QsdColor& color = *palette->foreground();
     const QsdPSClassicNumbers classicNumbers;
     QsdPSWriter out(_stream);
     if (color.red() == color.green() && color.green() == color.blue()) {
-        out << share(color.green()) << " setgray";
+        out << QsdPSComponent(color.green()).view() << " setgray";
     } else if (_colorModel != QsdPSGrey) {
-        out << share(color.red()) << QsdSpc() << share(color.green()) << QsdSpc() << share(color.blue())
-            << " setrgbcolor";
+        out << QsdPSComponent(color.red()).view() << QsdSpc() << QsdPSComponent(color.green()).view() << QsdSpc()
+            << QsdPSComponent(color.blue()).view() << " setrgbcolor";
     } else {
         out << QsdPSGreyOf(color.red() >> 8, color.green() >> 8, color.blue() >> 8) / 255.0 << " setgray";
     }

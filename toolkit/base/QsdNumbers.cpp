@@ -1,6 +1,7 @@
 #include "toolkit/base/QsdNumbers.h"
 
 #include <clocale>
+#include <cstring>
 #include <string>
 
 namespace {
@@ -10,6 +11,11 @@ std::string replacedLocale; ///< of the outermost enter; empty when nothing had 
 
 bool isClassic()
 {
+    // The name, where it tells, is had for less than the conventions.
+    const char* const name = std::setlocale(LC_NUMERIC, nullptr);
+    if (name != nullptr && std::strcmp(name, "C") == 0) {
+        return true;
+    }
     const lconv& conventions = *std::localeconv();
     return conventions.decimal_point[0] == '.' && conventions.decimal_point[1] == '\0' &&
            conventions.grouping[0] == '\0';

@@ -1,3 +1,4 @@
+#include "ps/QsdPSComponent_p.h"
 #include "ps/QsdPSWriter_p.h"
 
 #include <cmath>
@@ -37,6 +38,13 @@ TEST(Writer, RandomFloatsHaveTheStreamsDefaultForm)
     for (int i = 0; i < 20000; ++i) {
         const double value = std::ldexp(static_cast<double>(random()) - 9e18, static_cast<int>(random() % 200) - 100);
         ASSERT_EQ(written(value), defaultForm(value));
+    }
+}
+
+TEST(Writer, ComponentsAreTheQuotientsOfAll)
+{
+    for (unsigned component = 0; component <= 65535; ++component) {
+        ASSERT_EQ(QsdPSComponent(static_cast<std::uint16_t>(component)).view(), written(component / 65535.0));
     }
 }
 
