@@ -1,5 +1,7 @@
 #include "ps/QsdPSSpool_p.h"
 
+#include "ps/QsdPSTemporaryFile_p.h"
+
 #include <algorithm>
 
 QsdPSSpool::QsdPSSpool() : std::ostream(nullptr)
@@ -60,7 +62,7 @@ QsdPSSpool::Buffer::int_type QsdPSSpool::Buffer::overflow(int_type character)
 bool QsdPSSpool::Buffer::store()
 {
     if (_file == nullptr) {
-        _file.reset(std::tmpfile());
+        _file.reset(QsdPSOpenTemporaryFile());
         if (_file == nullptr || std::setvbuf(_file.get(), nullptr, _IONBF, 0) != 0) {
             return false;
         }

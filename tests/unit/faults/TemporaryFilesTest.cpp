@@ -2,13 +2,17 @@
 // that is told once, and the next document is whole.
 #include "ps/QsdPSBulkDevice.h"
 #include "ps/QsdPSPrintDevice.h"
+#include "ps/QsdPSTemporaryFile_p.h"
 #include "tests/unit/faults/CapturedDevice.h"
 #include "toolkit/base/QsdMessages.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"
 
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 #include <sys/resource.h>
 
@@ -98,20 +102,54 @@ TYPED_TEST(TemporaryFiles, OneThatCannotBeMadeFailsTheDocument)
     EXPECT_FALSE(this->device.writeFailed());
 }
 
-TYPED_TEST(TemporaryFiles, WithoutTheirFolderTheDocumentIsWholeOrHasFailed)
+/// Sets the folder for temporary files for as long as it lives.
+class NamedFolder {
+public:
+    explicit NamedFolder(const std::string& folder)
+    {
+        if (const char* const before = std::getenv("TMPDIR")) {
+            _before = before;
+        }
+        setenv("TMPDIR", folder.c_str(), 1);
+    }
+    NamedFolder(const NamedFolder&) = delete;
+    NamedFolder& operator=(const NamedFolder&) = delete;
+    ~NamedFolder()
+    {
+        if (_before) {
+            setenv("TMPDIR", _before->c_str(), 1);
+        } else {
+            unsetenv("TMPDIR");
+        }
+    }
+
+private:
+    std::optional<std::string> _before;
+};
+
+TYPED_TEST(TemporaryFiles, WithoutTheFolderThatIsNamedTheSystemsOwnServes)
 {
     const std::string expected = this->drawDocument();
-    const char* const folder = std::getenv("TMPDIR");
-    const std::string before = folder == nullptr ? "" : folder;
-    setenv("TMPDIR", "/no/such/folder", 1);
-    const std::string text = this->drawDocument();
-    if (folder == nullptr) {
-        unsetenv("TMPDIR");
-    } else {
-        setenv("TMPDIR", before.c_str(), 1);
+    const NamedFolder folder("/no/such/folder");
+    EXPECT_EQ(this->drawDocument(), expected);
+    EXPECT_FALSE(this->device.writeFailed());
+    EXPECT_EQ(this->reports, 0);
+}
+
+TEST(TemporaryFile, LiesInTheFolderThatIsNamedAndIsNotSeen)
+{
+    const std::filesystem::path folder = std::filesystem::path(::testing::TempDir()) / "dravonset-temporary";
+    std::filesystem::create_directory(folder);
+    {
+        const NamedFolder named(folder.string());
+        std::FILE* const file = QsdPSOpenTemporaryFile();
+        ASSERT_NE(file, nullptr);
+        const std::filesystem::path link = "/proc/self/fd/" + std::to_string(fileno(file));
+        EXPECT_EQ(std::filesystem::read_symlink(link).string().find((folder / "dravonset-").string()), 0U);
+        EXPECT_TRUE(std::filesystem::is_empty(folder));
+        std::fclose(file);
     }
-    EXPECT_EQ(this->device.writeFailed(), text != expected);
-    EXPECT_EQ(this->reports, this->device.writeFailed() ? 1 : 0);
+    std::filesystem::remove(folder);
 }
 
 } // namespace
