@@ -105,9 +105,10 @@ constexpr Key Keys[] = {
 
 bool QsdPSFonts_::load(const char* path, QsEncoding)
 {
-    // A device or a pipe may never come to its end.
+    // A device may never come to its end; a pipe is what a shell gives for a command's output.
     std::error_code error;
-    if (std::filesystem::is_other(path, error)) {
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    if (std::filesystem::is_character_file(status) || std::filesystem::is_block_file(status)) {
         return false;
     }
     std::ifstream stream(path);

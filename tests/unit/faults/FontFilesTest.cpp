@@ -15,6 +15,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -216,13 +217,21 @@ protected:
 
 const std::string Header = "// QsdPSFonts 1.0\n// Encoding: ISO8859-1\n";
 
-TEST_F(FontMaps, ThoseWithoutAnEndAreNotLoaded)
+TEST_F(FontMaps, DevicesAreNotLoaded)
+{
+    EXPECT_FALSE(load("/dev/zero"));
+    EXPECT_FALSE(load("/dev/null"));
+    EXPECT_EQ(registry.count(), 14U);
+}
+
+TEST_F(FontMaps, PipesAreLoaded)
 {
     const std::string pipe = folder.file("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_FALSE(load(pipe));
-    EXPECT_FALSE(load("/dev/zero"));
-    EXPECT_EQ(registry.count(), 14U);
+    std::thread writer([&] { std::ofstream(pipe) << Header << "Family piped\n"; });
+    EXPECT_TRUE(load(pipe));
+    writer.join();
+    EXPECT_NE(registry.getPSFontNames(QsEncodingLatin1, "piped"), nullptr);
 }
 
 TEST_F(FontMaps, LongLinesTakeNoMemory)
