@@ -99,8 +99,11 @@ void QsdPSDevice::setFont(const QsdPalette* palette) const
 
 void QsdPSDevice::writeFontSelection(int size, const char* name, const char* suffix, bool multiByte) const
 {
-    const std::string literal = QsdPSLiteralName(name, suffix);
-    QsdPSWriter(_stream) << size << literal << (multiByte ? " qsdjsf" : " qsdsf") << EOL;
+    const QsdPSLiteralName literal(name, suffix);
+    QsdPSWriter out(_stream);
+    out << size;
+    literal.write(out);
+    out << (multiByte ? std::string_view(" qsdjsf") : std::string_view(" qsdsf")) << EOL;
 }
 
 void QsdPSDevice::writeFontFile(const char* fileName, const char* name, const char* suffix) const

@@ -30,17 +30,26 @@ std::string QsdPSQuoted(std::string_view text)
     return quoted + ")";
 }
 
-std::string QsdPSLiteralName(std::string_view name, std::string_view suffix)
+QsdPSLiteralName::QsdPSLiteralName(std::string_view name, std::string_view suffix) : _name(name), _suffix(suffix)
 {
-    std::string literal("/");
-    literal.append(name).append(suffix);
-    const std::string_view whole = std::string_view(literal).substr(1);
-    return std::all_of(whole.begin(), whole.end(), QsdPSIsRegular) ? literal : QsdPSQuoted(whole) + "cvn";
+    const auto regular = [](std::string_view text) { return std::all_of(text.begin(), text.end(), QsdPSIsRegular); };
+    if (!regular(name) || !regular(suffix)) {
+        _quoted = QsdPSQuoted(std::string(name).append(suffix)) + "cvn";
+    }
+}
+
+void QsdPSLiteralName::write(QsdPSWriter& out) const
+{
+    if (_quoted.empty()) {
+        out << "/" << _name << _suffix;
+    } else {
+        out << _quoted;
+    }
 }
 
 void QsdPSWriteName(QsdPSWriter& out, std::string_view name, std::string_view suffix)
 {
-    out << QsdPSLiteralName(name, suffix);
+    QsdPSLiteralName(name, suffix).write(out);
 }
 
 std::string QsdPSCommentName(std::string_view name)

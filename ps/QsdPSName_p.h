@@ -1,37 +1,43 @@
 // Names and texts that come from outside, written so that they stay what they are.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
 class QsdPSWriter;
 
+/// Whether each character may stand in a name of the language. A table, as names are checked at every change of a font.
+inline constexpr auto QsdPSRegularCharacters = [] {
+    std::array<bool, 256> regular{};
+    for (unsigned char c = '!'; c < 0x7F; ++c) {
+        regular[c] = std::string_view("()<>[]{}/%").find(static_cast<char>(c)) == std::string_view::npos;
+    }
+    return regular;
+}();
+
 /// Whether a character may stand in a name of the language.
 [[nodiscard]] constexpr bool QsdPSIsRegular(char c)
 {
-    // A switch becomes a look at a table of bits; names are checked at every change of a font.
-    switch (c) {
-    case '(':
-    case ')':
-    case '<':
-    case '>':
-    case '[':
-    case ']':
-    case '{':
-    case '}':
-    case '/':
-    case '%':
-        return false;
-    default:
-        return c > ' ' && c < '\x7F';
-    }
+    return QsdPSRegularCharacters[static_cast<unsigned char>(c)];
 }
 
 /// A text in parentheses, printable and short enough for a line: what is neither is cut off or becomes a blank.
 [[nodiscard]] std::string QsdPSQuoted(std::string_view text);
 
-/// The text of a literal name of one or two parts; one that the language cannot write as such is made of a string.
-[[nodiscard]] std::string QsdPSLiteralName(std::string_view name, std::string_view suffix);
+/// A literal name of one or two parts; one that the language cannot write as such is made of a string. It needs no
+/// memory once it is there, so the line that it belongs to becomes whole.
+class QsdPSLiteralName {
+public:
+    /// The parts are not copied.
+    QsdPSLiteralName(std::string_view name, std::string_view suffix);
+    void write(QsdPSWriter& out) const;
+
+private:
+    std::string_view _name;
+    std::string_view _suffix;
+    std::string _quoted; ///< empty for a name that can be written as such
+};
 
 /// Writes a literal name.
 void QsdPSWriteName(QsdPSWriter& out, std::string_view name, std::string_view suffix = "");
