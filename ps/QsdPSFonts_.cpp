@@ -30,7 +30,7 @@ bool isSameFamily(const char* a, const char* b)
     const auto second = static_cast<unsigned char>(*b);
     constexpr unsigned CaseBit = 0x20;
     const bool ascii = first < 0x80 && second < 0x80;
-    return !(ascii && (first | CaseBit) != (second | CaseBit)) && strcasecmp(a, b) == 0;
+    return !(ascii && (first | CaseBit) != (second | CaseBit)) && (std::strcmp(a, b) == 0 || strcasecmp(a, b) == 0);
 }
 
 QsdPSFontNames_** allocate(QsdPSFontNames_** old, std::size_t slots)
