@@ -23,9 +23,9 @@ public:
             _size = static_cast<std::size_t>(end.ptr - _text);
         } else {
             if (component * 10U >= Whole) {
-                putFraction<Digits>((component * 2000000ULL + Whole) / (2 * Whole));
+                putFraction<Digits>((component * 2000000ULL + Whole) / (2ULL * Whole));
             } else {
-                putFraction<Digits + 1>((component * 20000000ULL + Whole) / (2 * Whole));
+                putFraction<Digits + 1>((component * 20000000ULL + Whole) / (2ULL * Whole));
             }
         }
     }

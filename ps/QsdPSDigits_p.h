@@ -30,7 +30,7 @@ inline constexpr auto QsdPSDigitGroups = [] {
 inline char* QsdPSPutShortInteger(char* at, std::uint32_t value)
 {
     const char* const group = QsdPSDigitGroups.data() + std::size_t{4} * value;
-    const auto zeros = static_cast<std::size_t>(group[3]);
+    const auto zeros = static_cast<std::size_t>(static_cast<unsigned char>(group[3]));
     std::memcpy(at, group + zeros, 4);
     return at + (3 - zeros);
 }

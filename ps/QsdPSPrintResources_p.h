@@ -19,7 +19,8 @@ struct QsdPSPatternKey {
     std::uint16_t width = 0;
     std::uint16_t height = 0;
     std::uint64_t hashes[2] = {}; ///< of the samples
-    auto operator<=>(const QsdPSPatternKey&) const = default;
+    // The check takes what the compiler makes of this for a comparison with a null pointer.
+    auto operator<=>(const QsdPSPatternKey&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
 /// Collects definitions while the pages are drawn. Fonts are called F1, F2, ..., patterns P1, P2, ... in the document.
