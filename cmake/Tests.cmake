@@ -1,3 +1,11 @@
+# Numbers must not follow the locale. Tests of that need one with a decimal comma, which the machine may not have.
+set(DRAVONSET_TEST_LOCALES ${PROJECT_BINARY_DIR}/locales)
+if(NOT EXISTS ${DRAVONSET_TEST_LOCALES}/de_DE.UTF-8)
+    file(MAKE_DIRECTORY ${DRAVONSET_TEST_LOCALES})
+    execute_process(COMMAND localedef --no-warnings=ascii -i de_DE -f UTF-8 ${DRAVONSET_TEST_LOCALES}/de_DE.UTF-8
+        OUTPUT_QUIET ERROR_QUIET)
+endif()
+
 # dravonset_test(NAME SOURCES file... LINK target...): a GoogleTest program whose tests ctest knows one by one, each in a
 # process of its own, so that what a process has once (registry, locale, font scales) starts fresh for every test.
 function(dravonset_test name)
@@ -6,5 +14,7 @@ function(dravonset_test name)
     dravonset_target_defaults(${name})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE ${test_LINK} GTest::gtest_main)
-    gtest_discover_tests(${name} TEST_PREFIX ${name}. PROPERTIES ENVIRONMENT SOURCE_DATE_EPOCH=1700000000)
+    gtest_discover_tests(${name} TEST_PREFIX ${name}. PROPERTIES
+        ENVIRONMENT SOURCE_DATE_EPOCH=1700000000
+        ENVIRONMENT_MODIFICATION LOCPATH=set:${DRAVONSET_TEST_LOCALES})
 endfunction()

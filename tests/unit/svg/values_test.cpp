@@ -30,7 +30,7 @@ TEST(Numbers, RefuseWhatIsNotFinite)
 TEST(Numbers, DoNotDependOnTheLocale)
 {
     if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr)
-        std::setlocale(LC_ALL, "C.UTF-8");
+        GTEST_SKIP() << "no locale with a decimal comma";
     EXPECT_EQ(parseNumber("1.5"), 1.5);
     std::setlocale(LC_ALL, "C");
 }
