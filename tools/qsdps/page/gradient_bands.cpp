@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace qsdps {
@@ -90,10 +91,10 @@ std::vector<BandArea> linearAreas(const Gradient& gradient, const Matrix& toUnit
     // In the frame of the gradient the first coordinate is the offset.
     const Matrix frame{axis.x, axis.y, -axis.y, axis.x, gradient.start.x, gradient.start.y};
     const Matrix frameToUnits = toUnits * frame;
-    double low = INFINITY;
-    double high = -INFINITY;
-    double near = INFINITY;
-    double far = -INFINITY;
+    double low = std::numeric_limits<double>::infinity();
+    double high = -std::numeric_limits<double>::infinity();
+    double near = std::numeric_limits<double>::infinity();
+    double far = -std::numeric_limits<double>::infinity();
     for (const Point& p : cornersOf(bounds, frameToUnits.inverse())) {
         low = std::min(low, p.x);
         high = std::max(high, p.x);

@@ -2,14 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace qsdps {
 
 namespace {
 
 struct Range {
-    double first = INFINITY;
-    double last = -INFINITY;
+    double first = std::numeric_limits<double>::infinity();
+    double last = -std::numeric_limits<double>::infinity();
 
     void include(double value)
     {
