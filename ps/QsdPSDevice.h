@@ -237,6 +237,7 @@ private:
     void sendCurrentTransformer() const;
     void removeClip() const;
 
+    void fillPath(const QsdPalette* palette) const;
     void writeOpaqueStart(const QsdPalette* palette) const;
     void writeMaskTile(const QsdPalette* palette, bool opaque) const;
     void writeColorPattern(const QsdPalette* palette) const;

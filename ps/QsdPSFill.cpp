@@ -10,6 +10,7 @@
 #include "toolkit/base/QsMalloc.h"
 
 #include <memory>
+#include <new>
 
 namespace {
 
@@ -33,6 +34,17 @@ void writeTiling(QsdPSWriter& out, const QsdPalette* palette, const Pattern& pat
 void QsdPSDevice::fillWithPattern(const QsdPalette* palette) const
 {
     checkClip(palette->clipRegion());
+    try {
+        fillPath(palette);
+    } catch (const std::bad_alloc&) {
+        // The path that waits to be filled stands in a line of its own, which what follows drops.
+        QsdPSWriter(_stream) << EOL;
+        throw;
+    }
+}
+
+void QsdPSDevice::fillPath(const QsdPalette* palette) const
+{
     switch (palette->fillStyle()) {
     case QsdFillPattern:
         if (palette->pattern() == palette->display()->solidPattern()) {

@@ -234,7 +234,7 @@ protected:
     void checkOrder(const std::string& text)
     {
         for (const std::string& line : linesOf(text)) {
-            EXPECT_TRUE(expectedLines.count(line) != 0) << line;
+            EXPECT_TRUE(expectedLines.count(line) != 0 || isUnfilledPath(line)) << line;
         }
         // What stays open for the pages that follow each other, and for a page of its own.
         if constexpr (!std::derived_from<Device, QsdPSPrintDevice>) {
@@ -245,6 +245,13 @@ protected:
                 ADD_FAILURE() << fault;
             }
         }
+    }
+
+    /// Whether a line is an expected one as far as the path of a fill goes.
+    [[nodiscard]] bool isUnfilledPath(const std::string& line) const
+    {
+        const auto next = expectedLines.lower_bound(line);
+        return line.ends_with(" rect ") && next != expectedLines.end() && next->starts_with(line);
     }
 
     void drawWhole(const Manner& manner)

@@ -51,9 +51,27 @@ long FailingMemory::LiveBlocks()
     return liveBlocks;
 }
 
+// The linker leads the calls of malloc and realloc here. QsMalloc calls one of them, as the compiler likes.
+extern "C" {
+void* __real_malloc(std::size_t size);
+void* __real_realloc(void* block, std::size_t size);
+void* __wrap_malloc(std::size_t size);
+void* __wrap_realloc(void* block, std::size_t size);
+
+void* __wrap_malloc(std::size_t size)
+{
+    return refuses() ? nullptr : __real_malloc(size);
+}
+
+void* __wrap_realloc(void* block, std::size_t size)
+{
+    return refuses() ? nullptr : __real_realloc(block, size);
+}
+}
+
 void* operator new(std::size_t size)
 {
-    void* const block = refuses() ? nullptr : std::malloc(size != 0 ? size : 1);
+    void* const block = std::malloc(size != 0 ? size : 1);
     if (block == nullptr) {
         throw std::bad_alloc();
     }
@@ -85,15 +103,4 @@ void operator delete[](void* block) noexcept
 void operator delete[](void* block, std::size_t) noexcept
 {
     operator delete(block);
-}
-
-// The linker leads the calls of realloc here, of which QsMalloc is one.
-extern "C" {
-void* __real_realloc(void* block, std::size_t size);
-void* __wrap_realloc(void* block, std::size_t size);
-
-void* __wrap_realloc(void* block, std::size_t size)
-{
-    return refuses() ? nullptr : __real_realloc(block, size);
-}
 }
