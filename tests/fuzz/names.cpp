@@ -59,6 +59,14 @@ bool isNumber(const std::string& name)
            name.find_first_not_of("+-.0123456789e") == std::string::npos;
 }
 
+/// Fonts of a document are numbered, and those of the same name share a number.
+std::string withoutNumber(const std::string& word)
+{
+    const bool isFont =
+        word.size() > 1 && word[0] == 'F' && word.find_first_not_of("0123456789", 1) == std::string::npos;
+    return isFont ? "F" : word;
+}
+
 /// How often what is executed, each bracket and each kind of comment occur.
 std::map<std::string, int> wordsOf(const std::string& document)
 {
@@ -71,7 +79,7 @@ std::map<std::string, int> wordsOf(const std::string& document)
         const bool isName = token.text == "cvn" && i != 0 && found.tokens[i - 1].kind == Token::Kind::String;
         if (token.kind == Token::Kind::Bracket ||
             (token.kind == Token::Kind::Name && !isName && !isNumber(token.text))) {
-            ++words[token.text];
+            ++words[withoutNumber(token.text)];
         }
     }
     for (const std::string& comment : found.comments) {
