@@ -48,7 +48,7 @@ function(dravonset_target_defaults target)
     endif()
     if(DRAVONSET_SANITIZE)
         # What the sanitizers add to a function makes g++ 12 take buffers that are filled later for forgotten ones.
-        target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
+        target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
         target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
         target_link_options(${target} PRIVATE -fsanitize=address,undefined)
     endif()
