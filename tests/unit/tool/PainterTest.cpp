@@ -14,6 +14,17 @@ namespace {
 class PainterTest : public testing::Test {
 protected:
     static Paint solid(Rgb color, double opacity = 1) { return {color, opacity}; }
+    /// A text of one letter.
+    static TextChunk redLetter(const char* family)
+    {
+        TextChunk chunk;
+        chunk.at = {10, 50};
+        chunk.spans.push_back({});
+        chunk.spans[0].text = "H";
+        chunk.spans[0].font.families = {family};
+        chunk.spans[0].fill = solid({255, 0, 0});
+        return chunk;
+    }
     void fill(const Box& box, const Paint& paint) { painter.fill(outlineOf(box), FillRule::NonZero, paint, Matrix()); }
     [[nodiscard]] Rgb lastColor() const
     {
@@ -151,12 +162,7 @@ TEST_F(PainterTest, DrawsTextsThatStringsCannotShowAsOutlines)
     if (tools.letters.find({}) == nullptr) {
         GTEST_SKIP() << "no fonts are installed";
     }
-    TextChunk chunk;
-    chunk.at = {10, 50};
-    chunk.spans.push_back({});
-    chunk.spans[0].text = "H";
-    chunk.spans[0].font.families = {"Helvetica"};
-    chunk.spans[0].fill = solid({255, 0, 0});
+    TextChunk chunk = redLetter("Helvetica");
     painter.text(chunk, Matrix());
     ASSERT_EQ(port.calls.size(), 1U);
     EXPECT_EQ(port.calls[0].rfind("drawString", 0), 0U);
@@ -171,11 +177,7 @@ TEST_F(PainterTest, DrawsTextsThatStringsCannotShowAsOutlines)
 
 TEST_F(PainterTest, StretchesLettersToTheWidthOfTheKindThatWasAskedFor)
 {
-    TextChunk chunk;
-    chunk.spans.push_back({});
-    chunk.spans[0].text = "H";
-    chunk.spans[0].fill = solid({255, 0, 0});
-    chunk.spans[0].font.families = {"sans-serif"};
+    TextChunk chunk = redLetter("sans-serif");
     painter.text(chunk, Matrix());
     ASSERT_EQ(port.calls.size(), 1U);
     EXPECT_EQ(port.calls[0].rfind("drawTransformedString", 0), 0U);
@@ -187,12 +189,7 @@ TEST_F(PainterTest, DrawsTextsInTheFormAskedFor)
     if (tools.letters.find({}) == nullptr) {
         GTEST_SKIP() << "no fonts are installed";
     }
-    TextChunk chunk;
-    chunk.at = {10, 50};
-    chunk.spans.push_back({});
-    chunk.spans[0].text = "H";
-    chunk.spans[0].font.families = {"Helvetica"};
-    chunk.spans[0].fill = solid({255, 0, 0});
+    TextChunk chunk = redLetter("Helvetica");
     tools.textForm = TextForm::Outlines;
     painter.text(chunk, Matrix());
     ASSERT_FALSE(port.calls.empty());
