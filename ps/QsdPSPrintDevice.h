@@ -17,9 +17,10 @@ struct QsdPSTile;
 /// QsdPSDevice draws, in the same places; docs/device.md has the differences.
 ///
 /// Pages wait in a temporary file until end writes the document, so the header is complete on any output and memory
-/// does not grow with the document. Text given to send becomes part of the page under way; it should not rely on text
-/// sent to other pages, and the bounding box does not know what it paints. The samples of colour bitmaps are written
-/// without a call of writeImage, which is kept for derived devices' own use.
+/// does not grow with the document; when that file takes no more, end writes nothing and writeFailed() is true. Text
+/// given to send becomes part of the page under way; it should not rely on text sent to other pages, and the bounding
+/// box does not know what it paints. The samples of colour bitmaps are written without a call of writeImage, which is
+/// kept for derived devices' own use.
 ///
 /// An encoder whose decoder is a filter must write the filter's end mark, since images are read up to it. Levels other
 /// than 1 and 2 are taken as 3.
