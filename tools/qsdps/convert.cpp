@@ -155,6 +155,9 @@ std::unique_ptr<QsdPSDevice> makeDevice(QsdDisplay& display, const Options& opti
     auto device = std::make_unique<QsdPSBulkDevice<QsdPSPrintDevice>>(&display, options.color);
     device->setTarget(&output.stream());
     device->setTitle(titleOf(options, pages));
+    if (options.plainWhereSmaller && options.compression != Compression::None) {
+        device->setSecondEncoder(std::make_unique<QsdASCII85Encoder>(nullptr));
+    }
     return device;
 }
 
