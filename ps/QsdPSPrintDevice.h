@@ -4,6 +4,8 @@
 #include "ps/QsdPSDevice.h"
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 
 class QsdPSPrintDocument;
 class QsdPSSpool;
@@ -17,9 +19,10 @@ struct QsdPSTile;
 /// QsdPSDevice draws, in the same places; docs/device.md has the differences.
 ///
 /// Pages wait in a temporary file until end writes the document, so the header is complete on any output and memory
-/// does not grow with the document. Text given to send becomes part of the page under way; it should not rely on text
-/// sent to other pages, and the bounding box does not know what it paints. The samples of colour bitmaps are written
-/// without a call of writeImage, which is kept for derived devices' own use.
+/// does not grow with the document; when that file takes no more, end writes nothing and writeFailed() is true. Text
+/// given to send becomes part of the page under way; it should not rely on text sent to other pages, and the bounding
+/// box does not know what it paints. The samples of colour bitmaps are written without a call of writeImage, which is
+/// kept for derived devices' own use.
 ///
 /// An encoder whose decoder is a filter must write the filter's end mark, since images are read up to it. Levels other
 /// than 1 and 2 are taken as 3.
@@ -34,6 +37,12 @@ public:
     /// or where QsdPSDevice puts them (false, as at first).
     void setScreenPatterns(bool screenPatterns);
     [[nodiscard]] bool screenPatterns() const { return _screenPatterns; }
+
+    /// An encoder for the images and patterns of which the device's own makes more text (owned by the device; null:
+    /// none, as at first): what compression makes larger is written plainly, say. Each image is encoded with both, and
+    /// that takes the time of both; ties go to the device's. Without a filter, either of them takes all. The second
+    /// encoder stays when the level is set, and must suit it.
+    void setSecondEncoder(std::unique_ptr<QsdPostScriptEncoder> encoder);
 
     bool initDevice(const char* fileName, QsdRect* bbox) override;
     /// Always true. A document with a bounding box that gets a second page is no longer called encapsulated.
@@ -133,10 +142,14 @@ private:
                         const QsdRect* clip, bool transparent) const;
     /// The encoder of samples: the device's own, or one that suits the document where the level was changed within it.
     [[nodiscard]] QsdPostScriptEncoder* imageEncoder() const;
-    /// Whether samples are written in hexadecimal and read without a filter.
-    [[nodiscard]] bool readsHexadecimal() const;
-    void writeSourceString(QsdPSWriter& out, std::size_t rowBytes) const;
-    void writeDataSource(QsdPSWriter& out) const;
+    /// Whether samples that an encoder writes are hexadecimal and read without a filter.
+    [[nodiscard]] bool readsHexadecimal(const QsdPostScriptEncoder* encoder) const;
+    /// Writes samples and the text around them to a stream, to which the encoder writes as well; the same each time.
+    using SamplesWriter = std::function<void(std::ostream&, QsdPostScriptEncoder&)>;
+    /// Calls `write` so that the shorter text stands in `out` in the end; there is an image encoder.
+    void writeSamples(QsdPSSpool& out, const SamplesWriter& write) const;
+    void writeSourceString(QsdPSWriter& out, const QsdPostScriptEncoder& encoder, std::size_t rowBytes) const;
+    void writeDataSource(QsdPSWriter& out, const QsdPostScriptEncoder& encoder) const;
     void writeBits(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect, const QsdPoint& at,
                    bool opaque) const;
     void writeColors(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
@@ -147,6 +160,7 @@ private:
                    const QsdRect& rect, const QsdPoint& at) const;
 
     std::unique_ptr<QsdPSPrintDocument> _document;
+    std::unique_ptr<QsdPostScriptEncoder> _secondEncoder;
     QsString _title;
     bool _hasTitle = false;
     bool _screenPatterns = false;

@@ -59,6 +59,8 @@ public:
     /// Copies a part of what was kept, or all of it, to the output.
     void copy(QsdPSSpool& spool, std::uint64_t begin, std::uint64_t end);
     void copy(QsdPSSpool& spool) { copy(spool, 0, spool.size()); }
+    /// Whether something that was to be kept could not be, so that the document would lack it.
+    [[nodiscard]] bool isLost() const { return pageTexts.fail() || resources.failed(); }
     /// Ends the page under way: notes where its text ends, how far it reaches and what fonts it uses.
     void endPage();
     /// Looks whether a text that is written as it is consists of 7-bit characters.

@@ -62,6 +62,10 @@ void QsdPSPrintDevice::writeTrailer()
     finishPage();
     QsdPSPrintDocument& document = *_document;
     redirect(document.output);
+    if (document.isLost()) {
+        stream()->setstate(std::ios_base::badbit);
+        return;
+    }
     writeComments();
     writeProcedures();
     writeSetup();

@@ -53,6 +53,11 @@ expect_status 0 "$tool" --window xeyes -o page.ps
 expect_message 'warning: what lies outside the screen is left out'
 expect_status 0 "$tool" -q --window xeyes -o page.ps
 [ ! -s err ] || fail "told all the same: $(cat err)"
+# Without standard output, the picture must not reach the connection to the X server, which would have its number.
+status=0
+"$(dirname "$tool")/qsdps-window" root >&- 2>err || status=$?
+[ "$status" -eq 1 ] || fail "closed standard output: status $status"
+expect_message 'standard output: Bad file descriptor'
 # Its border of one pixel is not part of it.
 [ "$size" = 89x100 ] || fail "xeyes on the screen has $size"
 # Its menu buttons are windows of their own; it comes to lie over a part of the logo.

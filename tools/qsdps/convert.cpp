@@ -2,6 +2,7 @@
 
 #include "document_page.h"
 #include "layout.h"
+#include "output_check.h"
 #include "output_file.h"
 #include "progress.h"
 #include "ps/QsdPSBulkDevice.h"
@@ -17,6 +18,8 @@
 #include "toolkit/zlib/QsdFlateEncoder.h"
 
 #include <cmath>
+#include <cstring>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <unistd.h>
@@ -98,7 +101,7 @@ Outcome drawPages(QsdPSDevice& device, const Pages& pages, const PaperSize& pape
                       : options.progress ? Progress::When::AtOnce
                                          : Progress::When::Late);
     Outcome outcome = Outcome::Complete;
-    for (std::size_t i = 0; i < pages.size(); ++i) {
+    for (std::size_t i = 0; i < pages.size() && !device.writeFailed(); ++i) {
         progress.beginPage(i + 1, pages.size());
         if (i != 0) {
             device.clip(static_cast<const QsdRegion*>(nullptr));
@@ -152,6 +155,9 @@ std::unique_ptr<QsdPSDevice> makeDevice(QsdDisplay& display, const Options& opti
     auto device = std::make_unique<QsdPSBulkDevice<QsdPSPrintDevice>>(&display, options.color);
     device->setTarget(&output.stream());
     device->setTitle(titleOf(options, pages));
+    if (options.plainWhereSmaller && options.compression != Compression::None) {
+        device->setSecondEncoder(std::make_unique<QsdASCII85Encoder>(nullptr));
+    }
     return device;
 }
 
@@ -179,17 +185,48 @@ unsigned long wholePoints(double length)
     return static_cast<unsigned long>(std::ceil(length - 1e-6));
 }
 
+/// Whether the output would destroy something, which is told.
+std::optional<int> refuseOutput(const Options& options, const std::string& outputName)
+{
+    if (const std::string input = inputUnderOutput(options); !input.empty()) {
+        tell(options, outputName, "not written: it is the same file as the input " + input);
+        return 1;
+    }
+    if (const std::string ending = foreignEnding(options.output); !options.formatIsGiven && !ending.empty()) {
+        tell(options, outputName,
+             "not written: " + ending + " is no ending of PostScript documents (qsdps -f ps writes it all the same)");
+        return 2;
+    }
+    return std::nullopt;
+}
+
+/// Why a document is not complete: of the output, or else of where its pages wait until they are all known.
+std::string writeFailure(const OutputFile& output)
+{
+    if (output.writeError() != 0) {
+        return std::strerror(output.writeError());
+    }
+    std::error_code problem;
+    const std::filesystem::path folder = std::filesystem::temp_directory_path(problem);
+    const std::string name = problem ? std::string() : ", " + folder.string() + ",";
+    return "the folder for temporary files" + name + " takes no more, or memory has run out";
+}
+
 } // namespace
 
 int convert(const Options& options)
 {
+    const std::string outputName = options.output == "-" ? "standard output" : options.output;
+    if (const std::optional<int> refused = refuseOutput(options, outputName)) {
+        return *refused;
+    }
     QsdGlobalContext::GetInstance().setLocale(QsLocale(localeName(options.encoding), options.encoding));
     if (!options.fontMap.empty() && !QsdPSFonts_::GetInstance()->load(options.fontMap.c_str(), options.encoding)) {
         tell(options, options.fontMap, "not a font map file that can be used");
         return 1;
     }
     if (options.output == "-" && isatty(STDOUT_FILENO) != 0) {
-        tell(options, "standard output", "is a terminal; name a file with -o");
+        tell(options, outputName, "is a terminal; name a file with -o");
         return 1;
     }
     bool failed = false;
@@ -207,7 +244,6 @@ int convert(const Options& options)
         return 1;
     }
 
-    const std::string outputName = options.output == "-" ? "standard output" : options.output;
     OutputFile output(options.output);
     std::string error;
     if (!output.open(error)) {
@@ -227,15 +263,20 @@ int convert(const Options& options)
     QsdSetFatalErrorHandler([](const char*, void*) {}, nullptr);
     QsdRect box{0, 0, static_cast<std::uint32_t>(device.getPaperWidth()),
                 static_cast<std::uint32_t>(device.getPaperHeight())};
-    device.initDevice(options.output.c_str(), options.format == Format::EPS ? &box : nullptr);
-    const Outcome outcome = drawPages(device, pages, paper, options);
-    device.end();
+    const bool isBegun = device.initDevice(options.output.c_str(), options.format == Format::EPS ? &box : nullptr);
+    const Outcome outcome = isBegun ? drawPages(device, pages, paper, options) : Outcome::Complete;
+    // A document that is not ended has written nothing yet, unless it is a plain one.
     if (outcome == Outcome::Broken) {
         tell(options, outputName, "not written");
         return 1;
     }
     if (outcome == Outcome::PartLeftOut && options.strict) {
         tell(options, outputName, "not written: something could not be drawn");
+        return 1;
+    }
+    device.end();
+    if (!isBegun || device.writeFailed() || output.writeError() != 0) {
+        tell(options, outputName, "cannot be written: " + writeFailure(output));
         return 1;
     }
     if (!output.commit(error)) {

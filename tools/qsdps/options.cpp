@@ -198,6 +198,7 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
         }
         options.hexEncoder = encoder == "hex";
         options.compression = compressionOf(compression, options);
+        options.plainWhereSmaller = compression == "auto";
         auto nextFile = files.begin();
         auto nextWindow = windows.begin();
         for (const CLI::Option* option : app.parse_order()) {
@@ -213,6 +214,7 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
         const bool eps = format == "eps" ||
                          (format.empty() && (endsWith(options.output, ".eps") || endsWith(options.output, ".epsf")));
         options.format = eps ? Format::EPS : Format::PS;
+        options.formatIsGiven = !format.empty();
         if (eps && options.inputs.size() > 1) {
             throw CLI::ValidationError("FILE", "an EPS document holds one page");
         }

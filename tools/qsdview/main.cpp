@@ -2,6 +2,7 @@
 #include "qsdview/print.h"
 #include "qsdview/view_options.h"
 #include "qsdview/viewer.h"
+#include "standard_files.h"
 #include "toolkit/base/QsdGlobalContext.h"
 
 #include <exception>
@@ -59,11 +60,14 @@ int view(const qsdview::ViewOptions& asked)
 
 int main(int argc, char** argv)
 {
+    if (!qsdps::openStandardFiles()) {
+        return 1;
+    }
     try {
         int exitCode = 0;
         const std::optional<qsdview::ViewOptions> options = qsdview::parseViewOptions(argc, argv, exitCode);
         if (!options) {
-            return exitCode;
+            return qsdps::finishStandardOutput("qsdview") ? exitCode : 1;
         }
         return options->printTo ? qsdview::print(options->files, *options->printTo) : view(*options);
     } catch (const std::exception& error) {
