@@ -30,3 +30,11 @@ cat >words.svg <<'END'
 END
 expect_status 0 "$tool" words.svg -o words.ps
 grep -q -F '(\(a\) \\ \) showpage \( \{b\} \$' words.ps || fail "literal: $(grep show words.ps)"
+
+# Dashes on lines without an end: the one that is seen, or as many as the page has room for.
+cat >dashes.svg <<'END'
+<svg width="100" height="40" stroke="red" stroke-width="4" stroke-linecap="round"><path d="M9 10H1e300" stroke-dasharray="9 1e300"/>
+<path d="M-1e300 20H1e300" stroke-dasharray="5 5"/><path d="M0 30H90" stroke-dasharray="1e-7"/></svg>
+END
+expect_status 0 timeout 60 "$tool" dashes.svg -o dashes.ps
+expect_message '1 x line of too many dashes approximated'

@@ -335,9 +335,8 @@ void Painter::strokeOver(std::size_t groundEnd, const Path& path, const StrokeSt
     const Matrix toUnits = _pageToUnits * toPage;
     const double unitsPerPixel = _pageToUnits.meanScale();
     const double tolerance = _units.tolerance();
-    const auto area = [path, style, toUnits, unitsPerPixel, tolerance] {
-        return strokeArea(path, style, toUnits, unitsPerPixel, tolerance);
-    };
+    const auto area = [path, style, frame = StrokeFrame{toUnits, unitsPerPixel, tolerance, _clips.top().rect},
+                       &report = _report] { return strokeArea(path, style, frame, report); };
     const Rgb* const color = std::get_if<Rgb>(&paint.source);
     if (color != nullptr && !_clips.top().area && (toUnits.isUniform() || style.nonScaling) && style.dashes.empty()) {
         const double width = style.width * (style.nonScaling ? unitsPerPixel : toUnits.meanScale());
