@@ -54,7 +54,8 @@ RasterPicture sampled(const Pixels& pixels, const Matrix& toPixels, double opaci
 Painter::Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, Rgb paper, PaintTools& tools,
                  Report& report)
     : _port(port), _units(units), _pageToUnits(units.fromPoints() * pageToPoints), _tools(tools), _report(report),
-      _clips(_pageToUnits, units.tolerance()), _ground(paper, detailOf(units))
+      _clips(_pageToUnits, units.tolerance(), [this](const TextChunk& chunk) { return clipLetters(chunk); }),
+      _ground(paper, detailOf(units))
 {
 }
 
