@@ -171,8 +171,9 @@ private:
         const pugi::xml_node target = scene.document().target(textPath.node);
         if (!isShape(scene.document().tag(target)))
             return;
-        // The path is read anew for each text along it.
-        const std::size_t cost = Walker::costOf(target);
+        // The path is read, measured and walked anew for each text along it.
+        constexpr std::size_t kPasses = 4;
+        const std::size_t cost = kPasses * Walker::costOf(target);
         if (!(_walker.measuring() ? scene.spendMeasuring(cost) : scene.spendReferences(cost)))
             return;
         const Element shape = scene.resolve(target, scene.styleOf(target.parent()));
