@@ -57,3 +57,10 @@ expect_status 0 timeout 60 "$tool" long.svg
 svg "<text y='9' font-family='Nowhere'>$(words 20000)</text>" >longer.svg
 expect_status 0 timeout 60 "$tool" longer.svg
 grep -q '(outline ' out || fail "no string for a text of 160000 letters"
+
+# A text that cuts: without fonts it is told.
+svg '<clipPath id="c"><text x="9" y="30">Hello</text></clipPath><rect width="90" height="40" clip-path="url(#c)"/>' >cut.svg
+expect_status 0 "$tool" cut.svg
+[ ! -s err ] || fail "told: $(cat err)"
+expect_status 0 env FONTCONFIG_FILE="$work/none.conf" "$tool" cut.svg
+expect_message '1 x text in a clipPath not drawn'

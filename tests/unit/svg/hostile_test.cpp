@@ -1,6 +1,7 @@
 // Files made to break a reader: all must end soon, with bounded memory and a message where something is left out.
 #include "recording_canvas.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace qsdps {
@@ -121,6 +122,29 @@ TEST(Hostile, ReferencesInCircles)
     EXPECT_LT(outcome.objects, 20);
 }
 
+TEST(Hostile, CirclesAreTold)
+{
+    const Recording r =
+        draw("<linearGradient id='g' href='#h'/><linearGradient id='h' href='#g'/>"
+             "<pattern id='p' href='#p'/><marker id='m'><path d='M0 0H1' marker-start='url(#m)'/></marker>"
+             "<rect width='9' height='9' fill='url(#g)' stroke='url(#p)'/>"
+             "<path d='M0 0H1' marker-start='url(#m)'/>");
+    for (const char* told : {"gradient refers to itself", "pattern refers to itself", "marker refers to itself"})
+        EXPECT_NE(r.messages.find(told), std::string::npos) << told << " in: " << r.messages;
+    EXPECT_EQ(draw("<linearGradient id='g' href='#h'/><linearGradient id='h'><stop/></linearGradient>"
+                   "<rect width='9' height='9' fill='url(#g)'/>")
+                  .messages,
+              "");
+}
+
+TEST(Hostile, TextsOnLongPaths)
+{
+    const std::string file = "<path id='p' fill='none' d='M0 0" + repeat("l1 1", 100000) + "'/>";
+    const Outcome outcome = survive(svg(file + repeat("<text><textPath href='#p'>a</textPath></text>", 2000)));
+    EXPECT_LT(outcome.objects, 2000);
+    EXPECT_FALSE(outcome.complete);
+}
+
 TEST(Hostile, TilesThatMultiply)
 {
     std::string file;
@@ -138,6 +162,57 @@ TEST(Hostile, ClipsThatMultiply)
                 repeat("<rect width='5' height='5' clip-path='url(#c" + std::to_string(i + 1) + ")'/>", 2) +
                 "</clipPath>";
     EXPECT_EQ(survive(svg(file + "<rect width='9' height='9' clip-path='url(#c0)'/>")).objects, 1);
+}
+
+/// Clips each of which refers twice to the one before; `attributes` are those of the shape in the clip of a number.
+std::string clipsInPairs(int levels, const std::function<std::string(int)>& attributes)
+{
+    std::string file = "<clipPath id='c0'><rect width='5' height='5'/></clipPath>";
+    for (int i = 1; i < levels; ++i) {
+        const std::string before = " clip-path='url(#c" + std::to_string(i - 1) + ")'";
+        file += "<clipPath id='c" + std::to_string(i) + "'" + before + "><rect width='5' height='5'" + before +
+                attributes(i) + "/></clipPath>";
+    }
+    return svg(file + "<rect width='9' height='9' clip-path='url(#c" + std::to_string(levels - 1) + ")'/>");
+}
+
+TEST(Hostile, ClipsThatReferTwice)
+{
+    const Outcome shared = survive(clipsInPairs(60, [](int) { return std::string(); }));
+    EXPECT_EQ(shared.objects, 1);
+    EXPECT_TRUE(shared.complete);
+    EXPECT_TRUE(survive(clipsInPairs(40, [](int) { return std::string(" transform='translate(1)'"); })).complete);
+    // No two ways through these come to the same place.
+    const Outcome apart = survive(
+        clipsInPairs(60, [](int i) { return " transform='translate(" + std::to_string(1LL << (i % 40)) + ")'"; }));
+    EXPECT_EQ(apart.objects, 1);
+    EXPECT_FALSE(apart.complete);
+}
+
+TEST(Hostile, ClipsInALongChain)
+{
+    std::string file;
+    for (int i = 0; i < 100000; ++i)
+        file += "<clipPath id='c" + std::to_string(i) + "' clip-path='url(#c" + std::to_string(i + 1) +
+                ")'><rect width='5' height='5'/></clipPath>";
+    const Recording r = drawFile(svg(file + "<rect width='9' height='9' clip-path='url(#c0)'/>"));
+    EXPECT_NE(r.messages.find("nested too deep"), std::string::npos);
+}
+
+TEST(Hostile, BoundingBoxesOfWhatMultiplies)
+{
+    std::string file = "<clipPath id='c' clipPathUnits='objectBoundingBox'><rect width='1' height='1'/></clipPath>"
+                       "<defs><path id='a0' d='M0 0H1'/>";
+    for (int i = 1; i < 9; ++i)
+        file += "<g id='a" + std::to_string(i) + "'>" + repeat("<use href='#a" + std::to_string(i - 1) + "'/>", 10) +
+                "</g>";
+    std::string error;
+    const auto drawing = SvgDrawing::load(svg(file + "</defs><use href='#a8' clip-path='url(#c)'/>"), {}, error);
+    ASSERT_TRUE(drawing) << error;
+    CountingCanvas canvas;
+    Report report;
+    drawing->draw(canvas, report);
+    EXPECT_TRUE(report.anythingApproximated());
 }
 
 TEST(Hostile, NumbersOutOfRange)

@@ -63,10 +63,23 @@ TEST(Strokes, MeasureDashesByPathLength)
 
 TEST(Strokes, IgnoreImpossibleDashes)
 {
-    for (const char* dashes : {"0 0", "-1 2", "none", "1 x"}) {
-        const Recording r = draw(std::string("<path d='M0 0H10' stroke='red' stroke-dasharray='") + dashes + "'/>");
+    const auto lineOf = [](const std::string& dashes) {
+        return draw("<path d='M0 0H10' stroke='red' stroke-dasharray='" + dashes + "'/>");
+    };
+    std::string endless;
+    for (int i = 0; i < 10000; ++i)
+        endless += "1 ";
+    for (const std::string& dashes : {std::string("-1 2"), std::string("3 -1%"), std::string("1 x"), endless}) {
+        const Recording r = lineOf(dashes);
         ASSERT_EQ(r.canvas.strokes.size(), 1U);
         EXPECT_TRUE(r.canvas.strokes[0].dashes.empty()) << dashes;
+        EXPECT_EQ(r.messages, "in:1: warning: bad value of stroke-dasharray\n") << dashes;
+    }
+    for (const char* solid : {"0 0", "none", "0"}) {
+        const Recording r = lineOf(solid);
+        ASSERT_EQ(r.canvas.strokes.size(), 1U);
+        EXPECT_TRUE(r.canvas.strokes[0].dashes.empty()) << solid;
+        EXPECT_EQ(r.messages, "") << solid;
     }
 }
 

@@ -29,6 +29,13 @@ TEST(Uses, DrawWhatTheyReferTo)
     EXPECT_EQ(draw("<use href='#none'/>").messages, "in:1: warning: use refers to nothing in this file\n");
 }
 
+TEST(Uses, MoveWhatCutsThem)
+{
+    EXPECT_EQ(linesOf("<clipPath id='c'><path d='M0 0H5'/></clipPath><defs><path id='p' d='M0 0H9'/></defs>"
+                      "<use href='#p' x='40' y='2' clip-path='url(#c)'/>"),
+              (Lines{"clip M40,2 L45,2", "fill #000000 M40,2 L49,2", "popClip"}));
+}
+
 TEST(Uses, GiveSymbolsAViewport)
 {
     EXPECT_EQ(linesOf("<symbol id='s' viewBox='0 0 10 10'><path d='M0 0H10'/></symbol>"
@@ -53,6 +60,23 @@ TEST(Switches, TakeTheFirstThatFits)
     EXPECT_EQ(linesOf("<switch><foreignObject requiredExtensions='urn:x'/><g><path d='M0 0H3'/></g></switch>"),
               (Lines{"fill #000000 M0,0 L3,0"}));
     EXPECT_EQ(linesOf("<path systemLanguage='fr' d='M0 0H1'/>"), Lines{});
+}
+
+TEST(Switches, TakeTheFirstThatCanBeDrawn)
+{
+    const std::string label = "<text x='5' y='9'>label</text>";
+    for (const std::string& other : {std::string("<foreignObject width='9' height='9'><p>x</p></foreignObject>"),
+                                     std::string("<flowRoot/>"), std::string("<title>x</title>"), std::string("<y/>"),
+                                     std::string("<g requiredExtensions=''><path d='M0 0H1'/></g>"),
+                                     std::string("<g systemLanguage=''><path d='M0 0H1'/></g>")}) {
+        const Recording r = draw("<switch>" + other + label + "</switch>");
+        EXPECT_EQ(r.canvas.lines, Lines{"text 5,9 [label]"}) << other;
+        EXPECT_EQ(r.messages, "") << other;
+    }
+    const Recording empty = draw("<switch><g requiredFeatures='urn:any'/>" + label + "</switch>");
+    EXPECT_EQ(empty.canvas.lines, Lines{});
+    const Recording none = draw("<switch><y/><foreignObject width='9' height='9'/></switch>");
+    EXPECT_EQ(none.messages, "in: warning: 1 x foreignObject not drawn\n");
 }
 
 TEST(Reports, NameWhatIsNotDrawn)

@@ -101,6 +101,28 @@ TEST(Text, KeepsTheAdvanceOfWhatIsHidden)
     EXPECT_FALSE(spans[2].fill.none());
 }
 
+TEST(Text, PaintsStrokeAndFillInTheOrderAskedFor)
+{
+    const Recording r =
+        draw("<g stroke='red'><text>a</text><text paint-order='stroke'>b</text>"
+             "<text paint-order='markers'>c</text><text style='paint-order:markers stroke'>d</text></g>");
+    ASSERT_EQ(r.canvas.chunks.size(), 4U);
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(r.canvas.chunks[i].spans.at(0).strokeFirst, i % 2 == 1) << i;
+}
+
+TEST(Text, TellsOfTref)
+{
+    const std::string told = "in: warning: 1 x tref not drawn\n";
+    const Recording r = draw("<text>a<tref href='#x'/>b</text>");
+    EXPECT_EQ(r.canvas.lines, Lines{"text 0,0 [ab]"});
+    EXPECT_EQ(r.messages, told);
+    EXPECT_EQ(draw("<text><switch><tref href='#x'/></switch></text>").messages, told);
+    const Recording instead = draw("<text><switch><tref href='#x'/><y/><tspan>b</tspan></switch></text>");
+    EXPECT_EQ(instead.canvas.lines, Lines{"text 0,0 [b]"});
+    EXPECT_EQ(instead.messages, "");
+}
+
 TEST(Text, ReplacesBytesThatAreNoCharacters)
 {
     EXPECT_EQ(linesOf("<text>a\xFF\x62</text>"), (Lines{"text 0,0 [a\xEF\xBF\xBD"

@@ -175,6 +175,51 @@ TEST_F(PainterTest, DrawsTextsThatStringsCannotShowAsOutlines)
     EXPECT_EQ(told(), "");
 }
 
+TEST_F(PainterTest, PaintsLettersInTheOrderAskedFor)
+{
+    if (tools.letters.find({}) == nullptr) {
+        GTEST_SKIP() << "no fonts are installed";
+    }
+    TextChunk chunk = redLetter("Helvetica");
+    chunk.spans[0].stroke = solid({0, 0, 255});
+    chunk.spans[0].strokeFirst = true;
+    painter.text(chunk, Matrix());
+    ASSERT_EQ(port.calls.size(), 2U);
+    EXPECT_EQ(lastColor(), (Rgb{255, 0, 0}));
+}
+
+TEST_F(PainterTest, ClipsAlongTheLettersOfATextThatIsSeen)
+{
+    ClipPath clip;
+    clip.outlines.push_back({{}, FillRule::NonZero, Matrix(), nullptr, nullptr, {redLetter("Helvetica")}});
+    painter.pushClip(clip);
+    fill({0, 0, 100, 100}, solid({0, 0, 255}));
+    painter.popClip();
+    if (tools.letters.find({}) == nullptr) {
+        EXPECT_TRUE(port.calls.empty());
+        EXPECT_EQ(told(), "x: warning: 1 x text in a clipPath not drawn\n");
+        return;
+    }
+    ASSERT_EQ(port.calls.size(), 1U);
+    EXPECT_EQ(port.calls[0].rfind("fill", 0), 0U);
+    EXPECT_EQ(port.calls[0].find("fillRectangle"), std::string::npos) << "no letter is a rectangle";
+    EXPECT_EQ(told(), "");
+    clip.outlines[0].texts[0].spans[0].fill = {};
+    painter.pushClip(clip);
+    fill({0, 0, 100, 100}, solid({0, 0, 255}));
+    painter.popClip();
+    EXPECT_EQ(port.calls.size(), 1U);
+}
+
+TEST_F(PainterTest, ClipsOfTooManyLettersAreTold)
+{
+    ClipPath clip;
+    clip.outlines.push_back({{}, FillRule::NonZero, Matrix(), nullptr, nullptr, {redLetter("Helvetica")}});
+    clip.outlines[0].texts[0].spans[0].text = std::string(100'001, 'H');
+    painter.pushClip(clip);
+    EXPECT_EQ(told(), "x: warning: 1 x text in a clipPath not drawn\n");
+}
+
 TEST_F(PainterTest, StretchesLettersToTheWidthOfTheKindThatWasAskedFor)
 {
     TextChunk chunk = redLetter("sans-serif");

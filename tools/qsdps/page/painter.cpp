@@ -54,7 +54,8 @@ RasterPicture sampled(const Pixels& pixels, const Matrix& toPixels, double opaci
 Painter::Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, Rgb paper, PaintTools& tools,
                  Report& report)
     : _port(port), _units(units), _pageToUnits(units.fromPoints() * pageToPoints), _tools(tools), _report(report),
-      _clips(_pageToUnits, units.tolerance()), _ground(paper, detailOf(units))
+      _clips(_pageToUnits, units.tolerance(), [this](const TextChunk& chunk) { return clipLetters(chunk); }),
+      _ground(paper, detailOf(units))
 {
 }
 
@@ -335,9 +336,8 @@ void Painter::strokeOver(std::size_t groundEnd, const Path& path, const StrokeSt
     const Matrix toUnits = _pageToUnits * toPage;
     const double unitsPerPixel = _pageToUnits.meanScale();
     const double tolerance = _units.tolerance();
-    const auto area = [path, style, toUnits, unitsPerPixel, tolerance] {
-        return strokeArea(path, style, toUnits, unitsPerPixel, tolerance);
-    };
+    const auto area = [path, style, frame = StrokeFrame{toUnits, unitsPerPixel, tolerance, _clips.top().rect},
+                       &report = _report] { return strokeArea(path, style, frame, report); };
     const Rgb* const color = std::get_if<Rgb>(&paint.source);
     if (color != nullptr && !_clips.top().area && (toUnits.isUniform() || style.nonScaling) && style.dashes.empty()) {
         const double width = style.width * (style.nonScaling ? unitsPerPixel : toUnits.meanScale());

@@ -43,6 +43,8 @@ public:
     /// has the colour `paper`.
     Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, Rgb paper, PaintTools& tools,
             Report& report);
+    Painter(const Painter&) = delete;
+    Painter& operator=(const Painter&) = delete;
 
     void fill(const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage) override;
     void stroke(const Path& path, const StrokeStyle& style, const Paint& paint, const Matrix& toPage) override;
@@ -93,6 +95,9 @@ private:
     [[nodiscard]] bool wantsOutlines(const TextChunk& chunk) const;
     /// Draws a text as outlines; false, and nothing drawn, when strings do better, or it is too long.
     bool paintOutlines(const TextChunk& chunk, const Matrix& toPage);
+    /// The letters of a text that is part of a clip, in its user space; too many are left out and told.
+    [[nodiscard]] std::vector<Path> clipLetters(const TextChunk& chunk);
+    void tellShortcomings(const Lettering& lettering);
     void paintLettering(const Lettering& lettering, const Matrix& toPage);
     void paintStrings(const TextChunk& chunk, const Matrix& toPage);
     void hold(const RasterPicture& picture);
@@ -118,6 +123,7 @@ private:
     Ground _ground;
     std::vector<Group> _groups;
     std::size_t _letters = 0;           ///< drawn as outlines so far
+    std::size_t _clipLetters = 0;       ///< of clips so far
     std::size_t _cells = 0;             ///< of tiles drawn so far
     std::size_t _pixels = 0;            ///< painted as such so far
     std::optional<RasterPicture> _held; ///< pixels that are not drawn yet

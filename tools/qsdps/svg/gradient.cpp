@@ -108,6 +108,8 @@ Paint solid(const GradientStop& stop)
 Paint makeGradient(Scene& scene, const pugi::xml_node& node, const LengthBase& base, const BoundsOf& bounds)
 {
     const ReferenceChain chain(scene.document(), node, isGradient);
+    if (chain.endsEarly())
+        scene.badInput("gradient refers to itself, or through too many others", node);
     const auto owner = std::find_if(chain.nodes().begin(), chain.nodes().end(), [&](const pugi::xml_node& candidate) {
         return hasStops(scene.document(), candidate);
     });

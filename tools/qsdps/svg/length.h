@@ -17,6 +17,8 @@ struct Length {
 struct Size {
     double width = 0;
     double height = 0;
+
+    bool operator==(const Size&) const = default;
 };
 
 /// What a percentage is taken of: the width, the height, or the mean diagonal of the viewport.

@@ -245,6 +245,21 @@ bool applyStrokeWidth(Style& style, std::string_view text)
     return true;
 }
 
+bool applyDashArray(Style& style, std::string_view text)
+{
+    if (equalsNoCase(text, "none")) {
+        style.dashArray = {};
+        return true;
+    }
+    // The text is read for every stroke; no person writes a pattern this long.
+    constexpr std::size_t kLongest = 16384;
+    const auto dashes = text.size() <= kLongest ? parseLengthList(text) : std::nullopt;
+    if (!dashes || std::any_of(dashes->begin(), dashes->end(), [](const Length& dash) { return dash.value < 0; }))
+        return false;
+    style.dashArray = text;
+    return true;
+}
+
 bool applyMiterLimit(Style& style, std::string_view text)
 {
     const auto limit = parseNumber(text);
@@ -334,10 +349,7 @@ constexpr Property kProperties[] = {
     {"stroke-miterlimit", true, [](Style& s, Text t, Base) { return applyMiterLimit(s, t); },
      copyMembers<&Style::miterLimit>},
     {"stroke-dasharray", true,
-     [](Style& s, Text t, Base) {
-         s.dashArray = equalsNoCase(t, "none") ? Text() : t;
-         return true;
-     },
+     [](Style& s, Text t, Base) { return applyDashArray(s, t); },
      copyMembers<&Style::dashArray>},
     {"stroke-dashoffset", true, [](Style& s, Text t, Base) { return applyLength(s.dashOffset, t); },
      copyMembers<&Style::dashOffset>},

@@ -52,6 +52,10 @@ bool Scene::spendMeasuring(std::size_t cost)
 {
     const bool enough = cost <= _budget.measured;
     _budget.measured -= std::min(cost, _budget.measured);
+    if (!enough && !_budget.measuringReported) {
+        _report.approximated("bounding box (too much in it)");
+        _budget.measuringReported = true;
+    }
     return enough;
 }
 

@@ -22,6 +22,7 @@ struct Budget {
     std::size_t imageBytes = std::size_t{2} << 30; ///< of all images read, decoded from text
     int embedded = 0;                              ///< how many drawings deep
     bool depthReported = false;
+    bool measuringReported = false;
 };
 
 /// Elements nested deeper than this are not drawn; every level of the walk takes stack.
@@ -46,7 +47,8 @@ public:
     template <typename Make>
     [[nodiscard]] const std::vector<GradientStop>& stops(const pugi::xml_node& gradient, Make make);
 
-    /// Takes `cost` from what references may draw; false, reported once, when it is used up.
+    /// Takes `cost` from what references may draw, or from what is gone through for bounding boxes; false, reported
+    /// once, when it is used up.
     [[nodiscard]] bool spendReferences(std::size_t cost);
     [[nodiscard]] bool spendMeasuring(std::size_t cost);
     void reportDepth(const pugi::xml_node& node);

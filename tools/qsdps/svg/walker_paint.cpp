@@ -89,6 +89,8 @@ Paint Walker::makeReference(const PaintSpec& wanted, const State& state, const B
 Paint Walker::makeTile(const pugi::xml_node& node, const State& state, const BoundsOf& bounds)
 {
     const ReferenceChain chain(_scene.document(), node, [](Tag tag) { return tag == Tag::Pattern; });
+    if (chain.endsEarly())
+        _scene.badInput("pattern refers to itself, or through too many others", node);
     const auto content = std::find_if(chain.nodes().begin(), chain.nodes().end(), hasElements);
     if (content == chain.nodes().end() || state.depth >= kMaxDepth)
         return {};

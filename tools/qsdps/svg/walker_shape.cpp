@@ -20,9 +20,7 @@ bool hasMarkers(const Element& element)
 
 std::vector<double> dashLengths(std::string_view text, const LengthBase& base)
 {
-    // The text is read for every stroke; no person writes a pattern this long.
-    constexpr std::size_t kLongest = 16384;
-    const auto lengths = text.size() <= kLongest ? parseLengthList(text) : std::nullopt;
+    const auto lengths = parseLengthList(text);
     if (!lengths)
         return {};
     std::vector<double> dashes;
