@@ -1,7 +1,7 @@
 // Images: raster files are handed on as they are, drawings inside of the drawing are drawn.
 #include "svg/image_size.h"
-#include "svg/image_source.h"
 #include "svg/inflate.h"
+#include "svg/linked_file.h"
 #include "svg/path_metrics.h"
 #include "svg/root_size.h"
 #include "svg/scanner.h"
@@ -60,7 +60,7 @@ void Walker::drawImage(const Element& element, State state)
     if (source.empty())
         return;
     std::size_t& budget = _scene.budget().imageBytes;
-    auto bytes = readImage(source, _scene.options().baseFolder, std::min(budget, kMaxImage));
+    auto bytes = readLinked(source, _scene.options().baseFolder, std::min(budget, kMaxImage));
     if (!bytes) {
         if (!measuring()) {
             _scene.report().notDrawn("image");
