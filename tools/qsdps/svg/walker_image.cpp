@@ -95,12 +95,14 @@ void Walker::drawEmbedded(std::string bytes, const Element& element, Box viewpor
     constexpr std::size_t kDrawingCost = 16;
     budget.imageBytes -= std::min(budget.imageBytes, bytes.size() * kDrawingCost);
     std::string error;
-    const auto document = budget.embedded < kMaxEmbedded ? Document::load(std::move(bytes), error) : nullptr;
+    const auto document =
+        budget.embedded < kMaxEmbedded ? Document::load(std::move(bytes), _scene.options().baseFolder, error) : nullptr;
     if (!document) {
         _scene.report().notDrawn("image");
         _scene.badInput("embedded drawing that cannot be read", element.node);
         return;
     }
+    budget.imageBytes -= std::min(budget.imageBytes, document->sheetBytes() * kDrawingCost);
     ++budget.embedded;
     drawDocument(*document, element, viewport, state);
     --budget.embedded;
