@@ -31,6 +31,14 @@ cmp plain.ps styled.ps || fail "the sheet does not do what attributes do"
 expect_status 0 "$tool" - -o piped.ps <in/a.svg
 expect_message "style sheet 'sub/outer.css' not read"
 
+# A text that names no family is in Times, as one that names it.
+echo '<svg width="90" height="20"><text y="9">Hello</text></svg>' >default.svg
+echo '<svg width="90" height="20"><text y="9" font-family="Times New Roman">Hello</text></svg>' >times.svg
+expect_status 0 "$tool" --title same default.svg -o default.ps
+expect_status 0 "$tool" --title same times.svg -o times.ps
+cmp default.ps times.ps || fail "another font without a family"
+grep -q 'Times-Roman' default.ps || fail "no Times in the document"
+
 # Variables that multiply end soon.
 awk 'BEGIN { print "<svg width=\"9\" height=\"9\"><style>*{--v0:lol;"; for (i = 1; i < 60; i++) {
     printf "--v%d:", i; for (j = 0; j < 10; j++) printf "var(--v%d)", i - 1; print ";" }

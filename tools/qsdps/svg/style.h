@@ -70,7 +70,7 @@ struct Style {
     std::string_view markerEnd;
     bool visible = true;
     bool smoothImages = true;
-    std::string_view fontFamily;
+    std::string_view fontFamily = "Times New Roman, serif"; ///< as browsers begin
     double fontSize = 16;
     int fontWeight = 400;
     bool italic = false;
