@@ -67,6 +67,14 @@ TEST(Text, ReadsTheFontShorthand)
     EXPECT_TRUE(span.font.italic);
 }
 
+TEST(Text, HasTheSerifOfBrowsersWithoutAFamily)
+{
+    const std::vector<std::string> serif{"Times New Roman", "serif"};
+    EXPECT_EQ(firstSpan(draw("<text>x</text>")).font.families, serif);
+    EXPECT_EQ(firstSpan(draw("<g font-family='Arial'><text font-family='initial'>x</text></g>")).font.families, serif);
+    EXPECT_EQ(firstSpan(draw("<text style='font-family:var(--none)'>x</text>")).font.families, serif);
+}
+
 TEST(Text, CarriesDecorationShiftAndLength)
 {
     const Recording r = draw("<text text-decoration='underline' text-anchor='middle' textLength='50' opacity='.5'>"

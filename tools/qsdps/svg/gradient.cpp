@@ -71,7 +71,7 @@ void placeLinear(Gradient& gradient, const Coordinates& read)
 
 void placeRadial(Gradient& gradient, const Coordinates& read)
 {
-    constexpr Length kHalf{50, Unit::Percent};
+    const Length kHalf{50, Unit::Percent};
     gradient.kind = Gradient::Kind::Radial;
     gradient.end = {read.get("cx", Axis::Horizontal, kHalf), read.get("cy", Axis::Vertical, kHalf)};
     gradient.endRadius = read.get("r", Axis::Diagonal, kHalf);

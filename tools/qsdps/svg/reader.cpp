@@ -10,7 +10,7 @@ namespace qsdps {
 
 std::unique_ptr<SvgDrawing> SvgDrawing::load(std::string bytes, const SvgOptions& options, std::string& error)
 {
-    auto document = svg::Document::load(std::move(bytes), error);
+    auto document = svg::Document::load(std::move(bytes), options.baseFolder, error);
     if (!document)
         return nullptr;
     return std::unique_ptr<SvgDrawing>(new SvgDrawing(std::move(document), options));

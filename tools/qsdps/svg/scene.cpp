@@ -5,15 +5,25 @@
 namespace qsdps::svg {
 
 Scene::Scene(const Document& document, const SvgOptions& options, Report& report, Budget& budget, Size page)
-    : _document(document), _options(options), _report(report), _budget(budget), _page(page)
+    : _document(document), _options(options), _report(report), _budget(budget), _page(page), _texts(budget.styleWork)
 {
+    // Large drawings have many elements to style.
+    budget.styleWork += document.size();
+    for (const SheetMessage& message : document.sheetMessages())
+        report.badInput(message.what, message.line);
     _rootFontSize = styleOf(document.root()).fontSize;
 }
 
 Element Scene::resolve(const pugi::xml_node& node, const Style& parent)
 {
-    return resolveElement(_document, node, {parent, _rootFontSize, _options.dpi},
-                          [&](std::string_view name) { badInput("bad value of " + std::string(name), node); });
+    const Element element =
+        resolveElement(_document, node, {parent, _rootFontSize, _options.dpi}, {_budget.styleWork, _texts},
+                       [&](const std::string& what) { badInput(what, node); });
+    if (_budget.styleWork == 0 && !_budget.styleWorkReported) {
+        badInput("style sheets ask for too much work, further rules not applied", node);
+        _budget.styleWorkReported = true;
+    }
+    return element;
 }
 
 const Style& Scene::styleOf(const pugi::xml_node& node)

@@ -20,9 +20,11 @@ struct Budget {
     std::size_t references = 500'000;              ///< elements drawn through use, markers and nested tiles
     std::size_t measured = 2'000'000;              ///< elements gone through for bounding boxes
     std::size_t imageBytes = std::size_t{2} << 30; ///< of all images read, decoded from text
+    std::size_t styleWork = 50'000'000;            ///< elements compared with selectors, values put together
     int embedded = 0;                              ///< how many drawings deep
     bool depthReported = false;
     bool measuringReported = false;
+    bool styleWorkReported = false;
 };
 
 /// Elements nested deeper than this are not drawn; every level of the walk takes stack.
@@ -76,6 +78,7 @@ private:
     Report& _report;
     Budget& _budget;
     Size _page;
+    ValueTexts _texts;
     double _rootFontSize = 16;
     bool _budgetReported = false;
     std::vector<pugi::xml_node> _expanding;

@@ -13,9 +13,10 @@ using Fault = std::function<void(std::string_view)>;
 
 std::optional<double> radius(std::string_view text, Axis axis, const LengthBase& base)
 {
-    const auto length = parseLength(text);
+    auto length = parseLength(text);
     if (!length || length->value < 0)
         return {};
+    length->neverNegative = true;
     return resolve(*length, axis, base);
 }
 

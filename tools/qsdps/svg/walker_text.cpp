@@ -183,9 +183,7 @@ private:
         if (const auto stated = parseNumber(attribute(target, "pathLength")); stated && *stated > 0)
             scale = length / *stated;
         const Length offset = parseLength(attribute(textPath.node, "startOffset")).value_or(Length{});
-        const double start = offset.unit == Unit::Percent
-                                 ? offset.value / 100 * length
-                                 : svg::resolve(offset, Axis::Horizontal, _walker.baseOf(state)) * scale;
+        const double start = svg::resolve(offset, scale > 0 ? length / scale : 0, _walker.baseOf(state)) * scale;
         const auto transform = parseTransform(shape.style.own.transform);
         if (transform)
             path = path.transformed(*transform);
@@ -246,9 +244,7 @@ private:
         const auto length = parseLength(text);
         if (!length)
             return 0;
-        if (length->unit == Unit::Percent)
-            return length->value / 100 * style.fontSize;
-        return svg::resolve(*length, Axis::Vertical, _walker._scene.lengthBase(style, {}));
+        return svg::resolve(*length, style.fontSize, _walker._scene.lengthBase(style, {}));
     }
 
     TextSpan makeSpan(const Style& style, const State& state, double shift, double opacity)
