@@ -1,11 +1,11 @@
 #include "convert.h"
 
 #include "document_page.h"
+#include "font_map.h"
 #include "layout.h"
 #include "output_file.h"
 #include "progress.h"
 #include "ps/QsdPSBulkDevice.h"
-#include "ps/QsdPSFonts_.h"
 #include "ps/QsdPSPrintDevice.h"
 #include "toolkit/base/QsdGlobalContext.h"
 #include "toolkit/base/QsdMessages.h"
@@ -19,6 +19,7 @@
 #include <cmath>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <unistd.h>
 #include <utility>
 
@@ -50,6 +51,13 @@ Pages openPages(const Options& options, bool& failed)
         }
     }
     return pages;
+}
+
+/// The font map that the user gives, entered; an empty one where none is given. None with a reason in `error` when it
+/// cannot be used.
+std::optional<FontMap> readFontMap(const Options& options, std::string& error)
+{
+    return options.fontMap.empty() ? FontMap() : FontMap::enter(options.fontMap, error);
 }
 
 const char* localeName(QsEncoding encoding)
@@ -85,7 +93,8 @@ enum class Outcome {
 
 Outcome drawPages(QsdPSDevice& device, const Pages& pages, const PaperSize& paper, const Options& options)
 {
-    PaintTools tools(*device.display(), options.encoding, options.text);
+    PaintTools tools(*device.display(), options.encoding, options.text,
+                     [&](const std::string& family) { return mappedFamily(family, options.encoding); });
     const Sheet sheet{device,
                       &device,
                       QsdTransformer(),
@@ -184,8 +193,10 @@ unsigned long wholePoints(double length)
 int convert(const Options& options)
 {
     QsdGlobalContext::GetInstance().setLocale(QsLocale(localeName(options.encoding), options.encoding));
-    if (!options.fontMap.empty() && !QsdPSFonts_::GetInstance()->load(options.fontMap.c_str(), options.encoding)) {
-        tell(options, options.fontMap, "not a font map file that can be used");
+    std::string error;
+    const std::optional<FontMap> fontMap = readFontMap(options, error);
+    if (!fontMap) {
+        tell(options, options.fontMap, error);
         return 1;
     }
     if (options.output == "-" && isatty(STDOUT_FILENO) != 0) {
@@ -209,7 +220,6 @@ int convert(const Options& options)
 
     const std::string outputName = options.output == "-" ? "standard output" : options.output;
     OutputFile output(options.output);
-    std::string error;
     if (!output.open(error)) {
         tell(options, outputName, "cannot be written: " + error);
         return 1;
@@ -228,6 +238,7 @@ int convert(const Options& options)
     QsdRect box{0, 0, static_cast<std::uint32_t>(device.getPaperWidth()),
                 static_cast<std::uint32_t>(device.getPaperHeight())};
     device.initDevice(options.output.c_str(), options.format == Format::EPS ? &box : nullptr);
+    fontMap->enterAgain();
     const Outcome outcome = drawPages(device, pages, paper, options);
     device.end();
     if (outcome == Outcome::Broken) {
