@@ -17,6 +17,7 @@
 #include "toolkit/zlib/QsdFlateEncoder.h"
 
 #include <cmath>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -139,15 +140,17 @@ Outcome drawPages(QsdPSDevice& device, const Pages& pages, const PaperSize& pape
     return outcome;
 }
 
-/// The title of a document: what the user says, else that of its only page, else null, which stands for the name of
-/// the output. It is valid as long as what it comes from.
-const char* titleOf(const Options& options, const Pages& pages)
+/// The title of a document: what the user says, else that of its only page, else the output's name without folders;
+/// empty where there is none.
+std::string titleOf(const Options& options, const Pages& pages)
 {
     if (options.title) {
-        return options.title->c_str();
+        return *options.title;
     }
-    const bool isAlone = options.inputs.size() == 1 && pages.size() == 1;
-    return isAlone && !pages.front()->title().empty() ? pages.front()->title().c_str() : nullptr;
+    if (options.inputs.size() == 1) {
+        return pages.front()->title();
+    }
+    return options.output == "-" ? std::string() : std::filesystem::path(options.output).filename().string();
 }
 
 std::unique_ptr<QsdPSDevice> makeDevice(QsdDisplay& display, const Options& options, const Pages& pages,
@@ -160,7 +163,7 @@ std::unique_ptr<QsdPSDevice> makeDevice(QsdDisplay& display, const Options& opti
     }
     auto device = std::make_unique<QsdPSBulkDevice<QsdPSPrintDevice>>(&display, options.color);
     device->setTarget(&output.stream());
-    device->setTitle(titleOf(options, pages));
+    device->setTitle(titleOf(options, pages).c_str());
     return device;
 }
 
