@@ -28,6 +28,7 @@ namespace qsdps {
 
 namespace {
 
+constexpr int UsageError = 2;
 constexpr double LargestPaper = 1e6; ///< points; as much as a page description should have to take
 
 void tell(const Options& options, const std::string& name, const std::string& message)
@@ -219,6 +220,11 @@ int convert(const Options& options)
     if (!(paper.width <= LargestPaper) || !(paper.height <= LargestPaper)) {
         tell(options, pages.front()->name(), "too large for any paper");
         return 1;
+    }
+
+    if (options.paper && !leavesRoom(paper, options.margins)) {
+        std::cerr << options.program << ": --margin: the margins leave no room on the paper as it is turned\n";
+        return UsageError;
     }
 
     const std::string outputName = options.output == "-" ? "standard output" : options.output;
