@@ -46,7 +46,7 @@ expect_font Piped-Heavy
 # Where the place of something follows from letters that nobody has measured, that is told.
 printf '<svg width="99" height="9"><text font-family="some face">He<tspan fill="red">llo</tspan></text></svg>' >text.svg
 expect_status 0 "$tool" --font-map some.qsd text.svg
-expect_message 'width of text in a mapped font'
+expect_message '^qsdps: text.svg: 2 texts laid out as wide as in Helvetica: their mapped fonts are not known here$'
 
 # The map on the data path counts as well, and the one that is given counts more.
 svg "Palatino, serif"

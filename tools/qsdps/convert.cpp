@@ -15,6 +15,7 @@
 #include "toolkit/encoder/QsdRunLengthEncoder.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"
 #include "toolkit/zlib/QsdFlateEncoder.h"
+#include "toolkit_messages.h"
 
 #include <cmath>
 #include <filesystem>
@@ -46,7 +47,7 @@ Pages openPages(const Options& options, bool& failed)
         std::string error;
         std::unique_ptr<DocumentPage> page = DocumentPage::open(input, options, error);
         if (page == nullptr) {
-            tell(options, nameOfInput(input), error);
+            tell(options, nameOfInput(input), options.inputs.size() > 1 ? error + "; left out" : error);
             failed = true;
         } else {
             pages.push_back(std::move(page));
@@ -207,6 +208,7 @@ int convert(const Options& options)
         tell(options, "standard output", "is a terminal; name a file with -o");
         return 1;
     }
+    tellToolkitMessages(options.program);
     bool failed = false;
     const Pages pages = openPages(options, failed);
     if (pages.empty()) {

@@ -3,6 +3,7 @@
 #include "qsdview/view_options.h"
 #include "qsdview/viewer.h"
 #include "toolkit/base/QsdGlobalContext.h"
+#include "toolkit_messages.h"
 
 #include <exception>
 #include <filesystem>
@@ -23,7 +24,7 @@ qsdview::Viewer::Pages openPages(const qsdps::Options& options)
         std::error_code problem;
         const bool stays = std::filesystem::is_regular_file(file.name, problem);
         if (file.name == "-" || (!stays && std::filesystem::exists(file.name, problem))) {
-            tell(qsdps::nameOfInput(file), "cannot be read again and again, as a window needs it");
+            tell(qsdps::nameOfInput(file), "left out: a window needs a file that it can read again and again");
             continue;
         }
         std::string error;
@@ -40,6 +41,7 @@ qsdview::Viewer::Pages openPages(const qsdps::Options& options)
 int view(const qsdview::ViewOptions& asked)
 {
     const qsdps::Options options = qsdview::documentOptions(asked.files, "-");
+    qsdps::tellToolkitMessages("qsdview");
     QsdGlobalContext::GetInstance().setLocale(QsLocale("C", options.encoding));
     qsdview::Viewer::Pages pages = openPages(options);
     const std::size_t opened = pages.size();

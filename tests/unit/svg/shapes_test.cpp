@@ -17,8 +17,9 @@ TEST(Shapes, BecomeOutlines)
 
 TEST(Shapes, ReportWhatIsWrong)
 {
-    EXPECT_EQ(draw("\n<path d='M0 0 L5 5 L x'/>").messages, "in:2: warning: fault in path data, drawn up to it\n");
-    EXPECT_EQ(draw("<rect fill='blurple' width='1' height='1'/>").messages, "in:1: warning: bad value of fill\n");
+    EXPECT_EQ(draw("\n<path d='M0 0 L5 5 L x'/>").messages, "in:2: path drawn up to a fault in its data\n");
+    EXPECT_EQ(draw("<rect fill='blurple' width='1' height='1'/>").messages,
+              "in:1: bad value 'blurple' of fill ignored\n");
 }
 
 TEST(Shapes, FoldOpacityIntoASinglePaint)

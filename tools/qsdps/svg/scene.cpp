@@ -13,7 +13,7 @@ Scene::Scene(const Document& document, const SvgOptions& options, Report& report
 Element Scene::resolve(const pugi::xml_node& node, const Style& parent)
 {
     return resolveElement(_document, node, {parent, _rootFontSize, _options.dpi},
-                          [&](std::string_view name) { badInput("bad value of " + std::string(name), node); });
+                          [&](std::string_view what) { badInput(what, node); });
 }
 
 const Style& Scene::styleOf(const pugi::xml_node& node)
@@ -58,8 +58,13 @@ bool Scene::spendMeasuring(std::size_t cost)
 void Scene::reportDepth(const pugi::xml_node& node)
 {
     if (!_budget.depthReported)
-        badInput("elements nested too deep, inner ones not drawn", node);
+        badInput("elements left out: they are nested too deep", node);
     _budget.depthReported = true;
+}
+
+void Scene::notDrawn(std::string_view kind, const pugi::xml_node& node)
+{
+    _report.notDrawn(kind, _document.line(node));
 }
 
 void Scene::badInput(std::string_view what, const pugi::xml_node& node)

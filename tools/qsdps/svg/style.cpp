@@ -1,5 +1,6 @@
 #include "svg/style.h"
 
+#include "drawing/report.h"
 #include "svg/css_parser.h"
 #include "svg/properties.h"
 #include "svg/scanner.h"
@@ -67,7 +68,7 @@ Element resolveElement(const Document& document, const pugi::xml_node& node, con
         else if (equalsNoCase(values[i], "initial"))
             property(i).copy(element.style, kInitial);
         else if (!property(i).apply(element.style, values[i], base))
-            fault(property(i).name);
+            fault(badValue(values[i], property(i).name));
     }
     return element;
 }

@@ -108,7 +108,7 @@ struct StyleBase {
 };
 
 /// Resolves one element below a parent whose properties are known. Faulty values are left out;
-/// `fault` is called with the name of each such property.
+/// `fault` is called with what is wrong in each such property.
 [[nodiscard]] Element resolveElement(const Document& document, const pugi::xml_node& node, const StyleBase& base,
                                      const std::function<void(std::string_view)>& fault);
 /// The id in "url(#id)"; empty for other files and other text.

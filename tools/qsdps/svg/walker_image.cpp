@@ -63,8 +63,7 @@ void Walker::drawImage(const Element& element, State state)
     auto bytes = readImage(source, _scene.options().baseFolder, std::min(budget, kMaxImage));
     if (!bytes) {
         if (!measuring()) {
-            _scene.report().notDrawn("image");
-            _scene.badInput("image that cannot be read", element.node);
+            _scene.notDrawn("image", element.node);
         }
         return;
     }
@@ -97,8 +96,7 @@ void Walker::drawEmbedded(std::string bytes, const Element& element, Box viewpor
     std::string error;
     const auto document = budget.embedded < kMaxEmbedded ? Document::load(std::move(bytes), error) : nullptr;
     if (!document) {
-        _scene.report().notDrawn("image");
-        _scene.badInput("embedded drawing that cannot be read", element.node);
+        _scene.notDrawn("image", element.node);
         return;
     }
     ++budget.embedded;
