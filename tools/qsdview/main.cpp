@@ -24,7 +24,7 @@ qsdview::Viewer::Pages openPages(const qsdps::Options& options)
         std::error_code problem;
         const bool stays = std::filesystem::is_regular_file(file.name, problem);
         if (file.name == "-" || (!stays && std::filesystem::exists(file.name, problem))) {
-            tell(qsdps::nameOfInput(file), "left out: a window needs a file that it can read again and again");
+            tell(qsdps::nameOfInput(file), "cannot be read again and again, as a window needs it");
             continue;
         }
         std::string error;
