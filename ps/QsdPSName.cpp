@@ -4,37 +4,42 @@
 
 #include <algorithm>
 
-std::string QsdPSQuoted(std::string_view text)
+namespace {
+
+/// A text in parentheses, printable and short enough for a line: what is neither is cut off or becomes a blank.
+std::string quoted(std::string_view text)
 {
     constexpr std::size_t Limit = 200;
-    std::string quoted = "(";
+    std::string literal = "(";
     for (const char c : text) {
         const auto byte = static_cast<unsigned char>(c);
-        if (quoted.size() > Limit) {
+        if (literal.size() > Limit) {
             break;
         }
         if (c == '(' || c == ')' || c == '\\') {
-            quoted += '\\';
-            quoted += c;
+            literal += '\\';
+            literal += c;
         } else if (byte >= 0x20 && byte < 0x7F) {
-            quoted += c;
+            literal += c;
         } else if (byte > 0x7F) {
-            quoted += '\\';
-            quoted += static_cast<char>('0' + (byte >> 6));
-            quoted += static_cast<char>('0' + ((byte >> 3) & 7));
-            quoted += static_cast<char>('0' + (byte & 7));
+            literal += '\\';
+            literal += static_cast<char>('0' + (byte >> 6));
+            literal += static_cast<char>('0' + ((byte >> 3) & 7));
+            literal += static_cast<char>('0' + (byte & 7));
         } else {
-            quoted += ' ';
+            literal += ' ';
         }
     }
-    return quoted + ")";
+    return literal + ")";
 }
+
+} // namespace
 
 QsdPSLiteralName::QsdPSLiteralName(std::string_view name, std::string_view suffix) : _name(name), _suffix(suffix)
 {
     const auto regular = [](std::string_view text) { return std::all_of(text.begin(), text.end(), QsdPSIsRegular); };
     if (!regular(name) || !regular(suffix)) {
-        _quoted = QsdPSQuoted(std::string(name).append(suffix)) + "cvn";
+        _quoted = quoted(std::string(name).append(suffix)) + "cvn";
     }
 }
 

@@ -22,9 +22,6 @@ inline constexpr auto QsdPSRegularCharacters = [] {
     return QsdPSRegularCharacters[static_cast<unsigned char>(c)];
 }
 
-/// A text in parentheses, printable and short enough for a line: what is neither is cut off or becomes a blank.
-[[nodiscard]] std::string QsdPSQuoted(std::string_view text);
-
 /// A literal name of one or two parts; one that the language cannot write as such is made of a string. It needs no
 /// memory once it is there, so the line that it belongs to becomes whole.
 class QsdPSLiteralName {

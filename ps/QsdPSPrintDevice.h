@@ -31,7 +31,8 @@ public:
     QsdPSPrintDevice(QsdDisplay* display, QsdPSColorModel model);
     ~QsdPSPrintDevice() override;
 
-    /// The title in the header of the next document (copied); null: the name of its file.
+    /// The title in the header of the next document (copied), in UTF-8; what is no UTF-8 is taken for Latin-1. Null:
+    /// the name of its file without folders; empty: none. Of a long one the header has as much as a line holds.
     void setTitle(const char* title);
     /// Whether the tiles of patterns lie as in a window: upright, in rows and columns from the port's origin (true),
     /// or where QsdPSDevice puts them (false, as at first).

@@ -9,6 +9,7 @@
 #include "ps/QsdPSPrologParts_p.h"
 #include "ps/QsdPSPrologText_p.h"
 #include "ps/QsdPSString.h"
+#include "ps/QsdPSTitle_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsLocale.h"
 #include "toolkit/base/QsdDate.h"
@@ -23,12 +24,6 @@ namespace {
 std::string_view baseName(std::string_view path)
 {
     return path.substr(path.rfind('/') + 1);
-}
-
-/// A title that cannot be taken for one that is told later.
-std::string titleText(std::string_view title)
-{
-    return title == "atend" ? QsdPSQuoted("atend ") : QsdPSQuoted(title);
 }
 
 void writeBox(QsdPSWriter& out, const std::array<std::int32_t, 4>& box)
@@ -90,7 +85,10 @@ void QsdPSPrintDevice::writeComments()
         writeBox(out, QsdPSBoxOf(document.extent()));
     }
     out << EOL;
-    out << "%%Title: " << titleText(_hasTitle ? _title.view() : baseName(document.fileName)) << EOL;
+    const std::string title = QsdPSTitleText(_hasTitle ? _title.view() : baseName(document.fileName));
+    if (!title.empty()) {
+        out << "%%Title: " << title << EOL;
+    }
     out << "%%Creator: Dravonset" << EOL;
     out << "%%CreationDate: " << QsdGetCurrentDate().view() << EOL;
     if (document.sevenBits) {

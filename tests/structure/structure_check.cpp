@@ -16,8 +16,8 @@ constexpr std::array<std::string_view, 7> Sections = {"%%EndComments", "%%BeginP
 constexpr std::array<std::string_view, 5> Brackets = {"Prolog", "Setup", "PageSetup", "Resource", "Feature"};
 
 /// Header comments that every document has.
-constexpr std::array<std::string_view, 6> Required = {
-    "%%BoundingBox:", "%%Title:", "%%Creator:", "%%CreationDate:", "%%Pages:", "%%LanguageLevel:"};
+constexpr std::array<std::string_view, 5> Required = {
+    "%%BoundingBox:", "%%Creator:", "%%CreationDate:", "%%Pages:", "%%LanguageLevel:"};
 
 /// Operators that an encapsulated document must not use.
 constexpr std::array<std::string_view, 17> Denied = {

@@ -14,7 +14,7 @@ cat >in/a.svg <<'END'
 <circle r="1"/><rect width="calc(50% - 10px)" height="10"/></svg>
 END
 expect_status 0 "$tool" in/a.svg -o a.ps
-expect_message "in/a.svg:2: warning: style sheet rule skipped: selector ':hover' is not known, in 'sheet.css'"
+expect_message "in/a.svg:2: style sheet rule skipped: selector ':hover' is not known, in 'sheet.css'"
 expect_message "style sheet '../../secret.css' not read: no such file beside the drawing or below"
 [ "$(grep -c hover err)" -eq 1 ] || fail "told twice: $(cat err)"
 

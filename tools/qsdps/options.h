@@ -1,6 +1,7 @@
 // What the user asked for.
 #pragma once
 
+#include "drawing/paint.h"
 #include "lengths.h"
 #include "page/text_form.h"
 #include "ps/QsdPSColorModel.h"

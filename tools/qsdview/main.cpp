@@ -4,6 +4,7 @@
 #include "qsdview/viewer.h"
 #include "standard_files.h"
 #include "toolkit/base/QsdGlobalContext.h"
+#include "toolkit_messages.h"
 
 #include <exception>
 #include <filesystem>
@@ -41,6 +42,7 @@ qsdview::Viewer::Pages openPages(const qsdps::Options& options)
 int view(const qsdview::ViewOptions& asked)
 {
     const qsdps::Options options = qsdview::documentOptions(asked.files, "-");
+    qsdps::tellToolkitMessages("qsdview");
     QsdGlobalContext::GetInstance().setLocale(QsLocale("C", options.encoding));
     qsdview::Viewer::Pages pages = openPages(options);
     const std::size_t opened = pages.size();

@@ -23,7 +23,7 @@ TEST(StructureCheck, FindsEachKindOfDamage)
     EXPECT_TRUE(structureFaults(right).empty());
     const std::pair<const char*, const char*> damages[] = {
         {"%!PS-Adobe-3.0", "%!PS-Adobe-2.0"},
-        {"%%Title: (page.ps)\n", ""},
+        {"%%Creator: Dravonset\n", ""},
         {"%%Pages: 1\n", "%%Pages: 2\n"},
         {"%%Pages: 1\n", "%%Pages: (atend)\n"},
         {"%%BoundingBox: ", "%%BoundingBox: (atend)"},

@@ -75,7 +75,7 @@ TEST(Masks, OfGreyAreReported)
 {
     const Recording r = draw("<mask id='m'><path fill='gray' d='M0 0H5'/></mask><path d='M0 0H1' mask='url(#m)'/>");
     EXPECT_EQ(r.canvas.lines, (Lines{"fill #000000 M0,0 L1,0"}));
-    EXPECT_EQ(r.messages, "in: warning: 1 x mask not drawn\n");
+    EXPECT_EQ(r.messages, "in: 1 mask left out\n");
 }
 
 } // namespace

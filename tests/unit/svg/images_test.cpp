@@ -66,7 +66,7 @@ TEST_F(ImageFiles, AreNotReadElsewhere)
          {"../secret.png", "link.png", "/etc/passwd", "http://localhost/a.png", "none.png", ".", "a%20b.png%00"}) {
         const Recording r = open(href);
         EXPECT_EQ(r.canvas.lines, Lines{}) << href;
-        EXPECT_NE(r.messages.find("1 x image not drawn"), std::string::npos) << href;
+        EXPECT_NE(r.messages.find("1 image left out: it cannot be read"), std::string::npos) << href;
     }
 }
 
@@ -75,7 +75,7 @@ TEST_F(ImageFiles, ThatContainThemselvesEnd)
     write("in/self.svg",
           "<svg width='9' height='9'><image width='9' height='9' href='self.svg'/><path d='M0 0H1'/></svg>");
     const Recording r = open("self.svg");
-    EXPECT_NE(r.messages.find("1 x image not drawn"), std::string::npos);
+    EXPECT_NE(r.messages.find("1 image left out: it cannot be read"), std::string::npos);
     write("in/nosize.svg", "<svg><image href='nosize.svg'/></svg>");
     EXPECT_EQ(open("nosize.svg").canvas.lines, Lines{});
 }

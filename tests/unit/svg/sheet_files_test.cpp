@@ -69,7 +69,7 @@ TEST_F(SheetFiles, AreNamedByInstructions)
     EXPECT_EQ(color("<?xml-stylesheet href='blue.css'?><?xml-stylesheet href='red.css'?>"), kRed);
     EXPECT_EQ(color("", "<?xml-stylesheet href='red.css'?>"), kBlack);
     EXPECT_EQ(open("<?xml-stylesheet type='text/xsl' href='x.xsl'?>").messages,
-              "in:1: warning: style sheet 'x.xsl' skipped: its type is 'text/xsl'\n");
+              "in:1: style sheet 'x.xsl' skipped: its type is 'text/xsl'\n");
     EXPECT_NE(open("<?xml-stylesheet?>").messages.find("style sheet '' not read"), std::string::npos);
 }
 
@@ -79,7 +79,7 @@ TEST_F(SheetFiles, AreNotReadElsewhere)
                                    ".", "red.css%00", "sub/../../secret.css"}) {
         const Recording r = open("<?xml-stylesheet href='" + href + "'?>", "<style>@import '" + href + "';</style>");
         EXPECT_EQ(r.canvas.lines.at(0).substr(5, 7), kBlack) << href;
-        EXPECT_EQ(r.messages, "in:1: warning: style sheet '" + href +
+        EXPECT_EQ(r.messages, "in:1: style sheet '" + href +
                                   "' not read: no such file beside the drawing or below, or too large\n");
     }
     const std::string sheet = "<style>@import 'red.css';</style><path d='M0 0H5'/>";
@@ -91,7 +91,7 @@ TEST_F(SheetFiles, ThatImportThemselvesEnd)
     write("in/self.css", "@import 'self.css'; path{fill:red}");
     const Recording self = open("", "<style>@import 'self.css';</style>");
     EXPECT_EQ(self.canvas.lines.at(0).substr(5, 7), kRed);
-    EXPECT_EQ(self.messages, "in:1: warning: style sheet 'self.css' not read: it imports itself, in 'self.css'\n");
+    EXPECT_EQ(self.messages, "in:1: style sheet 'self.css' not read: it imports itself, in 'self.css'\n");
     write("in/one.css", "@import 'sub/two.css';");
     write("in/sub/two.css", "@import '../one.css'; path{fill:red}");
     EXPECT_EQ(colorFrom("@import 'one.css';"), kRed);
@@ -118,7 +118,7 @@ TEST_F(SheetFiles, AreNamedInMessages)
 {
     write("in/odd.css", "path:hover{fill:red}");
     EXPECT_EQ(open("\n<?xml-stylesheet href='odd.css'?>").messages,
-              "in:2: warning: style sheet rule skipped: selector ':hover' is not known, in 'odd.css'\n");
+              "in:2: style sheet rule skipped: selector ':hover' is not known, in 'odd.css'\n");
 }
 
 TEST_F(SheetFiles, MayBeInOtherEncodings)

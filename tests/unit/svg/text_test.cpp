@@ -121,7 +121,7 @@ TEST(Text, PaintsStrokeAndFillInTheOrderAskedFor)
 
 TEST(Text, TellsOfTref)
 {
-    const std::string told = "in: warning: 1 x tref not drawn\n";
+    const std::string told = "in: 1 tref element left out\n";
     const Recording r = draw("<text>a<tref href='#x'/>b</text>");
     EXPECT_EQ(r.canvas.lines, Lines{"text 0,0 [ab]"});
     EXPECT_EQ(r.messages, told);

@@ -56,8 +56,8 @@ TEST(Variables, WithoutAValueLeaveThePropertyAsIfNotGiven)
     EXPECT_EQ(linesOf("<g opacity='.5'><path d='M0 0H5' style='opacity:var(--none)'/></g>"),
               (Lines{"fill #000000*0.5 M0,0 L5,0"}));
     EXPECT_EQ(draw("<path d='M0 0H5' style='fill:var(--none)'/>").messages,
-              "in:1: warning: fill left as if not given: variable '--none' has no value\n");
-    EXPECT_NE(draw("<path d='M0 0H5' style='--c:x;fill:var(--c)'/>").messages.find("bad value of fill"),
+              "in:1: fill left as if not given: variable '--none' has no value\n");
+    EXPECT_NE(draw("<path d='M0 0H5' style='--c:x;fill:var(--c)'/>").messages.find("of fill ignored"),
               std::string::npos);
     EXPECT_NE(draw("<path d='M0 0H5' style='fill:var(c)'/>").messages.find("var('c') is not understood"),
               std::string::npos);
@@ -158,7 +158,7 @@ TEST(Calc, ThatIsFaultyIsTold)
 {
     const Recording r = draw("<rect width='5' height='5' style='width:calc(5px + 1);fill:red'/>");
     EXPECT_EQ(r.canvas.lines, (Lines{"fill #ff0000 M0,0 L5,0 L5,5 L0,5 Z"}));
-    EXPECT_EQ(r.messages, "in:1: warning: bad value of width\n");
+    EXPECT_EQ(r.messages, "in:1: bad value 'calc(5px + 1)' of width ignored\n");
 }
 
 } // namespace

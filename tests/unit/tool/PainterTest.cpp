@@ -127,7 +127,7 @@ TEST_F(PainterTest, LinesOfThePortWhereTheyFit)
 TEST_F(PainterTest, TellsOfImages)
 {
     painter.image({}, 1, Matrix());
-    EXPECT_NE(told().find("image not drawn"), std::string::npos);
+    EXPECT_NE(told().find("1 image left out: it cannot be read"), std::string::npos);
 }
 
 TEST_F(PainterTest, TranslucentGradientsOverBusyGroundBecomeOnePicture)
@@ -245,7 +245,7 @@ TEST_F(PainterTest, DrawsTextsInTheFormAskedFor)
     chunk.spans[0].font.families = {"Nowhere"};
     painter.text(chunk, Matrix());
     EXPECT_NE(port.calls.back().find("String"), std::string::npos);
-    EXPECT_EQ(told(), "x: warning: 1 x font approximated\n");
+    EXPECT_EQ(told(), "x: 1 text shown in another font: no printer and no installed font has its letters\n");
 }
 
 TEST_F(PainterTest, TranslucentLettersLieOnOneGround)
@@ -275,9 +275,9 @@ TEST_F(PainterTest, TextsTooLongForOutlinesAreStrings)
     painter.text(chunk, Matrix());
     ASSERT_EQ(port.calls.size(), 1U);
     EXPECT_NE(port.calls[0].find("String"), std::string::npos);
-    EXPECT_EQ(told(), "x: warning: 1 x font approximated\n");
+    EXPECT_EQ(told(), "x: 1 text shown in another font: no printer and no installed font has its letters\n");
     tools.textForm = TextForm::Outlines;
     chunk.spans[0].text = std::string(200'001, 'H');
     painter.text(chunk, Matrix());
-    EXPECT_NE(told().find("1 x outlined text approximated"), std::string::npos);
+    EXPECT_NE(told().find("1 text kept as a string: it cannot be outlined"), std::string::npos);
 }

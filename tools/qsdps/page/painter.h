@@ -13,6 +13,7 @@
 #include "toolkit/port/QsdPort.h"
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace qsdps {
@@ -21,9 +22,9 @@ struct Lettering;
 
 /// What painters of several pages share, so that the port sees the same objects again.
 struct PaintTools {
-    /// For texts in `encoding`, as far as they are strings.
-    PaintTools(QsdDisplay& display, QsEncoding encoding, TextForm form = TextForm::Auto)
-        : fonts(display, encoding, letters), encoder(encoding), textForm(form),
+    /// For texts in `encoding`, as far as they are strings; `findMapped` tells what families the port has.
+    PaintTools(QsdDisplay& display, QsEncoding encoding, TextForm form = TextForm::Auto, FindMapped findMapped = {})
+        : fonts(display, encoding, letters, std::move(findMapped)), encoder(encoding), textForm(form),
           palette(QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display)))
     {
     }

@@ -116,6 +116,16 @@ TextPainter::Run TextPainter::runOf(const TextSpan& span, const Matrix& toUnits,
     return run;
 }
 
+void TextPainter::reportGuessedWidths(const std::vector<Run>& runs, bool placesAll)
+{
+    for (const Run& run : runs) {
+        const bool places = placesAll || run.inPieces() || run.span->lineThrough || run.span->overline;
+        if (places && !run.face.isMeasured && !isBlank(*run.span)) {
+            _report.approximated("width of text in a mapped font");
+        }
+    }
+}
+
 void TextPainter::paint(const TextChunk& chunk, const Matrix& toUnits)
 {
     if (!(toUnits.meanScale() > 0)) {
@@ -130,6 +140,7 @@ void TextPainter::paint(const TextChunk& chunk, const Matrix& toUnits)
     }
     const double shift = chunk.anchor == TextAnchor::Middle ? -total / 2 : chunk.anchor == TextAnchor::End ? -total : 0;
     if (chunk.along) {
+        reportGuessedWidths(runs, true);
         paintAlong(*chunk.along, chunk.startOffset + shift, runs, toUnits);
         return;
     }
@@ -142,6 +153,7 @@ void TextPainter::paint(const TextChunk& chunk, const Matrix& toUnits)
                    toUnits, chunk.anchor == TextAnchor::Middle ? QsdPositionCenter : QsdPositionRight);
         return;
     }
+    reportGuessedWidths(runs, runs.size() > 1 || shift != 0);
     Point at{chunk.at.x + shift, chunk.at.y};
     for (const Run& run : runs) {
         at.x += run.span->dx;

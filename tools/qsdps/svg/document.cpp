@@ -24,16 +24,6 @@ pugi::xml_node following(pugi::xml_node node)
     return node ? node.next_sibling() : node;
 }
 
-std::string allText(const pugi::xml_node& element)
-{
-    std::string text;
-    for (const pugi::xml_node& child : element.children()) {
-        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
-            text += child.value();
-    }
-    return text;
-}
-
 } // namespace
 
 std::string_view localName(const pugi::xml_node& element)
@@ -41,6 +31,16 @@ std::string_view localName(const pugi::xml_node& element)
     const std::string_view name = element.name();
     const std::size_t colon = name.find(':');
     return colon == name.npos ? name : name.substr(colon + 1);
+}
+
+std::string textOf(const pugi::xml_node& element)
+{
+    std::string text;
+    for (const pugi::xml_node& child : element.children()) {
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
+            text += child.value();
+    }
+    return text;
 }
 
 std::string_view attribute(const pugi::xml_node& element, const char* name)
@@ -126,7 +126,7 @@ void Document::loadSheets(const std::filesystem::path& baseFolder)
     }
     for (pugi::xml_node node = _root; node; node = following(node)) {
         if (tag(node) == Tag::Style)
-            loader.addElement(allText(node), attribute(node, "type"), attribute(node, "media"), line(node));
+            loader.addElement(textOf(node), attribute(node, "type"), attribute(node, "media"), line(node));
     }
     _sheetBytes = loader.bytesRead();
 }

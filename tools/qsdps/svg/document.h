@@ -20,6 +20,8 @@ namespace qsdps::svg {
 
 /// The element's name without its prefix.
 [[nodiscard]] std::string_view localName(const pugi::xml_node& element);
+/// The text directly inside the element, whatever comments part it.
+[[nodiscard]] std::string textOf(const pugi::xml_node& element);
 /// The attribute's value; empty where there is none.
 [[nodiscard]] std::string_view attribute(const pugi::xml_node& element, const char* name);
 /// The target of href, or of xlink:href under whatever prefix; empty where there is none.

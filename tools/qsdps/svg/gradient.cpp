@@ -139,7 +139,7 @@ Paint makeGradient(Scene& scene, const pugi::xml_node& node, const LengthBase& b
     if (const std::string_view text = chain.get("gradientTransform"); !text.empty()) {
         const auto transform = parseTransform(text);
         if (!transform)
-            scene.badInput("bad value of gradientTransform", node);
+            scene.badInput(badValue(text, "gradientTransform"), node);
         gradient->toUser = gradient->toUser * transform.value_or(Matrix{});
     }
     if (isDegenerate(*gradient))

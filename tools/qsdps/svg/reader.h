@@ -38,7 +38,7 @@ public:
     /// The drawing's own size in CSS pixels: from width and height, else from viewBox, else from what is drawn.
     [[nodiscard]] double width() const { return _width; }
     [[nodiscard]] double height() const { return _height; }
-    /// The content of the title element; empty where there is none.
+    /// The text of the title element, blanks for line ends and runs of white space; empty where there is none.
     [[nodiscard]] std::string title() const;
     /// Draws everything in painting order; what cannot be drawn as asked is counted in `report`.
     void draw(Canvas& canvas, Report& report) const;

@@ -72,8 +72,13 @@ bool Scene::spendMeasuring(std::size_t cost)
 void Scene::reportDepth(const pugi::xml_node& node)
 {
     if (!_budget.depthReported)
-        badInput("elements nested too deep, inner ones not drawn", node);
+        badInput("elements left out: they are nested too deep", node);
     _budget.depthReported = true;
+}
+
+void Scene::notDrawn(std::string_view kind, const pugi::xml_node& node)
+{
+    _report.notDrawn(kind, _document.line(node));
 }
 
 void Scene::badInput(std::string_view what, const pugi::xml_node& node)

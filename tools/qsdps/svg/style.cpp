@@ -1,5 +1,6 @@
 #include "svg/style.h"
 
+#include "drawing/report.h"
 #include "svg/calc.h"
 #include "svg/css_parser.h"
 #include "svg/properties.h"
@@ -136,7 +137,7 @@ public:
         // Without its variables nobody could tell that the value is none, so that no weaker one comes in.
         if (variable)
             unset(index);
-        _fault("bad value of " + std::string(property(index).name));
+        _fault(badValue(setting.value, property(index).name));
     }
 
 private:

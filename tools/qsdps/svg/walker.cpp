@@ -221,12 +221,12 @@ void Walker::drawUse(const Element& element, State state)
     const pugi::xml_node target = _scene.document().target(element.node);
     if (!target) {
         if (!measuring())
-            _scene.badInput("use refers to nothing in this file", element.node);
+            _scene.badInput("use element left out: it refers to nothing in this file", element.node);
         return;
     }
     const Scene::Expansion expansion(_scene, target);
     if (expansion.cyclic() || isInside(element.node, target)) {
-        _scene.badInput("use refers to itself", element.node);
+        _scene.badInput("use element left out: it refers to itself", element.node);
         return;
     }
     state.referenced = true;
@@ -286,7 +286,7 @@ bool Walker::applyTransform(const Element& element, State& state)
     const auto transform = parseTransform(text);
     if (!transform) {
         if (!measuring())
-            _scene.badInput("bad value of transform", element.node);
+            _scene.badInput(badValue(text, "transform"), element.node);
         return true;
     }
     state.toPage = state.toPage * *transform;

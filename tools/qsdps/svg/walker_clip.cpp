@@ -44,7 +44,7 @@ Walker::Clip Walker::makeClip(std::string_view id, const State& state, const Bou
         return nullptr;
     const Scene::Expansion expansion(_scene, node);
     if (expansion.cyclic()) {
-        _scene.badInput("clipPath refers to itself", node);
+        _scene.badInput("clipPath element ignored: it refers to itself", node);
         return nullptr;
     }
     if (state.depth + 1 >= kMaxDepth) {

@@ -145,7 +145,7 @@ void Walker::drawTile(const pugi::xml_node& content, const State& state, const B
 {
     const Scene::Expansion expansion(_scene, content);
     if (expansion.cyclic()) {
-        _scene.badInput("pattern refers to itself", content);
+        _scene.badInput("tile of a pattern left out: the pattern refers to itself", content);
         return;
     }
     const Style& style = _scene.styleOf(content);

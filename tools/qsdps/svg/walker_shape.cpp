@@ -78,7 +78,7 @@ void Walker::drawShape(const Element& element, State state)
         return;
     if (!isFinite(path, state.toPage)) {
         if (!measuring())
-            _scene.badInput("coordinates out of range", element.node);
+            _scene.badInput("shape left out: its coordinates are out of range", element.node);
         return;
     }
     StrokeStyle stroke = strokeStyle(style, state);

@@ -201,7 +201,7 @@ private:
             std::vector<double> values;
             const auto lengths = parseLengthList(text);
             if (!lengths && !_walker.measuring())
-                _walker._scene.badInput("bad value in a list of text positions", element.node);
+                _walker._scene.badInput(badValue(text, "a list of text positions"), element.node);
             for (const Length& length : lengths.value_or(std::vector<Length>{}))
                 values.push_back(svg::resolve(length, axis, base));
             return values;
