@@ -105,10 +105,13 @@ std::vector<BandArea> linearAreas(const Gradient& gradient, const Matrix& toUnit
     // The distance between lines of equal offset, one apart.
     const double across = std::fabs(frameToUnits.determinant()) / std::hypot(frameToUnits.c, frameToUnits.d);
     std::vector<BandArea> areas;
-    const std::vector<GradientBand> bands = bandsOf(gradient, low, high, BandDots * tolerance / across);
+    const double narrowest = BandDots * tolerance / across;
+    const std::vector<GradientBand> bands = bandsOf(gradient, low, high, narrowest);
     for (std::size_t i = 0; i < bands.size(); ++i) {
-        // Each band reaches under the next one.
-        const double end = i + 1 < bands.size() ? (bands[i + 1].from + bands[i + 1].to) / 2 : bands[i].to;
+        // Each band reaches under the next one, so far that no smoothed edge shows what is under both, and no farther:
+        // the edges of what it fills are smoothed twice there.
+        const double end =
+            i + 1 < bands.size() ? std::min(bands[i + 1].to, bands[i + 1].from + narrowest) : bands[i].to;
         const double start = bands[i].from;
         Chain band{{}, true};
         for (const Point& p : {Point{start, near - margin}, Point{end, near - margin}, Point{end, far + margin},
@@ -156,13 +159,15 @@ std::vector<BandArea> radialAreas(const Gradient& gradient, const Matrix& toUnit
     const double closing = std::max(growth - shift, growth * 1e-3);
     const double high = std::max(1.0, (reach - gradient.startRadius) / closing);
     const double scale = std::max(std::hypot(toUnits.a, toUnits.b), std::hypot(toUnits.c, toUnits.d));
-    const std::vector<GradientBand> bands =
-        bandsOf(gradient, 0, high, BandDots * tolerance / (scale * (growth + shift)));
+    const double narrowest = BandDots * tolerance / (scale * (growth + shift));
+    const std::vector<GradientBand> bands = bandsOf(gradient, 0, high, narrowest);
     std::vector<BandArea> areas;
     for (std::size_t i = bands.size(); i > 0; --i) {
         const GradientBand& band = bands[i - 1];
         const bool outermost = i == bands.size();
-        areas.push_back({outermost ? ringsOf(bounds) : circleAt(gradient, band.to, toUnits, tolerance), band.ink});
+        const double hidden = band.from - narrowest;
+        areas.push_back({outermost ? ringsOf(bounds) : circleAt(gradient, band.to, toUnits, tolerance), band.ink,
+                         i > 1 && hidden > 0 ? circleAt(gradient, hidden, toUnits, tolerance) : Rings()});
     }
     return areas;
 }

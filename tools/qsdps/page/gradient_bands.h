@@ -23,6 +23,7 @@ struct GradientBand {
 struct BandArea {
     Rings area;
     Ink ink;
+    Rings inside{}; ///< what later pieces hide of the area anyway; they reach under its edge
 };
 
 /// What to lay over `bounds` to show a gradient there, in this order: each piece hides the edge of the one before, so

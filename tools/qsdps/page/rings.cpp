@@ -134,6 +134,15 @@ Rings ringsOf(const QsdRect& rect)
     return {{{rect.x, rect.y}, {right, rect.y}, {right, bottom}, {rect.x, bottom}}};
 }
 
+std::size_t pointsOf(const Rings& rings)
+{
+    std::size_t count = 0;
+    for (const Ring& ring : rings) {
+        count += ring.size();
+    }
+    return count;
+}
+
 Rings intersection(const Rings& rings, FillRule rule, const Rings& clip)
 {
     return combined(ClipperLib::ctIntersection, rings, rule, clip);

@@ -21,6 +21,7 @@ using Rings = std::vector<Ring>;
 /// The rectangle that the rings are, when they are one upright rectangle.
 [[nodiscard]] std::optional<QsdRect> asRectangle(const Rings& rings);
 [[nodiscard]] Rings ringsOf(const QsdRect& rect);
+[[nodiscard]] std::size_t pointsOf(const Rings& rings);
 
 /// The area inside `rings` by `rule`, limited to that inside `clip` (non-zero rule). The result is for the non-zero
 /// rule.
