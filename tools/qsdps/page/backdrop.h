@@ -42,9 +42,8 @@ public:
     [[nodiscard]] std::size_t endFor(const Ink& ink, std::size_t groundEnd) const;
 
     /// The parts of an area (non-zero rule) with different backdrops of the first `groundEnd` areas, in the order in
-    /// which to fill them: the first is the whole area, and each hides some of those before. Neighbours whose colours
-    /// differ too little to show through `ink` are one part; parts that show through paint of several inks are asked
-    /// for with the most translucent of them.
+    /// which to fill them, as from Ground::under. Neighbours whose colours differ too little to show through `ink` are
+    /// one part; parts that show through paint of several inks are asked for with the most translucent of them.
     [[nodiscard]] std::vector<BackdropPart> under(Ground& ground, const Rings& area, const Ink& ink,
                                                   std::size_t groundEnd) const;
     /// The backdrop at a point.

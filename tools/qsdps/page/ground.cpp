@@ -186,6 +186,12 @@ bool Ground::isBare(const QsdRect& bounds, std::size_t end) const
                         [&](const Layer& layer) { return !layer.bounds.intersected(bounds).isEmpty(); });
 }
 
+Rings Ground::reaching(Rings part, const Rings& shown, const Rings& area, const Rings& open) const
+{
+    const Rings reach = intersection(grown(shown, _overlap), FillRule::NonZero, difference(area, open));
+    return surfaceOf(difference(reach, part)) > _detail * _detail ? unionOf(part, reach) : part;
+}
+
 std::vector<GroundPart> Ground::visibleLayers(const Rings& area, std::size_t end)
 {
     const QsdRect bounds = boundsOf(area);
@@ -209,15 +215,23 @@ std::vector<GroundPart> Ground::visibleLayers(const Rings& area, std::size_t end
         if (!spend(pointsOf(covering) + pointsOf(area) + pointsOf(open))) {
             break;
         }
-        if (surfaceOf(intersection(open, FillRule::NonZero, covering)) < least) {
+        const Rings shown = intersection(open, FillRule::NonZero, covering);
+        if (surfaceOf(shown) < least) {
             continue;
         }
+        Rings part = intersection(area, FillRule::NonZero, covering);
+        if (!parts.empty()) {
+            part = reaching(std::move(part), shown, area, open);
+        }
         open = difference(open, covering);
-        if (surfaceOf(open) < least) {
-            parts.push_back({area, layer.color, i});
+        const bool isLast = surfaceOf(open) < least;
+        if (isLast && !open.empty()) {
+            part = unionOf(part, open);
+        }
+        parts.push_back({std::move(part), layer.color, i});
+        if (isLast) {
             return parts;
         }
-        parts.push_back({intersection(area, FillRule::NonZero, covering), layer.color, i});
         openBounds = boundsOf(open);
     }
     parts.push_back({area, i == 0 ? _paper : topmostColor(insideOf(open), i), i});

@@ -25,8 +25,9 @@ class Ground {
 public:
     using AreaMaker = std::function<Rings()>;
 
-    /// Empty paper of one colour; what is smaller than `detail` units each way is not told apart.
-    Ground(Rgb paper, double detail) : _paper(paper), _detail(detail) {}
+    /// Empty paper of one colour; what is smaller than `detail` units each way is not told apart, and parts reach
+    /// `overlap` units under those that hide them.
+    Ground(Rgb paper, double detail, double overlap) : _paper(paper), _detail(detail), _overlap(overlap) {}
 
     /// Lays an area inside `bounds` on top; what sticks out of them is cut off, and they may be larger. The maker gives
     /// its rings for the non-zero rule, and is called only when something translucent comes to lie there. Past a limit
@@ -47,8 +48,8 @@ public:
     [[nodiscard]] bool isIntricate(const QsdRect& bounds, std::size_t end) const;
     /// What the first `end` areas look like in a frame, row by row.
     [[nodiscard]] std::vector<Rgb> pixelsOf(const RasterFrame& frame, std::size_t end);
-    /// The parts of an area (non-zero rule) over the first `end` areas, in the order in which to fill them: the first
-    /// one is the whole area, and a later part may hide some of an earlier one, so that no seams show between them.
+    /// The parts of an area (non-zero rule) over the first `end` areas, in the order in which to fill them: a later
+    /// part may hide some of an earlier one, and hides a little of those beside it, so that no seams show between them.
     /// Neighbours are one part where their colours differ by no more than `colorStep` (of 255).
     [[nodiscard]] std::vector<GroundPart> under(const Rings& area, std::size_t end, double colorStep);
     /// The colour at a point over the first `end` areas.
@@ -68,6 +69,8 @@ private:
     /// The colour that a layer has at a point; none where it does not cover it.
     [[nodiscard]] std::optional<Rgb> colorOf(Layer& layer, QsdPoint point);
     [[nodiscard]] bool spend(std::size_t work);
+    /// A part of `area` that shows a layer at `shown`, and reaches a little under what hides it: `area` without `open`.
+    [[nodiscard]] Rings reaching(Rings part, const Rings& shown, const Rings& area, const Rings& open) const;
     /// The first layers from the top that show through `area`, top first, until nothing is left or it would take too
     /// long; then what is left counts as one colour.
     [[nodiscard]] std::vector<GroundPart> visibleLayers(const Rings& area, std::size_t end);
@@ -76,6 +79,7 @@ private:
 
     Rgb _paper;
     double _detail;
+    double _overlap;
     std::vector<Layer> _layers;
     std::size_t _points = 0;
     std::size_t _work = 0;

@@ -5,7 +5,6 @@
 #include "page/picture.h"
 #include "page/polygons.h"
 #include "page/stroker.h"
-#include "page/tiling.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,6 +21,14 @@ double detailOf(const Units& units)
 {
     constexpr double Tolerances = 15;
     return units.tolerance() * Tolerances;
+}
+
+/// How far bands of gradients and parts of translucent areas overlap: a dot of the coarsest screen, and two of a page
+/// shown a thousand dots wide.
+double overlapOf(const Units& units)
+{
+    constexpr double Tolerances = 20;
+    return std::max(units.perPoint(), units.tolerance() * Tolerances);
 }
 
 /// A picture that shows nothing yet.
@@ -79,7 +86,7 @@ Rings cutTo(const BandArea& band, const Rings& area, bool liesOnOthers)
 Painter::Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, Rgb paper, PaintTools& tools,
                  Report& report)
     : _port(port), _units(units), _pageToUnits(units.fromPoints() * pageToPoints), _tools(tools), _report(report),
-      _clips(_pageToUnits, units.tolerance()), _ground(paper, detailOf(units))
+      _clips(_pageToUnits, units.tolerance()), _ground(paper, detailOf(units), overlapOf(units))
 {
 }
 
@@ -130,7 +137,8 @@ void Painter::paintArea(std::size_t groundEnd, Rings rings, FillRule rule, const
 void Painter::paintGradient(std::size_t groundEnd, const Rings& rings, const Gradient& gradient, double opacity,
                             const Matrix& toUnits)
 {
-    std::vector<BandArea> bands = bandAreas(gradient, toUnits * gradient.toUser, boundsOf(rings), _units.tolerance());
+    std::vector<BandArea> bands =
+        bandAreas(gradient, toUnits * gradient.toUser, boundsOf(rings), _units.tolerance(), overlapOf(_units));
     if (bands.empty()) {
         const GradientStop& last = gradient.stops.back();
         bands.push_back({rings, {last.color, last.opacity}});
@@ -164,6 +172,7 @@ void Painter::fillBands(const Rings& rings, const std::vector<BandArea>& bands, 
     if (bands.size() * parts.size() > MostPieces && paintPixels(rings, bands, groundEnd)) {
         return;
     }
+    const bool firstIsWhole = parts.front().area == rings;
     constexpr int SameLook = 1;           // of 255
     std::vector<std::vector<Rgb>> colors; // of the bands, part by part
     for (const BackdropPart& part : parts) {
@@ -173,9 +182,9 @@ void Painter::fillBands(const Rings& rings, const std::vector<BandArea>& bands, 
         }
         const auto isDrawnAlready = [&](std::size_t i) {
             return bands[i].ink.isInvisible() ||
-                   (colors.size() > 1 && std::all_of(colors.begin(), colors.end() - 1, [&](const auto& before) {
-                        return differenceOf(before[i], shown[i]) <= SameLook;
-                    }));
+                   (firstIsWhole && colors.size() > 1 &&
+                    std::all_of(colors.begin(), colors.end() - 1,
+                                [&](const auto& before) { return differenceOf(before[i], shown[i]) <= SameLook; }));
         };
         for (std::size_t i = 0; i < bands.size(); ++i) {
             if (isDrawnAlready(i)) {
@@ -273,32 +282,6 @@ void Painter::drawHeldUnder(const QsdRect& bounds)
 void Painter::finish()
 {
     drawHeld();
-}
-
-void Painter::paintTiles(const Rings& rings, const Tile& tile, double opacity, const Matrix& toPage)
-{
-    constexpr std::size_t MostCells = 20000;
-    const Matrix toPattern = toPage * tile.toUser;
-    const std::vector<Matrix> cells = cellsOver(boundsOf(rings), tile.cell, _pageToUnits * toPattern, MostCells);
-    _cells += cells.size();
-    if (cells.empty() || _cells > MostCells) {
-        _report.notDrawn("pattern fill");
-        return;
-    }
-    _clips.push(rings);
-    if (opacity < 1) {
-        beginGroup(opacity);
-    }
-    for (const Matrix& cell : cells) {
-        const Matrix map = toPattern * cell;
-        _clips.push(ringsOf(flattened(outlineOf(tile.cell), _pageToUnits * map, _units.tolerance())));
-        tile.draw(*this, map);
-        _clips.pop();
-    }
-    if (opacity < 1) {
-        endGroup();
-    }
-    _clips.pop();
 }
 
 void Painter::fillOpaque(Rings rings, FillRule rule, Rgb color)

@@ -58,6 +58,8 @@ public:
     void finish();
 
 private:
+    class TileCanvas;
+
     /// Fill and stroke with paints that let only the first `groundEnd` areas shine through: not those of other pieces
     /// of the same object.
     void fillOver(std::size_t groundEnd, const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage);

@@ -158,6 +158,15 @@ Rings difference(const Rings& a, const Rings& b)
     return combined(ClipperLib::ctDifference, a, FillRule::NonZero, b);
 }
 
+Rings grown(const Rings& rings, double distance)
+{
+    ClipperLib::ClipperOffset offset;
+    offset.AddPaths(toClipper(rings), ClipperLib::jtMiter, ClipperLib::etClosedPolygon);
+    ClipperLib::Paths result;
+    offset.Execute(result, distance);
+    return fromClipper(result);
+}
+
 Rings simplified(const Rings& rings, FillRule rule)
 {
     return combined(ClipperLib::ctUnion, rings, rule, {});

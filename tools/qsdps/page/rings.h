@@ -30,6 +30,8 @@ using Rings = std::vector<Ring>;
 [[nodiscard]] Rings unionOf(const Rings& a, const Rings& b);
 /// The area inside `a` and not inside `b`, both by the non-zero rule, as the result is.
 [[nodiscard]] Rings difference(const Rings& a, const Rings& b);
+/// The area (non-zero rule) made larger by a distance on all sides, corners kept sharp.
+[[nodiscard]] Rings grown(const Rings& rings, double distance);
 /// The same area for the non-zero rule.
 [[nodiscard]] Rings simplified(const Rings& rings, FillRule rule);
 
