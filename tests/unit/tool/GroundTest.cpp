@@ -120,13 +120,13 @@ TEST(Ground, CountsWhatAnAreaCoversNotItsBounds)
 
 TEST(Ground, LeavesNoSliversBetweenAreas)
 {
-    Ground ground(White, 6, 6);
+    Ground ground(White, 20, 6);
     lay(ground, {0, 0, 50, 1000}, Red);
     lay(ground, {51, 0, 949, 1000}, Blue);
-    const Rings area = ringsOf({10, 10, 900, 20});
+    const Rings area = ringsOf({10, 10, 900, 200});
     const auto parts = ground.under(area, 2, 0);
     ASSERT_EQ(parts.size(), 2U);
-    EXPECT_EQ(boundsOfPart(parts[0]), (QsdRect{10, 10, 46, 20})) << "over the gap, and a little under the neighbour";
+    EXPECT_EQ(boundsOfPart(parts[0]), (QsdRect{10, 10, 46, 200})) << "over the gap, and a little under the neighbour";
     EXPECT_EQ(parts[0].color, Red);
     EXPECT_EQ(parts[1].color, Blue);
     EXPECT_EQ(parts[0].newest, 1U);

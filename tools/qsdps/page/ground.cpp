@@ -189,7 +189,10 @@ bool Ground::isBare(const QsdRect& bounds, std::size_t end) const
 Rings Ground::reaching(Rings part, const Rings& shown, const Rings& area, const Rings& open) const
 {
     const Rings reach = intersection(grown(shown, _overlap), FillRule::NonZero, difference(area, open));
-    return surfaceOf(difference(reach, part)) > _detail * _detail ? unionOf(part, reach) : part;
+    // Where edges cross, the reach sticks out a little, too; that is no use.
+    Rings missing = difference(reach, part);
+    std::erase_if(missing, [&](const Ring& ring) { return surfaceOf({ring}) < 8 * _overlap * _overlap; });
+    return missing.empty() ? part : unionOf(part, missing);
 }
 
 std::vector<GroundPart> Ground::visibleLayers(const Rings& area, std::size_t end)
