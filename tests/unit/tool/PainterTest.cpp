@@ -74,6 +74,21 @@ TEST_F(PainterTest, GroupsHideWhatTheyThemselvesCover)
     EXPECT_EQ(lastColor(), (Rgb{255, 128, 128}));
 }
 
+TEST_F(PainterTest, TranslucentShapesInGroupsAreComposedWithTheGroup)
+{
+    fill({0, 0, 10, 10}, solid({0, 0, 0}));
+    painter.beginGroup(0.5);
+    fill({0, 0, 10, 10}, solid({0, 255, 0}));
+    EXPECT_EQ(lastColor(), (Rgb{0, 128, 0}));
+    fill({0, 0, 10, 10}, solid({255, 0, 0}, 0.5));
+    EXPECT_EQ(lastColor(), (Rgb{64, 64, 0}));
+    painter.beginGroup(0.5);
+    fill({0, 0, 10, 10}, solid({0, 0, 255}));
+    EXPECT_EQ(lastColor(), (Rgb{32, 32, 64}));
+    painter.endGroup();
+    painter.endGroup();
+}
+
 TEST_F(PainterTest, ClipsOnlyWhatNeedsIt)
 {
     painter.pushClip({{{outlineOf({0, 0, 10, 10}), FillRule::NonZero, Matrix(), nullptr}}, nullptr});
@@ -102,11 +117,37 @@ TEST_F(PainterTest, TilesRepeat)
     auto tile = std::make_shared<Tile>();
     tile->cell = {0, 0, 10, 10};
     tile->draw = [](Canvas& canvas, const Matrix& map) {
-        canvas.fill(outlineOf({0, 0, 5, 5}), FillRule::NonZero, {Rgb{255, 0, 0}, 1}, map);
+        canvas.fill(outlineOf({1, 1, 5, 5}), FillRule::NonZero, {Rgb{255, 0, 0}, 1}, map);
     };
     fill({0, 0, 20, 20}, {std::shared_ptr<const Tile>(tile), 1});
     EXPECT_EQ(port.calls.size(), 4U);
     EXPECT_EQ(told(), "");
+}
+
+TEST_F(PainterTest, TilesThatMeetAreOneArea)
+{
+    auto tile = std::make_shared<Tile>();
+    tile->cell = {0, 0, 10, 10};
+    tile->draw = [](Canvas& canvas, const Matrix& map) {
+        canvas.fill(outlineOf({0, 0, 10, 10}), FillRule::NonZero, {Rgb{255, 0, 0}, 1}, map);
+        canvas.fill(outlineOf({2, 2, 5, 5}), FillRule::NonZero, {Rgb{0, 0, 255}, 1}, map);
+    };
+    fill({0, 0, 20, 20}, {std::shared_ptr<const Tile>(tile), 1});
+    ASSERT_EQ(port.calls.size(), 5U);
+    EXPECT_EQ(port.calls[0], "fillRectangle 0,0 2000x2000");
+    EXPECT_EQ(port.calls[4], "fillRectangle 1200,1200 500x500");
+}
+
+TEST_F(PainterTest, BandsThatHideNothingAreLeftOut)
+{
+    auto gradient = std::make_shared<Gradient>();
+    gradient->end = {10, 0};
+    gradient->stops = {{0, {0, 0, 0}, 0}, {0.5, {0, 0, 0}, 0}, {0.5, {0, 0, 0}, 1}, {1, {0, 0, 0}, 1}};
+    fill({0, 0, 5, 10}, solid({255, 0, 0}));
+    port.calls.clear();
+    fill({0, 0, 10, 10}, {std::shared_ptr<const Gradient>(gradient), 1});
+    ASSERT_EQ(port.calls.size(), 1U);
+    EXPECT_EQ(port.calls[0], "fillRectangle 500,0 500x1000");
 }
 
 TEST_F(PainterTest, LinesOfThePortWhereTheyFit)

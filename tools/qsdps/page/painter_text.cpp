@@ -173,8 +173,7 @@ void Painter::paintStrings(const TextChunk& chunk, const Matrix& toPage)
     }
     _unknown.push_back(bounds);
     const auto blender = [this](const Ink& ink, QsdPoint at) {
-        return isOpaque(ink) ? ink.color
-                             : blend(ink, groupOpacity(), _ground.at(at, groundEndFor(ink, _ground.count())));
+        return _groups.isOpaque(ink) ? ink.color : _groups.shown(ink, _groups.at(_ground, at, _ground.count()));
     };
     TextPainter(_port, _tools, _report, blender).paint(chunk, _pageToUnits * toPage);
 }
