@@ -9,6 +9,7 @@ class QsdPSPrintDocument;
 class QsdPSSpool;
 class QsdPSWriter;
 struct QsdPSExtent;
+struct QsdPSImagePlace;
 struct QsdPSPageClip;
 struct QsdPSTile;
 
@@ -137,10 +138,10 @@ private:
     [[nodiscard]] bool readsHexadecimal() const;
     void writeSourceString(QsdPSWriter& out, std::size_t rowBytes) const;
     void writeDataSource(QsdPSWriter& out) const;
-    void writeBits(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect, const QsdPoint& at,
-                   bool opaque) const;
+    void writeBits(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
+                   const QsdPSImagePlace& place, bool opaque) const;
     void writeColors(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
-                     const QsdPoint& at) const;
+                     const QsdPSImagePlace& place) const;
     void writeMasked(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,
                      const QsdRect& rect, const QsdPoint& at) const;
     void writeRuns(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,
