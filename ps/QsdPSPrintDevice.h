@@ -15,7 +15,7 @@ struct QsdPSTile;
 
 /// A PostScript device whose documents keep the document structuring conventions 3.0: every page stands alone, fonts
 /// and patterns are in the setup, once, and the header tells what the document needs and how large it is. It draws what
-/// QsdPSDevice draws, in the same places; docs/device.md has the differences.
+/// QsdPSDevice draws, in the same places; docs/printing.md has the differences.
 ///
 /// Pages wait in a temporary file until end writes the document, so the header is complete on any output and memory
 /// does not grow with the document. Text given to send becomes part of the page under way; it should not rely on text

@@ -36,12 +36,13 @@ by th div floor th mul th ty{bx tw div floor tw mul tw tx
 /// Lays a page into its place on a sheet that it shares, given its box: left, bottom, right, top; pw and ph are its
 /// paper's. CUPS clips to a page of the printer's paper, whatever the document's is, and tells that sheets are shared by
 /// a name of its own; a page that is larger is turned to the side of its place, so that it is upright where the sheets
-/// lie on their side, and made smaller. A place that is no larger than the box was made for the page.
+/// lie on their side, and made smaller. A place in the middle of the box and no larger was made for the page.
 inline constexpr std::string_view QsdPSPrintSharedSheets = R"PS(/pf{userdict/CUPSsetpagedevice known
 {/bt x def/br x def/bb x def/bl x def
 clippath pathbbox n/ct x def/cr x def/cb x def/cl x def
 /cw cr cl sub def/ch ct cb sub def
-cl bl 2 sub ge cb bb 2 sub ge and cr br 2 add le and ct bt 2 add le and
+cl bl 2 sub ge cb bb 2 sub ge and
+cl cr add bl br add sub abs 4 le and cb ct add bb bt add sub abs 4 le and
 pw cw 2 add le ph ch 2 add le and or not
 {cl cw 2 div add cb ch 2 div add t
 pw ph sub cw ch sub mul 0 lt{1 0 dtransform matrix defaultmatrix idtransform

@@ -56,17 +56,19 @@ public:
             return _faults;
         }
         _encapsulated = _lines.front() == "%!PS-Adobe-3.0 EPSF-3.0";
-        bool inData = false;
+        std::string_view dataEnd;
         for (_number = 1; _number < _lines.size(); ++_number) {
             const std::string_view line = _lines[_number];
             checkBytes(line);
-            if (inData) {
-                inData = !isDataEnd(line);
+            if (!dataEnd.empty()) {
+                if (line.size() >= dataEnd.size() && line.substr(line.size() - dataEnd.size()) == dataEnd) {
+                    dataEnd = {};
+                }
             } else if (startsWith(line, "%%")) {
                 checkComment(line);
             } else {
                 checkCode(line);
-                inData = beginsData(line);
+                dataEnd = endOfDataBehind(line);
             }
         }
         checkEnd();
@@ -91,16 +93,17 @@ private:
         }
     }
 
-    /// Samples follow an operator that reads them, up to the end mark; hexadecimal ones have none.
-    static bool beginsData(std::string_view line)
+    /// Samples follow an operator that reads them through a filter, up to its end mark; empty where there are none.
+    static std::string_view endOfDataBehind(std::string_view line)
     {
-        if (line.find("filter") == std::string_view::npos) {
-            return false;
-        }
+        constexpr std::array<std::string_view, 6> Readers = {"I", "Ig", "Im", "Ix", "Ik", "rs"};
         const std::string_view last = line.substr(line.rfind(' ') + 1);
-        return last == "I" || last == "Ig" || last == "Im" || last == "Ix" || last == "Ik" || last == "rs";
+        if (line.find("filter") == std::string_view::npos ||
+            std::find(Readers.begin(), Readers.end(), last) == Readers.end()) {
+            return {};
+        }
+        return line.find("ASCIIHexDecode") != std::string_view::npos ? ">" : "~>";
     }
-    static bool isDataEnd(std::string_view line) { return line.size() >= 2 && line.substr(line.size() - 2) == "~>"; }
 
     void checkComment(std::string_view line)
     {
