@@ -12,6 +12,7 @@
 class QsdPostScriptEncoder;
 class QsdPSFilteredSource;
 class QsdPixelRows;
+struct QsdPSLineLength;
 
 /// Turns drawing calls into one PostScript document per initDevice and end.
 ///
@@ -203,6 +204,9 @@ protected:
     /// Sends what is written from now on, samples included, to `stream` (not owned) in the place of the document's
     /// own. The device closes its own stream wherever it was sent to.
     void redirect(std::ostream* stream);
+    /// From now on breaks paths, clips, dashes and texts where their lines would become longer than the 255 bytes that
+    /// the document structuring conventions take. At first lines become as long as what stands on them.
+    void keepLinesShort();
     /// Narrows the clip for one operation to the palette's clip and, unless it is null, to `rect`.
     void restrictClip(const QsdPalette* palette, const QsdRect* rect) const;
 
@@ -233,6 +237,9 @@ private:
     void close();
     void loadFontMapFile();
     void forgetPalette() const;
+
+    /// Where to break lines.
+    [[nodiscard]] const QsdPSLineLength& lineLength() const { return *_lineLength; }
 
     void sendCurrentTransformer() const;
     void removeClip() const;
@@ -266,5 +273,6 @@ private:
     mutable QsdRect _boundingBox;
     mutable QsdRegion _clipCache = QsdRegion::Full();
     QsdTransformer _currentTransformer;
+    const QsdPSLineLength* _lineLength;
     bool _writeFailed = false;
 };

@@ -4,6 +4,7 @@
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSComponent_p.h"
 #include "ps/QsdPSGrey_p.h"
+#include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsdMessages.h"
 #include "toolkit/port/QsdDisplay.h"
@@ -85,6 +86,7 @@ void QsdPSDevice::setLineStyle(const QsdPalette* palette) const
         out << "[";
         for (std::uint16_t i = 0; i < style->count(); ++i) {
             out << unsigned{style->dashes()[i]} << QsdSpc();
+            out.breakLine(lineLength().elements);
         }
         out << "] " << style->count();
     }

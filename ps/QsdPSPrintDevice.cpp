@@ -6,6 +6,7 @@
 // written in that order.
 #include "ps/QsdPSPrintDevice.h"
 
+#include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSMatrix.h"
 #include "ps/QsdPSPrintDocument_p.h"
 #include "ps/QsdPSWriter_p.h"
@@ -16,6 +17,7 @@
 QsdPSPrintDevice::QsdPSPrintDevice(QsdDisplay* display, QsdPSColorModel model)
     : QsdPSDevice(display, model), _document(std::make_unique<QsdPSPrintDocument>())
 {
+    keepLinesShort();
 }
 
 QsdPSPrintDevice::~QsdPSPrintDevice() = default;
@@ -80,7 +82,6 @@ void QsdPSPrintDevice::beginPage() const
     QsdPSPrintDocument& document = *_document;
     document.inForce = QsdPSInForce();
     document.pageExtent = QsdPSExtent();
-    QsdPSWriter(stream()) << "%%BeginPageSetup" << EOL << "QsdPrintDict begin bp" << EOL;
     if (!document.zoomableLineWidths) {
         QsdPSDevice::writeLineWidthMode(false);
     }
@@ -113,6 +114,7 @@ void QsdPSPrintDevice::writePageClip(const QsdPSPageClip& clip) const
     for (std::uint16_t i = 0; i < clip.region.count(); ++i) {
         const QsdRect& r = clip.region.rects()[i];
         out << r.width << QsdSpc() << r.height << QsdSpc() << r.x << QsdSpc() << r.y << " rect ";
+        out.breakLine(QsdPSConventionalLength.elements);
     }
     out << "clip n" << EOL;
     if (transformed) {

@@ -11,12 +11,13 @@ class QsdPSPrintDocument;
 class QsdPSSpool;
 class QsdPSWriter;
 struct QsdPSExtent;
+struct QsdPSImagePlace;
 struct QsdPSPageClip;
 struct QsdPSTile;
 
 /// A PostScript device whose documents keep the document structuring conventions 3.0: every page stands alone, fonts
 /// and patterns are in the setup, once, and the header tells what the document needs and how large it is. It draws what
-/// QsdPSDevice draws, in the same places; docs/device.md has the differences.
+/// QsdPSDevice draws, in the same places; docs/printing.md has the differences.
 ///
 /// Pages wait in a temporary file until end writes the document, so the header is complete on any output and memory
 /// does not grow with the document; when that file takes no more, end writes nothing and writeFailed() is true. Text
@@ -151,10 +152,10 @@ private:
     void writeSamples(QsdPSSpool& out, const SamplesWriter& write) const;
     void writeSourceString(QsdPSWriter& out, const QsdPostScriptEncoder& encoder, std::size_t rowBytes) const;
     void writeDataSource(QsdPSWriter& out, const QsdPostScriptEncoder& encoder) const;
-    void writeBits(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect, const QsdPoint& at,
-                   bool opaque) const;
+    void writeBits(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
+                   const QsdPSImagePlace& place, bool opaque) const;
     void writeColors(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
-                     const QsdPoint& at) const;
+                     const QsdPSImagePlace& place) const;
     void writeMasked(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,
                      const QsdRect& rect, const QsdPoint& at) const;
     void writeRuns(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,

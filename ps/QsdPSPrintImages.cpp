@@ -1,6 +1,8 @@
 // Bitmaps. The samples are read from the display and written some rows at a time, in the smallest form that shows the
-// same colours; when there is no memory for some of them, nothing of the image stays in the document. The space of the
-// images is that of the pixels: an image whose first pixel is at x, y has the matrix [1 0 0 1 -x -y].
+// same colours; when there is no memory for some of them, nothing of the image stays in the document. The space of
+// images is that of the pixels: an image whose first pixel is at x, y has the matrix [1 0 0 1 -x -y]. Only opaque ones
+// and masks under a matrix of their own are images of a square of one unit, since interpreters round the two
+// differently.
 #include "ps/QsdPSPrintDevice.h"
 
 #include "ps/QsdPSBackground_p.h"
@@ -17,6 +19,12 @@
 #include <algorithm>
 #include <cstring>
 #include <vector>
+
+/// Where an image stands.
+struct QsdPSImagePlace {
+    QsdPoint at;
+    bool underMatrix = false; ///< of its own, as QsdPSDevice places stretched bitmaps
+};
 
 namespace {
 
@@ -75,6 +83,24 @@ std::size_t stringSize(std::size_t rowBytes)
 void writePlace(QsdPSWriter& out, const QsdPoint& at)
 {
     out << "[1 0 0 1 " << -std::int64_t{at.x} << QsdSpc() << -std::int64_t{at.y} << "]";
+}
+
+/// Makes the bitmap's area the square of one unit where the image is to be one.
+void writeSpace(QsdPSWriter& out, const QsdPSImagePlace& place, const QsdRect& rect)
+{
+    if (place.underMatrix) {
+        out << rect.width << " -" << rect.height << " scale 0 -1 t ";
+    }
+}
+
+/// Writes the image's matrix.
+void writePlace(QsdPSWriter& out, const QsdPSImagePlace& place, const QsdRect& rect)
+{
+    if (place.underMatrix) {
+        out << "[" << rect.width << " 0 0 -" << rect.height << " 0 " << rect.height << "]";
+    } else {
+        writePlace(out, place.at);
+    }
 }
 
 bool isEmpty(const QsdRect& rect)
@@ -180,9 +206,9 @@ void QsdPSPrintDevice::writeBitmap(const QsdPalette* palette, const QsdSystemPor
     reach(at.x, at.y, static_cast<double>(at.x) + rect.width, static_cast<double>(at.y) + rect.height, 0);
     QsdPSWriteWhole(_document->pageTexts, [&](QsdPSSpool&) {
         if (source->depth() == 1) {
-            writeBits(palette, source, rect, at, !transparent);
+            writeBits(palette, source, rect, {at}, !transparent);
         } else if (!transparent) {
-            writeColors(palette, source, rect, at);
+            writeColors(palette, source, rect, {at});
         } else if (const QsdSystemPort* const mask = QsdPSMaskOf(source)) {
             writeMasked(palette, source, mask, rect, at);
         }
@@ -217,9 +243,9 @@ void QsdPSPrintDevice::writeStretched(const QsdPalette* palette, const QsdPoint&
                                   << at << "]concat" << EOL;
         }
         if (bitmap->depth() == 1) {
-            writeBits(palette, bitmap, area, QsdPoint{}, !transparent);
+            writeBits(palette, bitmap, area, {QsdPoint{}, true}, !transparent);
         } else if (!transparent) {
-            writeColors(palette, bitmap, area, QsdPoint{});
+            writeColors(palette, bitmap, area, {QsdPoint{}, true});
         } else {
             writeMasked(palette, bitmap, mask, area, QsdPoint{});
         }
@@ -245,10 +271,10 @@ void QsdPSPrintDevice::writeSourceString(QsdPSWriter& out, const QsdPostScriptEn
 }
 
 void QsdPSPrintDevice::writeBits(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
-                                 const QsdPoint& at, bool opaque) const
+                                 const QsdPSImagePlace& place, bool opaque) const
 {
     if (opaque) {
-        QsdPSWriter(stream()) << "G n " << rect.width << QsdSpc() << rect.height << QsdSpc() << at << " rect ";
+        QsdPSWriter(stream()) << "G n " << rect.width << QsdSpc() << rect.height << QsdSpc() << place.at << " rect ";
         setForeground(QsdPSBackground(palette).get());
         QsdPSWriter(stream()) << "fill g" << EOL;
     }
@@ -259,9 +285,10 @@ void QsdPSPrintDevice::writeBits(const QsdPalette* palette, const QsdSystemPort*
     writeSamples(_document->pageTexts, [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
         {
             QsdPSWriter out(&target);
+            writeSpace(out, place, rect);
             writeSourceString(out, encoder, row.size());
             out << rect.width << QsdSpc() << rect.height << " true";
-            writePlace(out, at);
+            writePlace(out, place, rect);
             writeDataSource(out, encoder);
             out << " Im" << EOL;
         }
@@ -278,7 +305,7 @@ void QsdPSPrintDevice::writeBits(const QsdPalette* palette, const QsdSystemPort*
 }
 
 void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
-                                   const QsdPoint& at) const
+                                   const QsdPSImagePlace& place) const
 {
     if (imageEncoder() == nullptr) {
         return;
@@ -303,7 +330,7 @@ void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPor
         QsdPSWriter out(stream());
         out << "G ";
         writeColor(out, format.colors()[0]);
-        out << "n " << rect.width << QsdSpc() << rect.height << QsdSpc() << at << " rect fill ";
+        out << "n " << rect.width << QsdSpc() << rect.height << QsdSpc() << place.at << " rect fill ";
         writeColor(out, format.colors()[1]);
         out << EOL;
     }
@@ -312,6 +339,7 @@ void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPor
     writeSamples(_document->pageTexts, [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
         {
             QsdPSWriter out(&target);
+            writeSpace(out, place, rect);
             writeSourceString(out, encoder, packed.size());
             out << rect.width << QsdSpc() << rect.height << QsdSpc();
             if (asMask) {
@@ -319,7 +347,7 @@ void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPor
             } else {
                 out << format.bits();
             }
-            writePlace(out, at);
+            writePlace(out, place, rect);
             if (!asMask && format.kind() == QsdPSImageFormat::Indexed) {
                 writeColorTable(out, format);
             }

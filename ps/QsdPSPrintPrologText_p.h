@@ -33,6 +33,25 @@ by th div floor th mul th ty{bx tw div floor tw mul tw tx
 {1 index G t 1 -1 scale tp g}for pop}for g n}ifelse}bd
 )PS";
 
+/// Lays a page into its place on a sheet that it shares, given its box: left, bottom, right, top; pw and ph are its
+/// paper's. CUPS clips to a page of the printer's paper, whatever the document's is, and tells that sheets are shared by
+/// a name of its own; a page that is larger is turned to the side of its place, so that it is upright where the sheets
+/// lie on their side, and made smaller. A place in the middle of the box and no larger was made for the page.
+inline constexpr std::string_view QsdPSPrintSharedSheets = R"PS(/pf{userdict/CUPSsetpagedevice known
+{/bt x def/br x def/bb x def/bl x def
+clippath pathbbox n/ct x def/cr x def/cb x def/cl x def
+/cw cr cl sub def/ch ct cb sub def
+cl bl 2 sub ge cb bb 2 sub ge and
+cl cr add bl br add sub abs 4 le and cb ct add bb bt add sub abs 4 le and
+pw cw 2 add le ph ch 2 add le and or not
+{cl cw 2 div add cb ch 2 div add t
+pw ph sub cw ch sub mul 0 lt{1 0 dtransform matrix defaultmatrix idtransform
+exch pop 0 gt{-90}{90}ifelse rotate/ct cw def/cw ch def/ch ct def}if
+cw pw div ch ph div 2 copy gt{x}if pop dup 1 gt{pop 1}if dup scale
+pw -2 div ph -2 div t}if}
+{pop pop pop pop}ifelse}bd
+)PS";
+
 /// Image data at every level: rh reads a string of hexadecimal digits, hr the next samples of an image into st.
 inline constexpr std::string_view QsdPSPrintHexData = R"PS(/hs{/st exch string def}bd
 /hr{currentfile st readhexstring pop}bd

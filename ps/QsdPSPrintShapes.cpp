@@ -1,6 +1,7 @@
 // Points, lines and areas: written as QsdPSDevice does, while the extent of the page grows with them.
 #include "ps/QsdPSPrintDevice.h"
 
+#include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSPrintOperation_p.h"
 #include "ps/QsdPSWriter_p.h"
 
@@ -74,11 +75,13 @@ void QsdPSPrintDevice::drawPoints(const QsdPalette* palette, unsigned long count
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
     setCurrentPalette(palette);
     QsdPSWriter out(stream());
+    unsigned onLine = 0;
     for (unsigned long i = 0; i < count; ++i) {
         reachRect({points[i].x, points[i].y, 1, 1}, 0);
         out << points[i] << " px";
-        if ((i + 1) % PointsPerLine == 0 || i + 1 == count) {
+        if (++onLine == PointsPerLine || i + 1 == count || out.column() >= QsdPSConventionalLength.elements) {
             out << EOL;
+            onLine = 0;
         } else {
             out << QsdSpc();
         }

@@ -134,7 +134,7 @@ void QsdPSPrintDevice::writeFontFile(const char* fileName, const char* name, con
     QsdPSWriteWhole(document.resources.fontFiles(), [&](QsdPSSpool& spool) {
         const std::uint64_t before = spool.size();
         QsdPSWriter out(&spool);
-        out << "%%BeginResource: font " << QsdPSCommentName(fullName) << EOL;
+        out << "%%BeginResource: font " << QsdPSShortCommentName(fullName) << EOL;
         if (!file.copyTo(out)) {
             out.commit();
             spool.truncate(before);

@@ -5,6 +5,7 @@
 #include "ps/QsdPSBackground_p.h"
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSClipRestorer_p.h"
+#include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSString.h"
 #include "ps/QsdPSStringBody_p.h"
 #include "ps/QsdPSWriter_p.h"
@@ -101,7 +102,7 @@ void QsdPSDevice::drawString(const QsdPalette* palette, const QsdPoint& at, cons
     setCurrentPalette(palette);
     QsdPSWriter out(_stream);
     openString(out, *palette->font(), at, "G ");
-    QsdPSWriteStringBody(out, text, length);
+    QsdPSWriteStringBody(out, text, length, lineLength());
     out << ")" << alignment(position) << showProcedure(*palette->font()) << EOL;
 }
 
@@ -115,7 +116,7 @@ void QsdPSDevice::drawIString(const QsdPalette* palette, const QsdPoint& at, con
     {
         QsdPSWriter out(_stream);
         openString(out, *palette->font(), at, CurrentEncoding == QsEncodingShiftJIS ? "G " : " G n ");
-        QsdPSWriteStringBody(out, text, length);
+        QsdPSWriteStringBody(out, text, length, lineLength());
         out << ")" << alignment(position) << EOL //
             << "G dup true charpath pathbbox n 4 2 roll 2 copy M" << EOL
             << "3 index exch L 3 -1 roll 2 index L exch L c ";
@@ -157,7 +158,7 @@ void QsdPSDevice::drawTransformedString(const QsdPalette* palette, const char* t
         writeFactors(out, x11, x12, x21, x22);
         out << "0 " << font.ascent() << " rM 1 -1 scale(";
     }
-    QsdPSWriteStringBody(out, text, length);
+    QsdPSWriteStringBody(out, text, length, lineLength());
     out << ")" << showProcedure(font) << EOL;
 }
 

@@ -15,6 +15,7 @@ TEST(PrintDocument, HeaderTellsAll)
     EXPECT_EQ(PrintPage::part(page.whole(), "", "%%BeginProlog"),
               "%!PS-Adobe-3.0\n"
               "%%BoundingBox: 9 502 250 823\n"
+              "%%HiResBoundingBox: 9.5 502 250 822.5\n"
               "%%Title: page.ps\n"
               "%%Creator: Dravonset\n"
               "%%CreationDate: 2023-11-14T22:13:20Z\n"
@@ -36,8 +37,9 @@ TEST(PrintDocument, EachPageIsASaveLevelWithItsOwnMatrix)
     page.device.drawString(page.palette.get(), {10, 20}, "x", 1, QsdPositionNone);
     EXPECT_EQ(PrintPage::part(page.whole(), "%%EndSetup\n", "%%EOF"), "%%Page: 1 1\n"
                                                                       "%%PageBoundingBox: 1 836 4 840\n"
+                                                                      "%%PageHiResBoundingBox: 1 836 4 840\n"
                                                                       "%%BeginPageSetup\n"
-                                                                      "QsdPrintDict begin bp\n"
+                                                                      "QsdPrintDict begin 1 836 4 840 bp\n"
                                                                       "gsave\n"
                                                                       "gsave\n"
                                                                       "%%EndPageSetup\n"
@@ -47,9 +49,10 @@ TEST(PrintDocument, EachPageIsASaveLevelWithItsOwnMatrix)
                                                                       "ep showpage\n"
                                                                       "%%Page: 2 2\n"
                                                                       "%%PageBoundingBox: 7 816 19 836\n"
+                                                                      "%%PageHiResBoundingBox: 7.9 816.9 18.6 835.1\n"
                                                                       "%%PageResources: font Helvetica\n"
                                                                       "%%BeginPageSetup\n"
-                                                                      "QsdPrintDict begin bp\n"
+                                                                      "QsdPrintDict begin 7 816 19 836 bp\n"
                                                                       "gsave\n"
                                                                       "gsave\n"
                                                                       "%%EndPageSetup\n"
@@ -68,7 +71,9 @@ TEST(PrintDocument, EncapsulatedOneHasItsBoxAndNoPageDevice)
     PrintPage page(2, QsdPSRGB, 24, &box);
     page.device.fillRectangle(page.palette.get(), {0, 0, 1000, 1000});
     const std::string text = page.whole();
-    EXPECT_EQ(text.substr(0, 59), "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 10 422 310 822\n%%Tit");
+    EXPECT_EQ(PrintPage::part(text, "", "%%Title"), "%!PS-Adobe-3.0 EPSF-3.0\n"
+                                                    "%%BoundingBox: 10 422 310 822\n"
+                                                    "%%HiResBoundingBox: 10 422 310 822\n");
     EXPECT_EQ(text.find("setpagedevice"), std::string::npos);
     EXPECT_NE(text.find("%%PageBoundingBox: 10 422 310 822\n"), std::string::npos);
     EXPECT_EQ(PrintPage::part(text, "QsdPrintDict begin bp\n", "%%EndPageSetup"), "gsave\n"
@@ -165,10 +170,11 @@ TEST(PrintDocument, LineWidthModeGoesOnOnTheNextPage)
     page.device.setZoomableLineWidths(true);
     page.device.newPage();
     const std::string text = page.whole();
-    EXPECT_NE(text.find("%%Page: 2 2\n%%PageBoundingBox: 0 0 0 0\n%%BeginPageSetup\nQsdPrintDict begin bp\n"
-                        "/qsdlw false def\ngsave\n"),
+    EXPECT_NE(text.find("%%Page: 2 2\n%%PageBoundingBox: 0 0 0 0\n%%PageHiResBoundingBox: 0 0 0 0\n"
+                        "%%BeginPageSetup\nQsdPrintDict begin 0 0 0 0 bp\n/qsdlw false def\ngsave\n"),
               std::string::npos);
-    EXPECT_NE(text.find("%%Page: 3 3\n%%PageBoundingBox: 0 0 0 0\n%%BeginPageSetup\nQsdPrintDict begin bp\ngsave\n"),
+    EXPECT_NE(text.find("%%Page: 3 3\n%%PageBoundingBox: 0 0 0 0\n%%PageHiResBoundingBox: 0 0 0 0\n"
+                        "%%BeginPageSetup\nQsdPrintDict begin 0 0 0 0 bp\ngsave\n"),
               std::string::npos);
 }
 
@@ -184,7 +190,7 @@ TEST(PrintDocument, NextDocumentStartsAnew)
     const std::string text = page.whole();
     EXPECT_NE(text.find("%%Title: second\n"), std::string::npos);
     EXPECT_EQ(text.find("Helvetica"), std::string::npos);
-    EXPECT_EQ(PrintPage::part(text, "begin bp\n", "%%EndPageSetup"), "gsave\ngsave\n");
+    EXPECT_EQ(PrintPage::part(text, " bp\n", "%%EndPageSetup"), "gsave\ngsave\n");
 }
 
 TEST(PrintDocument, NothingIsWrittenBeforeTheEnd)

@@ -86,9 +86,10 @@ TEST(PrintImages, StretchedOnesStandInTheBitmapsSpace)
     const auto bitmap = bitmapOf(&page.display, 40, many);
     page.device.stretchBitmap(page.palette.get(), QsdRect{10, 20, 80, 120}, bitmap.get(), nullptr);
     const std::string text = PrintPage::drawing(page.whole());
-    EXPECT_EQ(text.substr(0, text.find("filter")), "0 sg\n"
-                                                   "G[2 0 0 3 10 20]concat\n"
-                                                   "40 40 8[1 0 0 1 0 0] currentfile /ASCII85Decode ");
+    EXPECT_EQ(text.substr(0, text.find("filter")),
+              "0 sg\n"
+              "G[2 0 0 3 10 20]concat\n"
+              "40 -40 scale 0 -1 t 40 40 8[40 0 0 -40 0 40] currentfile /ASCII85Decode ");
     EXPECT_EQ(text.substr(text.size() - 5), "~>\ng\n");
 }
 
