@@ -119,7 +119,9 @@ public:
     /// Makes the stream that a document goes to; the device owns it until it hands it to closeStream. The default opens
     /// a file for writing, emptying it. A null or failed result makes initDevice fail.
     virtual std::ostream* openStream(const char* fileName);
-    /// Takes the stream back. The default deletes it; null is allowed.
+    /// Takes the stream back, by end behind the last line, or when initDevice fails. The default deletes it; null is
+    /// allowed. An override may still send before it deletes the stream; the document is closed when it returns.
+    /// Whether what it sends arrives is for it to find out: writeFailed knows of what came before.
     virtual void closeStream(std::ostream* stream);
     /// Sets the map from device coordinates to points on the paper for the next document. Set it after the paper
     /// height.
@@ -137,6 +139,9 @@ public:
     [[nodiscard]] virtual unsigned long imageStringSize(unsigned long width) const;
     /// The operator, with its last operands, that paints an image of the colour model.
     [[nodiscard]] virtual const char* imageOperatorString() const;
+    /// Writes the prolog and the setup of the first page. initDevice calls it; without an open document it writes
+    /// nothing.
+    virtual void initFile();
 
     /// Sets the paper width in points for the next document; the page transformer stays.
     void setPaperWidth(unsigned long width);
@@ -210,8 +215,6 @@ protected:
 
     /// Writes the comments that a document begins with; `bbox` is null for one that is not encapsulated.
     virtual void writeHeader(const QsdRect* bbox);
-    /// Writes the prolog and the setup of the first page.
-    virtual void writeProlog();
     /// Writes what the drawing of the first page starts from.
     virtual void writeFirstPageStart(const QsdRect* bbox);
     /// Writes everything behind the last drawing.
@@ -231,9 +234,12 @@ protected:
 private:
     void beginDocument(const QsdRect* bbox);
     void close();
+    void letGo();
     void loadFontMapFile();
     void forgetPalette() const;
 
+    void writeFirstPalette(const QsdPalette* palette) const;
+    void writeOtherForeground(const QsdPalette* palette, QsdPalette& current) const;
     void sendCurrentTransformer() const;
     void removeClip() const;
 
