@@ -42,7 +42,8 @@ public:
     /// of memory too, that is reported once, through QsdFatalError with the message "&QsdMsg015102". Nothing happens
     /// when none is open.
     void end() override;
-    /// Ends the page and begins the next; the clip stays what it was. Always true.
+    /// Ends the page and begins the next. The clip in force counts as in force there too, though interpreters reset it:
+    /// take it away before, and set it again. Always true.
     bool newPage() const override;
     /// Sets the transformer and writes it, relative to the page. Clips are kept.
     void setTransformer(const QsdTransformer& t) override;
