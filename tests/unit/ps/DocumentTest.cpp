@@ -115,7 +115,7 @@ TEST_F(Document, PaperSizeResources)
     const struct {
         const char* text;
         unsigned long width;
-    } cases[] = {{"612x", 612}, {" +700", 700}, {"0", 595}, {"-5", 595}, {"wide", 595}, {"", 595}};
+    } cases[] = {{"612x", 612}, {" +700", 700}, {"1", 1}, {"0", 595}, {"-5", 595}, {"wide", 595}, {"", 595}};
     for (const auto& c : cases) {
         display.setResource("paperWidth", c.text);
         display.setResource("paperHeight", "1000");

@@ -227,6 +227,17 @@ TEST_F(FontMap, TheVersionHasADecimalPointInEveryLocale)
     std::setlocale(LC_ALL, "C");
 }
 
+TEST_F(FontMap, EveryBlankEndsAWord)
+{
+    for (const std::string blank : {" ", "\t", "\v", "\f", "\r"}) {
+        QsdPSFonts_ fresh(20);
+        std::istringstream stream("// QsdPSFonts" + blank + "1.0\n// Encoding:" + blank + "latin1" + blank +
+                                  "\nFamily one\nNormalName N\n");
+        EXPECT_TRUE(fresh.read(stream, "")) << int{blank[0]};
+        EXPECT_NE(fresh.getPSFontNames(QsEncodingLatin1, "one"), nullptr) << int{blank[0]};
+    }
+}
+
 TEST_F(FontMap, VersionsCountToTheHundredth)
 {
     EXPECT_TRUE(read("// QsdPSFonts 1.009\n// Encoding: latin1\nFamily one\nNormalName N\n"));
