@@ -117,4 +117,13 @@ TEST(PageBox, LiesAlongATransformedText)
     EXPECT_GT(down[3] - down[1], 80);
 }
 
+TEST(PageBox, OfATextOfNoLengthIsEmpty)
+{
+    PrintPage page;
+    for (const auto& [text, length] : {std::pair("a text", 0), std::pair("", -1)}) {
+        page.device.drawTransformedString(page.palette.get(), text, length, QsdTransformer(), nullptr);
+    }
+    EXPECT_NE(page.whole().find("%%PageBoundingBox: 0 0 0 0\n"), std::string::npos);
+}
+
 } // namespace
