@@ -43,7 +43,8 @@ public:
     /// of memory too, that is reported once, through QsdFatalError with the message "&QsdMsg015102". Nothing happens
     /// when none is open.
     void end() override;
-    /// Ends the page and begins the next; the clip stays what it was. Always true.
+    /// Ends the page and begins the next. The clip in force counts as in force there too, though interpreters reset it:
+    /// take it away before, and set it again. Always true.
     bool newPage() const override;
     /// Sets the transformer and writes it, relative to the page. Clips are kept.
     void setTransformer(const QsdTransformer& t) override;
@@ -120,7 +121,9 @@ public:
     /// Makes the stream that a document goes to; the device owns it until it hands it to closeStream. The default opens
     /// a file for writing, emptying it. A null or failed result makes initDevice fail.
     virtual std::ostream* openStream(const char* fileName);
-    /// Takes the stream back. The default deletes it; null is allowed.
+    /// Takes the stream back, by end behind the last line, or when initDevice fails. The default deletes it; null is
+    /// allowed. An override may still send before it deletes the stream; the document is closed when it returns.
+    /// Whether what it sends arrives is for it to find out: writeFailed knows of what came before.
     virtual void closeStream(std::ostream* stream);
     /// Sets the map from device coordinates to points on the paper for the next document. Set it after the paper
     /// height.
@@ -138,6 +141,9 @@ public:
     [[nodiscard]] virtual unsigned long imageStringSize(unsigned long width) const;
     /// The operator, with its last operands, that paints an image of the colour model.
     [[nodiscard]] virtual const char* imageOperatorString() const;
+    /// Writes the prolog and the setup of the first page. initDevice calls it; without an open document it writes
+    /// nothing.
+    virtual void initFile();
 
     /// Sets the paper width in points for the next document; the page transformer stays.
     void setPaperWidth(unsigned long width);
@@ -214,8 +220,6 @@ protected:
 
     /// Writes the comments that a document begins with; `bbox` is null for one that is not encapsulated.
     virtual void writeHeader(const QsdRect* bbox);
-    /// Writes the prolog and the setup of the first page.
-    virtual void writeProlog();
     /// Writes what the drawing of the first page starts from.
     virtual void writeFirstPageStart(const QsdRect* bbox);
     /// Writes everything behind the last drawing.
@@ -235,12 +239,15 @@ protected:
 private:
     void beginDocument(const QsdRect* bbox);
     void close();
+    void letGo();
     void loadFontMapFile();
     void forgetPalette() const;
 
     /// Where to break lines.
     [[nodiscard]] const QsdPSLineLength& lineLength() const { return *_lineLength; }
 
+    void writeFirstPalette(const QsdPalette* palette) const;
+    void writeOtherForeground(const QsdPalette* palette, QsdPalette& current) const;
     void sendCurrentTransformer() const;
     void removeClip() const;
 

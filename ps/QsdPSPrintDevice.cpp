@@ -60,7 +60,7 @@ void QsdPSPrintDevice::writeHeader(const QsdRect* bbox)
     redirect(&document.pageTexts);
 }
 
-void QsdPSPrintDevice::writeProlog() {}
+void QsdPSPrintDevice::initFile() {}
 
 void QsdPSPrintDevice::writeFirstPageStart(const QsdRect*)
 {

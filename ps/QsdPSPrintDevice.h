@@ -105,7 +105,7 @@ public:
 
 protected:
     void writeHeader(const QsdRect* bbox) override;
-    void writeProlog() override;
+    void initFile() override;
     void writeFirstPageStart(const QsdRect* bbox) override;
     void writeTrailer() override;
     void writeInitialClip(const QsdRect& rect) const override;

@@ -11,9 +11,7 @@
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsLocale.h"
 
-#include <algorithm>
 #include <climits>
-#include <cstdlib>
 #include <cwchar>
 #include <new>
 #include <string>
@@ -62,16 +60,25 @@ std::string_view showProcedure(const QsdFont& font)
     return multiByte ? "qsdjshow g" : "qsdshow g";
 }
 
-/// The bytes of `length` wide characters in the C library's encoding; empty when they cannot be converted.
+/// The characters of a wide text in the C library's encoding, as many as fit into as many bytes as `length` and one
+/// more characters can take, whatever the length of the text; empty when one of them cannot be converted. As wcstombs,
+/// but the memory follows the text and not the length.
 std::string multiByteText(const wchar_t* text, int length)
 {
-    const std::wstring wide(text, wcsnlen(text, static_cast<std::size_t>(length)));
-    const std::size_t limit =
-        std::min((static_cast<std::size_t>(length) + 1) * static_cast<std::size_t>(_QsdGetMaxCharSize()),
-                 wide.size() * MB_LEN_MAX);
-    std::string bytes(limit + 1, '\0');
-    const std::size_t converted = std::wcstombs(bytes.data(), wide.c_str(), limit);
-    bytes.resize(converted == static_cast<std::size_t>(-1) ? 0 : converted);
+    const std::size_t limit = (static_cast<std::size_t>(length) + 1) * static_cast<std::size_t>(_QsdGetMaxCharSize());
+    std::string bytes;
+    std::mbstate_t state{};
+    for (; bytes.size() < limit && *text != L'\0'; ++text) {
+        char character[MB_LEN_MAX];
+        const std::size_t size = std::wcrtomb(character, *text, &state);
+        if (size == static_cast<std::size_t>(-1)) {
+            return std::string();
+        }
+        if (size > limit - bytes.size()) {
+            break;
+        }
+        bytes.append(character, size);
+    }
     return bytes;
 }
 

@@ -1,5 +1,6 @@
 #include "tests/unit/print/PrintDevice.h"
 
+#include "toolkit/base/QsdGlobalContext.h"
 #include "toolkit/base/QsdMessages.h"
 
 #include <fstream>
@@ -267,6 +268,18 @@ TEST(PrintDocument, ManyPagesAndMuchTextComeInOrder)
         const std::string drawing = PrintPage::drawing(text, i);
         EXPECT_EQ(drawing.substr(0, drawing.find('\n')), mark(i));
     }
+}
+
+TEST(PrintDocument, OwnCompositeFontsNeedTheirParts)
+{
+    QsdGlobalContext::GetInstance().setLocale(QsLocale("ja_JP.eucJP"));
+    PrintPage page;
+    const auto font = QsdHandle<QsdFont>::Adopt(page.display.createFont("fixed", QsdFontPlain, 12));
+    page.palette->setFont(font.get());
+    page.device.drawString(page.palette.get(), {1, 2}, "x", -1, QsdPositionNone);
+    EXPECT_NE(page.whole().find("%%DocumentNeededResources: font Helvetica\n"
+                                "%%+ font Ryumin-Light-H\n%%+ font Ryumin-Light.Hankaku\n"),
+              std::string::npos);
 }
 
 } // namespace

@@ -124,4 +124,19 @@ TEST_F(Image, ColoursThatADisplayLeavesOutAreBlack)
     device.end();
 }
 
+TEST_F(Image, OurEncodersGetTheSameSamples)
+{
+    const unsigned char pixels[] = {7, 255, 255, 255, 7, 255, 0, 0, 7, 0, 255, 0, 7, 0, 0, 255};
+    TestDevice device(&display, QsdPSGrey);
+    device.setPostScriptLevel(1);
+    device.initDevice("unused", nullptr);
+    device.taken();
+    device.writeImage(&display, 24, 4, 1, pixels, sizeof pixels);
+    EXPECT_EQ(device.taken(), "ff577f27\n");
+    device.setColorModel(QsdPSRGB);
+    device.writeImage(&display, 24, 4, 1, pixels, sizeof pixels);
+    EXPECT_EQ(device.taken(), "ffffffff000000ff000000ff\n");
+    device.end();
+}
+
 } // namespace
