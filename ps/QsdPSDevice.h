@@ -4,6 +4,7 @@
 #include "ps/QsdPSColorModel.h"
 #include "ps/QsdPSFontNames_.h"
 #include "ps/QsdPSFonts_.h"
+#include "ps/QsdPSGlyphs.h"
 #include "toolkit/port/QsdPort.h"
 
 #include <iosfwd>
@@ -230,9 +231,9 @@ protected:
     virtual void writeLineWidthMode(bool zoomable) const;
     /// Writes what of a palette is not in force yet; a document is open.
     virtual void writePalette(const QsdPalette* palette) const;
-    /// Writes the selection of the font `name` followed by `suffix` in a size of `size` units; `multiByte` fonts keep
-    /// their own encoding.
-    virtual void writeFontSelection(int size, const char* name, const char* suffix, bool multiByte) const;
+    /// Writes the selection of the font `name` followed by `suffix` in a size of `size` units; `glyphs` tells what
+    /// its codes stand for.
+    virtual void writeFontSelection(int size, const char* name, const char* suffix, QsdPSGlyphs glyphs) const;
     /// Copies a font file, which defines the font `name` followed by `suffix`, into the document.
     virtual void writeFontFile(const char* fileName, const char* name, const char* suffix) const;
 

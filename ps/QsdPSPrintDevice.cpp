@@ -6,6 +6,7 @@
 // written in that order.
 #include "ps/QsdPSPrintDevice.h"
 
+#include "ps/QsdPSFiniteMatrix_p.h"
 #include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSMatrix.h"
 #include "ps/QsdPSPrintDocument_p.h"
@@ -42,7 +43,7 @@ bool QsdPSPrintDevice::initDevice(const char* fileName, QsdRect* bbox)
 void QsdPSPrintDevice::writeHeader(const QsdRect* bbox)
 {
     QsdPSPrintDocument& document = *_document;
-    document.begin(stream(), bbox, getPageTransformer());
+    document.begin(stream(), bbox, QsdPSFiniteMatrix(getPageTransformer()));
     const unsigned long level = getPostScriptLevel();
     document.level = level == 1 || level == 2 ? level : 3;
     document.paperWidth = getPaperWidth();
@@ -139,8 +140,9 @@ void QsdPSPrintDevice::writeInitialClip(const QsdRect& rect) const
     noteClipBox();
 }
 
-void QsdPSPrintDevice::setTransformer(const QsdTransformer& t)
+void QsdPSPrintDevice::setTransformer(const QsdTransformer& given)
 {
+    const QsdTransformer t = QsdPSFiniteMatrix(given);
     if (stream() != nullptr && t == _document->inForce.transformer && t == currentTransformer()) {
         return;
     }

@@ -49,7 +49,8 @@ public:
     bool initDevice(const char* fileName, QsdRect* bbox) override;
     /// Always true. A document with a bounding box that gets a second page is no longer called encapsulated.
     bool newPage() const override;
-    void setTransformer(const QsdTransformer& t) override;
+    /// What is no finite number counts as 0, and the others are held between 1e-30 and 1e20 in size.
+    void setTransformer(const QsdTransformer& given) override;
     void send(const char* text) const override;
     void clip(const QsdRect* rect) const override;
     void clip(const QsdRegion* region) const override;
@@ -96,7 +97,7 @@ public:
                     QsdPosition position) const override;
     void drawIString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
                      QsdPosition position) const override;
-    void drawTransformedString(const QsdPalette* palette, const char* text, int length, const QsdTransformer& t,
+    void drawTransformedString(const QsdPalette* palette, const char* text, int length, const QsdTransformer& given,
                                const QsdRegion* clip) const override;
 
     void setForeground(const QsdPalette* palette) const override;
@@ -111,7 +112,7 @@ protected:
     void writeInitialClip(const QsdRect& rect) const override;
     void writeLineWidthMode(bool zoomable) const override;
     void writePalette(const QsdPalette* palette) const override;
-    void writeFontSelection(int size, const char* name, const char* suffix, bool multiByte) const override;
+    void writeFontSelection(int size, const char* name, const char* suffix, QsdPSGlyphs glyphs) const override;
     void writeFontFile(const char* fileName, const char* name, const char* suffix) const override;
 
 private:
@@ -131,6 +132,8 @@ private:
     void noteText(const char* text, int length) const;
     void reachString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
                      QsdPosition position) const;
+    [[nodiscard]] bool showsText(const QsdFont& font, const QsdTransformer& t) const;
+    void writeDashes(const QsdPalette* palette) const;
     [[nodiscard]] double halfLineWidth(const QsdPalette* palette) const;
     [[nodiscard]] bool inColor() const;
 
@@ -140,8 +143,8 @@ private:
 
     void writeBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect, const QsdPoint& at,
                      bool transparent) const;
-    void writeStretched(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap, const QsdTransformer& t,
-                        const QsdRect* clip, bool transparent) const;
+    void writeStretched(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
+                        const QsdTransformer& given, const QsdRect* clip, bool transparent) const;
     /// The encoder of samples: the device's own, or one that suits the document where the level was changed within it.
     [[nodiscard]] QsdPostScriptEncoder* imageEncoder() const;
     /// Whether samples that an encoder writes are hexadecimal and read without a filter.

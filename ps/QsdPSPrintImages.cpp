@@ -8,6 +8,7 @@
 #include "ps/QsdPSBackground_p.h"
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSClipRestorer_p.h"
+#include "ps/QsdPSFiniteMatrix_p.h"
 #include "ps/QsdPSImageFormat_p.h"
 #include "ps/QsdPSImageSource_p.h"
 #include "ps/QsdPSPixels_p.h"
@@ -216,9 +217,10 @@ void QsdPSPrintDevice::writeBitmap(const QsdPalette* palette, const QsdSystemPor
 }
 
 void QsdPSPrintDevice::writeStretched(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
-                                      const QsdTransformer& t, const QsdRect* clip, bool transparent) const
+                                      const QsdTransformer& given, const QsdRect* clip, bool transparent) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    const QsdTransformer t = QsdPSFiniteMatrix(given);
     setCurrentPalette(palette);
     if (bitmap == nullptr || stream() == nullptr) {
         return;

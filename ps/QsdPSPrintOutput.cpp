@@ -226,13 +226,13 @@ void QsdPSPrintDevice::writeSetup()
         QsdPSWriter out(stream());
         ++number;
         std::string_view japanese;
-        if (!font.multiByte) {
+        if (font.glyphs == QsdPSGlyphs::Latin) {
             out << "/F" << number;
             QsdPSWriteName(out, font.name, "-Qsd");
             QsdPSWriteName(out, font.name);
             out << " enc" << EOL;
         } else {
-            if (QsdPSIsOwnComposite(font.name, japanese)) {
+            if (font.glyphs == QsdPSGlyphs::MultiByte && QsdPSIsOwnComposite(font.name, japanese)) {
                 QsdPSWriteCompositeFont(out, japanese, _EUCFontScale);
             }
             out << "/F" << number;

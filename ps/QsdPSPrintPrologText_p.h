@@ -6,12 +6,13 @@
 // clang-format off
 
 /// Short names, points, clips and outlines. The rectangle operators are for interpreters that lack them; rc keeps a
-/// font only where one was set.
+/// font only where one was set. An arc that reaches beyond the interpreter's coordinates leaves an empty path.
 inline constexpr std::string_view QsdPSPrintBasics = R"PS(/sg/setgray load def
 /sr/setrgbcolor load def
 /rectclip where{pop}{/rectclip{4 -2 roll rect clip n}bd}ifelse
 /rectfill where{pop}{/rectfill{G n 4 -2 roll rect fill g}bd}ifelse
 /px{1 1 rectfill}bd
+/arc{{arc}stopped{5{pop}repeat n}if}bd
 /rk{4 2 roll M 1 index 0 rL 0 exch rL neg 0 rL c s}bd
 /sf{scalefont setfont}bd
 /rc{currentrgbcolor currentlinewidth currentdash currentfont grestore

@@ -5,6 +5,7 @@
 #include "ps/QsdPSBackground_p.h"
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSClipRestorer_p.h"
+#include "ps/QsdPSFontTraits_p.h"
 #include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSString.h"
 #include "ps/QsdPSStringBody_p.h"
@@ -18,12 +19,6 @@
 #include <string_view>
 
 namespace {
-
-/// A Shift-JIS font whose family begins with an at sign writes from top to bottom.
-bool isVertical(const QsdFont& font)
-{
-    return CurrentEncoding == QsEncodingShiftJIS && font.getFamily() != nullptr && *font.getFamily() == '@';
-}
 
 QsdTransformer verticalTransformer(const QsdFont& font)
 {
@@ -85,7 +80,7 @@ std::string multiByteText(const wchar_t* text, int length)
 /// Writes from the save level to the opening parenthesis; `opening` is what stands in front of the coordinates.
 void openString(QsdPSWriter& out, const QsdFont& font, const QsdPoint& at, std::string_view opening)
 {
-    if (!isVertical(font)) {
+    if (!QsdPSIsVertical(font)) {
         out << opening << at << " M 1 -1 scale(";
         return;
     }
@@ -152,7 +147,7 @@ void QsdPSDevice::drawTransformedString(const QsdPalette* palette, const char* t
 
     const QsdFont& font = *palette->font();
     QsdTransformer matrix = t;
-    if (isVertical(font)) {
+    if (QsdPSIsVertical(font)) {
         matrix = verticalTransformer(font).compose(t);
     }
     double x11, x12, x21, x22, x0, y0;

@@ -102,6 +102,17 @@ TEST_F(FontMap, MarksForTheDefault)
     }
 }
 
+TEST_F(FontMap, MarksFontsWithTheirOwnEncoding)
+{
+    EXPECT_TRUE(read(Header + "Family one\nNormalName N\nOwnEncoding yes\nFamily two\nNormalName M\n"
+                              "Family three\nOwnEncoding 1\nOwnEncoding no\nFamily four\nOwnEncoding TRUE\n"));
+    EXPECT_TRUE(find("one")->hasOwnEncoding());
+    EXPECT_FALSE(find("two")->hasOwnEncoding());
+    EXPECT_FALSE(find("three")->hasOwnEncoding());
+    EXPECT_TRUE(find("four")->hasOwnEncoding());
+    EXPECT_FALSE(find("symbol")->hasOwnEncoding());
+}
+
 TEST_F(FontMap, OtherValuesLeaveTheMark)
 {
     EXPECT_TRUE(read(Header + "Family one\nNormalName N\nAsDefault yes\nAsDefault no\n"));
