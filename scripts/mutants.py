@@ -105,7 +105,7 @@ def sites_of(path, text, dice):
         start, end = match.span()
         line = code[code.rfind("\n", 0, start) + 1 : start]
         # Where the order says nothing, a swap is no fault.
-        if not re.search(r"\b(?:min|max|strcmp|strcasecmp)(?:<[^<>]*>)?\($|^\s*double [\w, ]*$", line):
+        if not re.search(r"\b(?:min|max|hypot|strcmp|strcasecmp)(?:<[^<>]*>)?\($|^\s*double [\w, ]*$", line):
             add("swap", start, end, text[match.start(2) : end] + ", " + text[start : match.end(1)])
     for match in re.finditer(rf"<< ({OPERAND}) << QsdSpc\(\)\s+<< ({OPERAND})(?=\s+<<|;)", code):
         (s1, e1), (s2, e2) = match.span(1), match.span(2)

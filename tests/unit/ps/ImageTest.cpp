@@ -139,4 +139,26 @@ TEST_F(Image, OurEncodersGetTheSameSamples)
     device.end();
 }
 
+TEST_F(Image, OurEncodersGetEveryPixelOfALongRow)
+{
+    constexpr unsigned long Width = 600;
+    std::vector<unsigned char> pixels;
+    std::string expected;
+    for (unsigned long i = 0; i < Width; ++i) {
+        const auto value = static_cast<unsigned char>(i % 251);
+        pixels.insert(pixels.end(), {0, value, value, value});
+        const char* const digits = "0123456789abcdef";
+        expected.append({digits[value >> 4], digits[value & 15]});
+    }
+    TestDevice device(&display, QsdPSGrey);
+    device.setPostScriptLevel(1);
+    device.initDevice("unused", nullptr);
+    device.taken();
+    device.writeImage(&display, 24, Width, 1, pixels.data(), pixels.size());
+    std::string text = device.taken();
+    std::erase(text, '\n');
+    EXPECT_EQ(text, expected);
+    device.end();
+}
+
 } // namespace
