@@ -23,15 +23,15 @@ dup/FontType known{setfont}{pop}ifelse setdash slw setrgbcolor}bd
 )PS";
 
 /// Pattern fills. ft lays tiles as fillpat does, fo from the origin of the coordinates; both leave a path that encloses
-/// nothing alone. The samples of a pattern are an array of strings, which pn hands out in turn.
+/// nothing alone. fo lays no tiles beyond the clip, of which there may be millions. The samples of a pattern are an array of strings, which pn hands out in turn.
 inline constexpr std::string_view QsdPSPrintPatterns = R"PS(/pn{pi get/pi pi 1 add def}bd
 /ft{flattenpath{pathbbox}stopped{pop pop pop pop}
 {pop pop pop pop G 1 -1 scale fillpat g}ifelse n}bd
 /fo{flattenpath{pathbbox}stopped{pop pop pop pop n}
-{/ty exch def/tx exch def/by exch def/bx exch def G{eoclip}{clip}ifelse n
-/th exch def/tw exch def/tp exch def
-by th div floor th mul th ty{bx tw div floor tw mul tw tx
-{1 index G t 1 -1 scale tp g}for pop}for g n}ifelse}bd
+{pop pop pop pop G{eoclip}{clip}ifelse n/th exch def/tw exch def/tp exch def
+clippath{pathbbox}stopped not{/ty exch def/tx exch def/by exch def/bx exch def
+n tx bx gt ty by gt and{by th div floor th mul th ty{bx tw div floor tw mul tw tx
+{1 index G t 1 -1 scale tp g}for pop}for}if}if g n}ifelse}bd
 )PS";
 
 /// Lays a page into its place on a sheet that it shares, given its box: left, bottom, right, top; pw and ph are its
@@ -83,7 +83,7 @@ inline constexpr std::string_view QsdPSPrintMaskedImages = R"PS(/Ik{/qs exch def
 /DataDict<</ImageType 1/Width qw/Height qh/BitsPerComponent qb/ImageMatrix qm
 /Decode qn 0 eq{[0 1 qb bitshift 1 sub]}{[qn{0 1}repeat]}ifelse/DataSource/qs load>>
 /MaskDict<</ImageType 1/Width qw/Height qh/BitsPerComponent 1/ImageMatrix qm/Decode[1 0]>>
->>image /qs load ff}bd
+>>{image}stopped{pop}if/qs load ff}bd
 )PS";
 
 // clang-format on
