@@ -262,7 +262,8 @@ TEST(Styles, FallBackToWhatIsValid)
     EXPECT_EQ(linesOf("<rect width='5' height='2' style='width:nonsense'/>"),
               (Lines{"fill #000000 M0,0 L5,0 L5,2 L0,2 Z"}));
     EXPECT_EQ(colorFrom(".a{fill:red} .a{fill:unset}"), kBlack);
-    EXPECT_NE(draw("<rect width='5 5' height='2'/>").messages.find("bad value '5 5' of width ignored"), std::string::npos);
+    EXPECT_NE(draw("<rect width='5 5' height='2'/>").messages.find("bad value '5 5' of width ignored"),
+              std::string::npos);
 }
 
 TEST(Styles, TakeTheLastOfShorthandsAndTheirParts)

@@ -332,8 +332,9 @@ void Painter::strokeOver(std::size_t groundEnd, const Path& path, const StrokeSt
     const Matrix toUnits = _pageToUnits * toPage;
     const double unitsPerPixel = _pageToUnits.meanScale();
     const double tolerance = _units.tolerance();
-    const auto area = [path, style, frame = StrokeFrame{toUnits, unitsPerPixel, tolerance, _clips.top().rect},
-                       &report = _report] { return strokeArea(path, style, frame, report); };
+    const auto area = [path, style, frame = strokeFrame(toPage), &report = _report] {
+        return strokeArea(path, style, frame, report);
+    };
     const Rgb* const color = std::get_if<Rgb>(&paint.source);
     if (color != nullptr && !_clips.top().area && (toUnits.isUniform() || style.nonScaling) && style.dashes.empty()) {
         const double width = style.width * (style.nonScaling ? unitsPerPixel : toUnits.meanScale());
@@ -343,6 +344,11 @@ void Painter::strokeOver(std::size_t groundEnd, const Path& path, const StrokeSt
         }
     }
     paintArea(groundEnd, area(), FillRule::NonZero, paint, toPage);
+}
+
+StrokeFrame Painter::strokeFrame(const Matrix& toPage) const
+{
+    return {_pageToUnits * toPage, _pageToUnits.meanScale(), _units.tolerance(), _clips.top().rect};
 }
 
 bool Painter::strokeAsLines(std::size_t groundEnd, const std::vector<Chain>& chains, const StrokeStyle& style,

@@ -19,6 +19,8 @@
 
 namespace qsdps {
 
+struct StrokeFrame;
+
 struct BandArea;
 struct Lettering;
 
@@ -68,6 +70,8 @@ private:
     void fillOver(std::size_t groundEnd, const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage);
     void strokeOver(std::size_t groundEnd, const Path& path, const StrokeStyle& style, const Paint& paint,
                     const Matrix& toPage);
+    /// Where the stroke of a path of the user space that `toPage` maps goes, under the clip in force.
+    [[nodiscard]] StrokeFrame strokeFrame(const Matrix& toPage) const;
     /// Fills an area with a paint of the user space that `toPage` maps, cut by the clip in force.
     void paintArea(std::size_t groundEnd, Rings rings, FillRule rule, const Paint& paint, const Matrix& toPage);
     void paintTiles(const Rings& rings, const Tile& tile, double opacity, const Matrix& toPage);

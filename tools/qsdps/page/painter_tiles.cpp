@@ -5,25 +5,45 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_map>
 #include <utility>
 
 namespace qsdps {
 
 namespace {
 
-/// A clip with everything in it moved by a map of the page.
-ClipPath moved(const ClipPath& clip, const Matrix& map)
-{
-    const auto movedPart = [&](const std::shared_ptr<const ClipPath>& part) {
-        return part ? std::make_shared<const ClipPath>(moved(*part, map)) : nullptr;
-    };
-    ClipPath result{clip.outlines, movedPart(clip.within)};
-    for (ClipOutline& outline : result.outlines) {
-        outline.toPage = map * outline.toPage;
-        outline.inner = movedPart(outline.inner);
+/// Moves clips with everything in them by a map of the page. Clips share their parts, so each part is moved once.
+class ClipMover {
+public:
+    explicit ClipMover(const Matrix& map) : _map(map) {}
+
+    [[nodiscard]] ClipPath moved(const ClipPath& clip)
+    {
+        ClipPath result{clip.outlines, movedPart(clip.within)};
+        for (ClipOutline& outline : result.outlines) {
+            outline.toPage = _map * outline.toPage;
+            outline.inner = movedPart(outline.inner);
+            outline.around = movedPart(outline.around);
+        }
+        return result;
     }
-    return result;
-}
+
+private:
+    [[nodiscard]] std::shared_ptr<const ClipPath> movedPart(const std::shared_ptr<const ClipPath>& part)
+    {
+        if (part == nullptr) {
+            return nullptr;
+        }
+        const auto known = _parts.find(part.get());
+        if (known != _parts.end()) {
+            return known->second;
+        }
+        return _parts[part.get()] = std::make_shared<const ClipPath>(moved(*part));
+    }
+
+    const Matrix& _map;
+    std::unordered_map<const ClipPath*, std::shared_ptr<const ClipPath>> _parts;
+};
 
 /// Whether a rectangle lies inside another one and touches none of its sides.
 bool liesInside(const QsdRect& inner, const QsdRect& outer)
@@ -67,8 +87,7 @@ public:
         const std::size_t groundEnd = _painter._ground.count();
         const auto paintOne = [&](const Matrix& map) { _painter.strokeOver(groundEnd, path, style, paint, map); };
         const auto area = [&](const Matrix& map) {
-            return strokeArea(path, style, _painter._pageToUnits * map, _painter._pageToUnits.meanScale(),
-                              _painter._units.tolerance());
+            return strokeArea(path, style, _painter.strokeFrame(map), _painter._report);
         };
         paintAll(groundEnd, area, FillRule::NonZero, paint, toPage, paintOne);
     }
@@ -104,7 +123,7 @@ private:
     {
         clips.push(cellAt(shift));
         for (const ClipPath& clip : _tileClips) {
-            clips.push(moved(clip, shift));
+            clips.push(ClipMover(shift).moved(clip));
         }
     }
 
