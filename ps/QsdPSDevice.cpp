@@ -83,7 +83,8 @@ bool QsdPSDevice::isBad() const
 
 bool QsdPSDevice::writeFailed() const
 {
-    return _writeFailed || (_stream != nullptr && _stream->fail());
+    // While closeStream has the document's own stream nobody else may look at it.
+    return _writeFailed || (_ownStream != nullptr && _stream != nullptr && _stream->fail());
 }
 
 std::ostream* QsdPSDevice::openStream(const char* fileName)

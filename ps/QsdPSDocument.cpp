@@ -138,18 +138,24 @@ void QsdPSDevice::end()
 {
     // An override of closeStream that comes here has the stream already.
     if (_ownStream == nullptr) {
+        forgetPalette();
         return;
     }
+    bool failed = true;
     // Memory may run out on the way, and a stream may be told to throw when it fails.
     try {
         writeTrailer();
-        _stream->flush();
-        _writeFailed = _stream->fail();
+        if (_stream != nullptr) {
+            _stream->flush();
+            failed = _stream->fail();
+        }
     } catch (...) {
-        _writeFailed = true;
+        failed = true;
     }
+    _writeFailed = failed;
+    // An override of closeStream may begin the next document, which has a result of its own.
     close();
-    if (_writeFailed) {
+    if (failed) {
         QsdFatalError("%s", display()->getMessage("&QsdMsg015102"));
     }
 }

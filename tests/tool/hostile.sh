@@ -37,7 +37,7 @@ cat >dashes.svg <<'END'
 <path d="M-1e300 20H1e300" stroke-dasharray="5 5"/><path d="M0 30H90" stroke-dasharray="1e-7"/></svg>
 END
 expect_status 0 timeout 60 "$tool" dashes.svg -o dashes.ps
-expect_message '1 x line of too many dashes approximated'
+expect_message '1 line drawn without its dashes: there are too many'
 
 # Clips that refer twice to the one before, and in a long chain.
 clips() {

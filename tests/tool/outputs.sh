@@ -87,7 +87,7 @@ for length in 248 249 250 255; do
     rm "$name"
 done
 refused 1 'File name too long' a.svg -o "$(printf '%256s' '' | tr ' ' n)"
-refused 1 'No such file' a.svg -o ''
+refused 2 "expected a file's name" a.svg -o ''
 rm b.svg
 
 # Where pages wait until the document is complete, there is no room.

@@ -63,4 +63,4 @@ svg '<clipPath id="c"><text x="9" y="30">Hello</text></clipPath><rect width="90"
 expect_status 0 "$tool" cut.svg
 [ ! -s err ] || fail "told: $(cat err)"
 expect_status 0 env FONTCONFIG_FILE="$work/none.conf" "$tool" cut.svg
-expect_message '1 x text in a clipPath not drawn'
+expect_message '1 text in a clipPath element left out'

@@ -50,7 +50,7 @@ same() { # NAME SELECTION: the page of SELECTION is the screenshot of NAME
 }
 same xeyes xeyes
 expect_status 0 "$tool" --window xeyes -o page.ps
-expect_message 'warning: what lies outside the screen is left out'
+expect_message 'what lies outside the screen is left out'
 expect_status 0 "$tool" -q --window xeyes -o page.ps
 [ ! -s err ] || fail "told all the same: $(cat err)"
 # Without standard output, the picture must not reach the connection to the X server, which would have its number.

@@ -207,7 +207,8 @@ std::optional<int> refuseOutput(const Options& options, const std::string& outpu
     }
     if (const std::string ending = foreignEnding(options.output); !options.formatIsGiven && !ending.empty()) {
         tell(options, outputName,
-             "not written: " + ending + " is no ending of PostScript documents (qsdps -f ps writes it all the same)");
+             "not written: " + ending +
+                 " is the ending of another kind of file (give -f ps or -f eps to write it all the same)");
         return 2;
     }
     return std::nullopt;

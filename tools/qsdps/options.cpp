@@ -106,7 +106,7 @@ Compression compressionOf(const std::string& name, const Options& options)
         CommandLine::refuse("--compress", "hexadecimal data is not compressed");
     }
     if (name == "flate" && options.level < 3) {
-        CommandLine::refuse("--compress", "flate takes --level 3");
+        CommandLine::refuse("--compress", "flate needs --level 3");
     }
     return name == "flate" ? Compression::Flate : name == "lzw" ? Compression::LZW : Compression::RunLength;
 }

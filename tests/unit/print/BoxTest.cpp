@@ -1,5 +1,6 @@
 // The box of a page is the box around the boxes that its drawings have on pages of their own.
 #include "tests/unit/print/PrintDevice.h"
+#include "toolkit/base/QsdGlobalContext.h"
 
 #include <algorithm>
 #include <array>
@@ -112,6 +113,9 @@ TEST(PageBox, LiesAlongATransformedText)
     const Box along = boxOf("helvetica");
     EXPECT_GT(along[2] - along[0], 80);
     EXPECT_LT(along[3] - along[1], 50);
+    // Only Shift-JIS has fonts that write from top to bottom.
+    EXPECT_EQ(boxOf("@mincho"), along);
+    QsdGlobalContext::GetInstance().setLocale(QsLocale("ja_JP.SJIS"));
     const Box down = boxOf("@mincho");
     EXPECT_LT(down[2] - down[0], 50);
     EXPECT_GT(down[3] - down[1], 80);

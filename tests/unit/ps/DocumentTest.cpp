@@ -12,6 +12,7 @@
 #include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
+#include <optional>
 #include <stdexcept>
 #include <vector>
 
@@ -291,6 +292,8 @@ public:
         }
     }
 
+    void fail() { _text.setstate(std::ios_base::badbit); }
+
     std::vector<std::ostream*> closed;
     std::function<void()> onClose;
 };
@@ -349,6 +352,79 @@ TEST_F(Document, AnOverrideOfCloseStreamMayBeginTheNext)
     device.end();
     EXPECT_TRUE(device.taken().ends_with(" gsave\n% the next\nshowpage\n%%Trailer\nend\n%%Pages: 1\n%%EOF\n"));
     EXPECT_EQ(device.closed.size(), 2U);
+}
+
+TEST_F(Document, AnOverrideOfCloseStreamMayAskWhetherWritingFailed)
+{
+    class Deleting : public QsdPSDevice {
+    public:
+        using QsdPSDevice::QsdPSDevice;
+        void closeStream(std::ostream* stream) override
+        {
+            QsdPSDevice::closeStream(stream);
+            failed = writeFailed();
+        }
+
+        std::optional<bool> failed;
+    };
+    for (const auto& [name, fails] : {std::pair("/dev/full", true), std::pair("/dev/null", false)}) {
+        Deleting device(&display, QsdPSRGB);
+        ASSERT_TRUE(device.initDevice(name, nullptr));
+        device.end();
+        EXPECT_EQ(device.failed, fails) << name;
+        EXPECT_EQ(device.writeFailed(), fails) << name;
+    }
+}
+
+TEST_F(Document, ThatFailedIsReportedWhenTheNextIsBegunAtOnce)
+{
+    ClosingDevice device(&display);
+    device.onClose = [&] {
+        device.onClose = nullptr;
+        device.initDevice("unused", nullptr);
+    };
+    device.initDevice("unused", nullptr);
+    device.fail();
+    device.end();
+    EXPECT_EQ(errors, (Messages{"The PostScript output could not be written completely"}));
+    EXPECT_FALSE(device.writeFailed()) << "the next document has not failed";
+    device.end();
+    EXPECT_EQ(errors.size(), 1U);
+}
+
+TEST_F(Document, WhoseTextGoesNowhereIsClosed)
+{
+    class Silent : public ClosingDevice {
+    public:
+        using ClosingDevice::ClosingDevice;
+        void silence() { redirect(nullptr); }
+    };
+    Silent device(&display);
+    device.initDevice("unused", nullptr);
+    device.silence();
+    device.end();
+    EXPECT_EQ(device.closed.size(), 1U);
+    EXPECT_TRUE(device.isBad());
+    EXPECT_TRUE(device.writeFailed());
+}
+
+TEST_F(Document, EndForgetsThePaletteWithoutADocumentToo)
+{
+    class Counting : public TestDevice {
+    public:
+        using TestDevice::TestDevice;
+        void setForeground(const QsdPalette*) const override { ++colors; }
+
+        mutable int colors = 0;
+    };
+    Counting device(&display);
+    const auto palette = QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display));
+    device.setCurrentPalette(palette.get());
+    device.setCurrentPalette(palette.get());
+    EXPECT_EQ(device.colors, 1);
+    device.end();
+    device.setCurrentPalette(palette.get());
+    EXPECT_EQ(device.colors, 2);
 }
 
 TEST_F(Document, AStreamThatFailedToOpenIsClosed)

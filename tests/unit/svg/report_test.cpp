@@ -25,7 +25,7 @@ TEST(Report, TellsEachKindOnceWithItsCount)
     report.notDrawn("mask");
     report.approximated("gradient");
     report.approximated("gradient");
-    EXPECT_EQ(told(report), "a.svg: 3 characters skipped: no installed font has them, boxes stand for them\n"
+    EXPECT_EQ(told(report), "a.svg: 3 characters shown as boxes: no installed font has them\n"
                             "a.svg: 1 mask left out\n"
                             "a.svg: 2 gradients replaced by their mean colours\n");
 }
@@ -40,6 +40,18 @@ TEST(Report, TellsWhereTheFirstOfAKindStands)
     report.badInput("path drawn up to a fault in its data", 2);
     EXPECT_EQ(told(report), "a.svg:3: path drawn up to a fault in its data (2 times)\n"
                             "a.svg:7: 3 images left out: they cannot be read\n");
+}
+
+TEST(Report, NamesTheFirstOfAKind)
+{
+    Report report;
+    report.notDrawn("image", 7, "a.png");
+    EXPECT_EQ(told(report), "a.svg:7: 1 image left out: it cannot be read (a.png)\n");
+    report.notDrawn("image", 9, "b.png");
+    EXPECT_EQ(told(report), "a.svg:7: 2 images left out: they cannot be read (the first is a.png)\n");
+    Report longName;
+    longName.notDrawn("image", 0, std::string(50, 'x') + "\n");
+    EXPECT_EQ(told(longName), "a.svg: 1 image left out: it cannot be read (" + std::string(40, 'x') + "...)\n");
 }
 
 TEST(Report, NamesKindsWithoutAWording)

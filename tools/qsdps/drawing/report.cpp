@@ -20,8 +20,8 @@ struct Wording {
 constexpr Wording kNotDrawn[] = {
     {"character that the document's encoding lacks", "character shown as ?: the document's encoding lacks it",
      "characters shown as ?: the document's encoding lacks them"},
-    {"character that no installed font has", "character skipped: no installed font has it, a box stands for it",
-     "characters skipped: no installed font has them, boxes stand for them"},
+    {"character that no installed font has", "character shown as a box: no installed font has it",
+     "characters shown as boxes: no installed font has them"},
     {"pattern fill", "area left unpainted: its pattern cannot be drawn",
      "areas left unpainted: their patterns cannot be drawn"},
     {"image", "image left out: it cannot be read", "images left out: they cannot be read"},
@@ -65,6 +65,20 @@ constexpr Wording kApproximated[] = {
      "lines drawn without their dashes: there are too many"},
 };
 
+/// The beginning of a text of the drawing, with blanks for its controls.
+std::string shortened(std::string_view text)
+{
+    constexpr std::size_t kLongest = 40;
+    std::size_t length = std::min(text.size(), kLongest);
+    // Not within a character of several bytes.
+    while (length < text.size() && length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
+        --length;
+    std::string shown(text.substr(0, length));
+    std::replace_if(
+        shown.begin(), shown.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
+    return shown + (length < text.size() ? "..." : "");
+}
+
 void printPlace(std::ostream& out, std::string_view inputName, int line)
 {
     out << inputName << ':';
@@ -75,11 +89,13 @@ void printPlace(std::ostream& out, std::string_view inputName, int line)
 
 } // namespace
 
-void Report::count(Kinds& kinds, std::string_view kind, int line)
+void Report::count(Kinds& kinds, std::string_view kind, int line, std::string_view name)
 {
     const auto known = kinds.find(kind);
     Told& told = known != kinds.end() ? known->second : kinds.emplace(kind, Told{}).first->second;
     told.line = told.line > 0 ? told.line : line;
+    if (told.count == 0)
+        told.name = shortened(name);
     ++told.count;
 }
 
@@ -105,9 +121,12 @@ void Report::print(std::ostream& out, std::string_view inputName) const
             const auto wording = std::find_if(std::begin(wordings), std::end(wordings),
                                               [&name = kind](const Wording& known) { return known.kind == name; });
             if (wording == std::end(wordings))
-                out << "x " << kind << ' ' << outcome << '\n';
+                out << "x " << kind << ' ' << outcome;
             else
-                out << (told.count == 1 ? wording->one : wording->several) << '\n';
+                out << (told.count == 1 ? wording->one : wording->several);
+            if (!told.name.empty())
+                out << (told.count == 1 ? " (" : " (the first is ") << told.name << ')';
+            out << '\n';
         }
     };
     printKinds(_notDrawn, kNotDrawn, "left out");
@@ -116,15 +135,7 @@ void Report::print(std::ostream& out, std::string_view inputName) const
 
 std::string badValue(std::string_view value, std::string_view name)
 {
-    constexpr std::size_t kLongest = 40;
-    std::size_t length = std::min(value.size(), kLongest);
-    // Not within a character of several bytes.
-    while (length < value.size() && length > 0 && (static_cast<unsigned char>(value[length]) & 0xC0) == 0x80)
-        --length;
-    std::string shown(value.substr(0, length));
-    std::replace_if(
-        shown.begin(), shown.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
-    return "bad value '" + shown + (length < value.size() ? "..." : "") + "' of " + std::string(name) + " ignored";
+    return "bad value '" + shortened(value) + "' of " + std::string(name) + " ignored";
 }
 
 } // namespace qsdps

@@ -13,7 +13,11 @@ public:
     /// Counts one object of a kind that is not drawn at all, e.g. "filter"; `line` is where it stands (0: unknown), of
     /// which the first is kept. What a message calls a kind, and what is said to have been done about it, is a matter
     /// of a table; a kind that is not in it is named as it is here.
-    void notDrawn(std::string_view kind, int line = 0) { count(_notDrawn, kind, line); }
+    /// Of several objects the first one's `name` is told.
+    void notDrawn(std::string_view kind, int line = 0, std::string_view name = {})
+    {
+        count(_notDrawn, kind, line, name);
+    }
     /// Counts one object of a kind that is drawn, but not exactly as asked, e.g. "gradient".
     void approximated(std::string_view kind) { count(_approximated, kind, 0); }
     /// Notes a bad value or other fault of the input, and what is done about it; the first of each text is kept with
@@ -30,10 +34,11 @@ private:
     struct Told {
         int line = 0;
         unsigned long count = 0;
+        std::string name = {}; ///< of the first; empty: none
     };
     using Kinds = std::map<std::string, Told, std::less<>>;
 
-    static void count(Kinds& kinds, std::string_view kind, int line);
+    static void count(Kinds& kinds, std::string_view kind, int line, std::string_view name = {});
 
     Kinds _notDrawn;
     Kinds _approximated;

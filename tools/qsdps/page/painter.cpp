@@ -385,7 +385,7 @@ void Painter::image(const ImageObject& image, double opacity, const Matrix& toPa
 {
     const std::optional<Pixels> pixels = decodeImage(image.data);
     if (!pixels || pixels->width == 0 || pixels->height == 0) {
-        _report.notDrawn("image");
+        _report.notDrawn("image", 0, image.name);
         return;
     }
     const Matrix toUnits = _pageToUnits * toPage;

@@ -76,9 +76,9 @@ void Scene::reportDepth(const pugi::xml_node& node)
     _budget.depthReported = true;
 }
 
-void Scene::notDrawn(std::string_view kind, const pugi::xml_node& node)
+void Scene::notDrawn(std::string_view kind, const pugi::xml_node& node, std::string_view name)
 {
-    _report.notDrawn(kind, _document.line(node));
+    _report.notDrawn(kind, _document.line(node), name);
 }
 
 void Scene::badInput(std::string_view what, const pugi::xml_node& node)

@@ -55,7 +55,7 @@ public:
     [[nodiscard]] bool spendMeasuring(std::size_t cost);
     void reportDepth(const pugi::xml_node& node);
     void badInput(std::string_view what, const pugi::xml_node& node);
-    void notDrawn(std::string_view kind, const pugi::xml_node& node);
+    void notDrawn(std::string_view kind, const pugi::xml_node& node, std::string_view name = {});
 
     /// Marks an element as being expanded while it lives; `cyclic` when it already was.
     class Expansion {

@@ -63,7 +63,7 @@ void Walker::drawImage(const Element& element, State state)
     auto bytes = readLinked(source, _scene.options().baseFolder, std::min(budget, kMaxImage));
     if (!bytes) {
         if (!measuring()) {
-            _scene.notDrawn("image", element.node);
+            _scene.notDrawn("image", element.node, source);
         }
         return;
     }
@@ -97,7 +97,7 @@ void Walker::drawEmbedded(std::string bytes, const Element& element, Box viewpor
     const auto document =
         budget.embedded < kMaxEmbedded ? Document::load(std::move(bytes), _scene.options().baseFolder, error) : nullptr;
     if (!document) {
-        _scene.notDrawn("image", element.node);
+        _scene.notDrawn("image", element.node, href(element.node));
         return;
     }
     budget.imageBytes -= std::min(budget.imageBytes, document->sheetBytes() * kDrawingCost);

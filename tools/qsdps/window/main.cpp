@@ -35,7 +35,7 @@ int writeWindow(const std::string& what, bool isQuiet)
     }
     const std::string title = nameOfWindow(*display, *window);
     if (pixels->isPart && !isQuiet) {
-        std::cerr << "qsdps-window: " << what << ": warning: what lies outside the screen is left out\n";
+        std::cerr << "qsdps-window: " << what << ": what lies outside the screen is left out\n";
     }
     return writePicture(*pixels, title, stdout) ? 0 : fail("standard output", std::strerror(errno));
 }
