@@ -174,8 +174,8 @@ TEST(PrintLines, NamesOfFontsAreBroken)
         for (const char letter : {'x', '(', '%', '\xE4'}) {
             const std::string name(size, letter);
             PrintPage page;
-            page.device.writeFontSelection(12, name.c_str(), "-Bold", false);
-            page.device.writeFontSelection(12, name.c_str(), "-QSD-H", true);
+            page.device.writeFontSelection(12, name.c_str(), "-Bold", QsdPSGlyphs::Latin);
+            page.device.writeFontSelection(12, name.c_str(), "-QSD-H", QsdPSGlyphs::MultiByte);
             page.device.drawLine(page.palette.get(), {0, 0}, {1, 1});
             const std::string text = page.whole();
             const Scan setup = scan(PrintPage::part(text, "QsdPrintDict begin\n/F1", "%%EndSetup\n"));
