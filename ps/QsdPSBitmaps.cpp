@@ -4,6 +4,7 @@
 
 #include "ps/QsdPSBackground_p.h"
 #include "ps/QsdPSImageSource_p.h"
+#include "ps/QsdPSOperation_p.h"
 #include "ps/QsdPSPixels_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/port/QsdBitmap.h"
@@ -26,8 +27,11 @@ void QsdPSDevice::drawBitmap(const QsdPalette* palette, const QsdSystemPort* sou
     if (source == nullptr) {
         return;
     }
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Fill, [&](auto& shape) {
+            shape.box({at.x, at.y, rect.width, rect.height});
+        })) {
+        return;
+    }
     const QsdPixelRows pixels(*palette->display(), source, rect);
     const QsdPSFilteredSource filtered(_encoder.get());
     const std::int64_t bottom = std::int64_t{at.y} + rect.height;
@@ -86,8 +90,11 @@ void QsdPSDevice::writeBitmapMask(const QsdPalette* palette, const QsdPixelRows&
 void QsdPSDevice::drawTransparentBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
                                         const QsdPoint& at) const
 {
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Fill, [&](auto& shape) {
+            shape.box({at.x, at.y, rect.width, rect.height});
+        })) {
+        return;
+    }
     if (source != nullptr && source->depth() == 1) {
         const QsdPixelRows pixels(*palette->display(), source, rect);
         const QsdPSFilteredSource filtered(_encoder.get());

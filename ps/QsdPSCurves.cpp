@@ -2,6 +2,7 @@
 #include "ps/QsdPSDevice.h"
 
 #include "ps/QsdPSLineLength_p.h"
+#include "ps/QsdPSOperation_p.h"
 #include "ps/QsdPSWriter_p.h"
 
 #include <algorithm>
@@ -29,20 +30,22 @@ void QsdPSDevice::drawArc(const QsdPalette* palette, const QsdRect& rect, float 
 
 void QsdPSDevice::fillArc(const QsdPalette* palette, const QsdRect& rect, float start, float range) const
 {
-    writeArc(palette, rect, start, range, true);
-    fillWithPattern(palette);
+    if (writeArc(palette, rect, start, range, true)) {
+        fillWithPattern(palette);
+    }
 }
 
 // The arc is one of a unit circle under a matrix of its own; the matrix before it is back in force for the stroke, so
 // that the line keeps its width all around. The start is cut off and the end rounded, as documents have always been.
-void QsdPSDevice::writeArc(const QsdPalette* palette, const QsdRect& rect, float start, float range, bool fill) const
+bool QsdPSDevice::writeArc(const QsdPalette* palette, const QsdRect& rect, float start, float range, bool fill) const
 {
-    checkClip(palette->clipRegion());
+    if (!beginOperation(palette, fill ? QsdPSUse::Fill : QsdPSUse::Stroke, [&](auto& shape) { shape.box(rect); })) {
+        return false;
+    }
     if (range < 0) {
         start += range;
         range = -range;
     }
-    setCurrentPalette(palette);
     const std::uint32_t rx = rect.width >> 1;
     const std::uint32_t ry = rect.height >> 1;
     QsdPSWriter out(_stream);
@@ -53,6 +56,7 @@ void QsdPSDevice::writeArc(const QsdPalette* palette, const QsdRect& rect, float
     }
     out << "1 -1 scale  0 0 1 " << truncated(start) << QsdSpc()
         << truncated(static_cast<long double>(start) + range + 0.5L) << " arc setmatrix" << (fill ? "" : " s") << EOL;
+    return true;
 }
 
 void QsdPSDevice::drawBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const
@@ -60,8 +64,9 @@ void QsdPSDevice::drawBezier(const QsdPalette* palette, unsigned long count, con
     if (count < 2) {
         return;
     }
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Stroke, [&](auto& shape) { shape.path(count, points, false); })) {
+        return;
+    }
     QsdPSWriter out(_stream);
     out << "n " << points[0] << " M ";
     unsigned long i = 1;
@@ -85,8 +90,9 @@ void QsdPSDevice::drawClosedBezier(const QsdPalette* palette, unsigned long coun
         drawBezier(palette, count, points);
         return;
     }
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Stroke, [&](auto& shape) { shape.path(count, points, true); })) {
+        return;
+    }
     writeClosedCurves(count, points, false);
     QsdPSWriter(_stream) << "s" << EOL;
 }
@@ -100,8 +106,9 @@ void QsdPSDevice::fillBezier(const QsdPalette* palette, unsigned long count, con
         drawBezier(palette, count, points);
         return;
     }
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Fill, [&](auto& shape) { shape.path(count, points, true); })) {
+        return;
+    }
     writeClosedCurves(count, points, true);
     fillWithPattern(palette);
 }
@@ -131,8 +138,15 @@ void QsdPSDevice::writeClosedCurves(unsigned long count, const QsdPoint* points,
 
 void QsdPSDevice::fillPaths(const QsdPalette* palette, unsigned long count, const QsdPointArray* arrays) const
 {
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Fill, [&](auto& shape) {
+            for (unsigned long i = 0; i < count; ++i) {
+                if (arrays[i].count() > 1) {
+                    shape.path(arrays[i].count(), arrays[i].points(), true);
+                }
+            }
+        })) {
+        return;
+    }
     {
         QsdPSWriter out(_stream);
         out << "n ";

@@ -7,13 +7,16 @@
 #include "ps/QsdPSGlyphs.h"
 #include "toolkit/port/QsdPort.h"
 
+#include <cstdint>
 #include <iosfwd>
 #include <memory>
 
 class QsdPostScriptEncoder;
 class QsdPSFilteredSource;
+class QsdPSShape;
 class QsdPixelRows;
 struct QsdPSLineLength;
+enum class QsdPSUse : std::uint8_t;
 
 /// Turns drawing calls into one PostScript document per initDevice and end.
 ///
@@ -229,8 +232,13 @@ protected:
     virtual void writeInitialClip(const QsdRect& rect) const;
     /// Writes what setZoomableLineWidths asks for.
     virtual void writeLineWidthMode(bool zoomable) const;
-    /// Writes what of a palette is not in force yet; a document is open.
-    virtual void writePalette(const QsdPalette* palette) const;
+    /// Begins a drawing operation, each in the same way: puts the palette's clip in force, then its state, of which
+    /// `use` tells the parts that the operation draws with. `shape` tells what will be drawn to a device that wants to
+    /// know how far it reaches. Reports a missing document as setCurrentPalette does. False when the operation is to
+    /// write nothing since nothing of it would show; the base device always returns true.
+    [[nodiscard]] virtual bool beginOperation(const QsdPalette* palette, QsdPSUse use, const QsdPSShape& shape) const;
+    /// Writes what is not in force yet of the parts of a palette that `use` names; the base device writes all parts.
+    virtual void writePalette(const QsdPalette* palette, QsdPSUse use) const;
     /// Writes the selection of the font `name` followed by `suffix` in a size of `size` units; `glyphs` tells what
     /// its codes stand for.
     virtual void writeFontSelection(int size, const char* name, const char* suffix, QsdPSGlyphs glyphs) const;
@@ -247,6 +255,7 @@ private:
     /// Where to break lines.
     [[nodiscard]] const QsdPSLineLength& lineLength() const { return *_lineLength; }
 
+    void bringUpToDate(const QsdPalette* palette, QsdPSUse use) const;
     void writeFirstPalette(const QsdPalette* palette) const;
     void writeOtherForeground(const QsdPalette* palette, QsdPalette& current) const;
     void sendCurrentTransformer() const;
@@ -257,7 +266,9 @@ private:
     void writeMaskTile(const QsdPalette* palette, bool opaque) const;
     void writeColorPattern(const QsdPalette* palette) const;
 
-    void writeArc(const QsdPalette* palette, const QsdRect& rect, float start, float range, bool fill) const;
+    /// Writes the path of an arc, and strokes it unless it is to be filled; false when it does not show.
+    bool writeArc(const QsdPalette* palette, const QsdRect& rect, float start, float range,
+                                bool fill) const;
     void writeClosedCurves(unsigned long count, const QsdPoint* points, bool fill) const;
 
     void writeBitmapMask(const QsdPalette* palette, const QsdPixelRows& pixels, const QsdRect& rect,

@@ -55,6 +55,5 @@ bool QsdPSFontFile::writeAsText(QsdPSWriter& out)
         QsdWarning("Left out font file %s: %s", _fileName, QsdPSFontText::Describe(fault));
         return false;
     }
-    _sevenBits = text.isSevenBits();
     return true;
 }

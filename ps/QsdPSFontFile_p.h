@@ -17,8 +17,6 @@ public:
     /// Writes it as text that every interpreter and spooler takes, see QsdPSFontText. False, after a warning, when it
     /// could not be read to its end or is no font that can be brought: then what was written is of no use.
     bool writeAsText(QsdPSWriter& out);
-    /// Whether the text that was written consists of 7-bit characters.
-    [[nodiscard]] bool isSevenBits() const { return _sevenBits; }
 
 private:
     /// Calls use(part) for one part of the file after the other until that is false. False, after a warning, when the
@@ -28,5 +26,4 @@ private:
 
     const char* _fileName;
     std::ifstream _file;
-    bool _sevenBits = true;
 };

@@ -232,7 +232,6 @@ void QsdPSFontText::putText(unsigned char byte)
         fail(Fault::NoFont);
         return;
     }
-    _sevenBits = _sevenBits && byte < 0x80;
     if (_inFirstLine && _firstLine.size() < MaxLine) {
         _firstLine += c;
     }

@@ -22,8 +22,6 @@ public:
     bool put(std::string_view bytes);
     /// Ends the text after the last byte, and tells what is wrong with the file: then what was written is of no use.
     [[nodiscard]] Fault finish();
-    /// Whether what was written consists of 7-bit characters.
-    [[nodiscard]] bool isSevenBits() const { return _sevenBits; }
 
     /// What is wrong, for the end of a message.
     [[nodiscard]] static const char* Describe(Fault fault);
@@ -74,5 +72,4 @@ private:
     bool _inHead = true; ///< only comments so far
     bool _encrypted = false;
     bool _whole = false;
-    bool _sevenBits = true;
 };

@@ -2,6 +2,7 @@
 #include "ps/QsdPSDevice.h"
 
 #include "ps/QsdPSLineLength_p.h"
+#include "ps/QsdPSOperation_p.h"
 #include "ps/QsdPSWriter_p.h"
 
 #include <cstddef>
@@ -76,16 +77,22 @@ void QsdPSDevice::drawPoints(const QsdPalette*, unsigned long, const QsdPoint*) 
 
 void QsdPSDevice::drawLine(const QsdPalette* palette, const QsdPoint& from, const QsdPoint& to) const
 {
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Stroke, [&](auto& shape) { shape.line(from, to); })) {
+        return;
+    }
     QsdPSWriter(_stream) << "n " << from << " M " << to << " L s" << EOL;
 }
 
 void QsdPSDevice::drawSegments(const QsdPalette* palette, unsigned long count, const QsdPoint* starts,
                                const QsdPoint* ends) const
 {
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Stroke, [&](auto& shape) {
+            for (unsigned long i = 0; i < count; ++i) {
+                shape.line(starts[i], ends[i]);
+            }
+        })) {
+        return;
+    }
     QsdPSWriter out(_stream);
     out << "n ";
     unsigned pending = 0;
@@ -106,8 +113,9 @@ void QsdPSDevice::drawPolyLine(const QsdPalette* palette, unsigned long count, c
     if (count == 0) {
         return;
     }
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Stroke, [&](auto& shape) { shape.path(count, points, false); })) {
+        return;
+    }
     QsdPSWriter out(_stream);
     out << "n " << points[0] << " M ";
     ElementLines lines(out, lineLength());
@@ -121,8 +129,9 @@ void QsdPSDevice::drawPolyLine(const QsdPalette* palette, const QsdPoint& origin
     if (count == 0) {
         return;
     }
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Stroke, [&](auto& shape) { shape.steps(origin, count, deltas); })) {
+        return;
+    }
     QsdPSWriter out(_stream);
     out << "n " << origin << " M ";
     ElementLines lines(out, lineLength());
@@ -135,8 +144,9 @@ void QsdPSDevice::fillPolyLine(const QsdPalette* palette, unsigned long count, c
     if (count == 0) {
         return;
     }
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Fill, [&](auto& shape) { shape.path(count, points, true); })) {
+        return;
+    }
     {
         QsdPSWriter out(_stream);
         out << "n " << points[0] << " M ";
@@ -153,8 +163,9 @@ void QsdPSDevice::fillPolyLine(const QsdPalette* palette, const QsdPoint& origin
     if (count == 0) {
         return;
     }
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Fill, [&](auto& shape) { shape.steps(origin, count, deltas); })) {
+        return;
+    }
     {
         QsdPSWriter out(_stream);
         out << "n " << origin << " M ";
@@ -167,16 +178,18 @@ void QsdPSDevice::fillPolyLine(const QsdPalette* palette, const QsdPoint& origin
 
 void QsdPSDevice::drawRectangle(const QsdPalette* palette, const QsdRect& rect) const
 {
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Stroke, [&](auto& shape) { shape.box(rect); })) {
+        return;
+    }
     QsdPSWriter(_stream) << rect.x << QsdSpc() << rect.y << QsdSpc() << rect.width << QsdSpc() << rect.height
                          << " rectstroke" << EOL;
 }
 
 void QsdPSDevice::fillRectangle(const QsdPalette* palette, const QsdRect& rect) const
 {
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Fill, [&](auto& shape) { shape.box(rect); })) {
+        return;
+    }
     QsdPSWriter(_stream) << "n " << rect.width << QsdSpc() << rect.height << QsdSpc() << rect.x << QsdSpc() << rect.y
                          << " rect ";
     fillWithPattern(palette);

@@ -5,21 +5,34 @@
 #include "ps/QsdPSComponent_p.h"
 #include "ps/QsdPSGrey_p.h"
 #include "ps/QsdPSLineLength_p.h"
+#include "ps/QsdPSOperation_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsdMessages.h"
 #include "toolkit/port/QsdDisplay.h"
 
+bool QsdPSDevice::beginOperation(const QsdPalette* palette, QsdPSUse use, const QsdPSShape&) const
+{
+    checkClip(palette->clipRegion());
+    bringUpToDate(palette, use);
+    return true;
+}
+
 void QsdPSDevice::setCurrentPalette(const QsdPalette* palette) const
+{
+    bringUpToDate(palette, QsdPSUse::Everything);
+}
+
+void QsdPSDevice::bringUpToDate(const QsdPalette* palette, QsdPSUse use) const
 {
     if (_stream == nullptr) {
         QsdFatalError("%s", display()->getMessage("&QsdMsg015101"));
     }
-    writePalette(palette);
+    writePalette(palette, use);
 }
 
 // Shared objects are compared by identity. The cached palette holds references, so an address in it cannot come to mean
 // another object.
-void QsdPSDevice::writePalette(const QsdPalette* palette) const
+void QsdPSDevice::writePalette(const QsdPalette* palette, QsdPSUse) const
 {
     if (!_currentPalette) {
         writeFirstPalette(palette);

@@ -9,14 +9,17 @@
 #include "ps/QsdPSFiniteMatrix_p.h"
 #include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSMatrix.h"
+#include "ps/QsdPSPageState_p.h"
 #include "ps/QsdPSPrintDocument_p.h"
+#include "ps/QsdPSShapeReach_p.h"
 #include "ps/QsdPSWriter_p.h"
 
 #include <string>
 #include <utility>
 
 QsdPSPrintDevice::QsdPSPrintDevice(QsdDisplay* display, QsdPSColorModel model)
-    : QsdPSDevice(display, model), _document(std::make_unique<QsdPSPrintDocument>())
+    : QsdPSDevice(display, model), _document(std::make_unique<QsdPSPrintDocument>()),
+      _state(std::make_unique<QsdPSPageState>()), _reach(std::make_unique<QsdPSPageReach>())
 {
     keepLinesShort();
 }
@@ -36,29 +39,34 @@ void QsdPSPrintDevice::setScreenPatterns(bool screenPatterns)
 
 bool QsdPSPrintDevice::initDevice(const char* fileName, QsdRect* bbox)
 {
-    _document->fileName = fileName == nullptr ? "" : fileName;
+    _fileName = QsString(fileName);
     return QsdPSDevice::initDevice(fileName, bbox);
 }
 
 void QsdPSPrintDevice::writeHeader(const QsdRect* bbox)
 {
-    QsdPSPrintDocument& document = *_document;
-    document.begin(stream(), bbox, QsdPSFiniteMatrix(getPageTransformer()));
+    QsdPSDocumentTerms terms;
     const unsigned long level = getPostScriptLevel();
-    document.level = level == 1 || level == 2 ? level : 3;
-    document.paperWidth = getPaperWidth();
-    document.paperHeight = getPaperHeight();
-    document.paper = QsdPSExtent();
+    terms.level = level == 1 || level == 2 ? level : 3;
+    terms.paperWidth = getPaperWidth();
+    terms.paperHeight = getPaperHeight();
+    terms.page = QsdPSFiniteMatrix(getPageTransformer());
+    const double height = static_cast<double>(terms.paperHeight);
+    QsdPSExtent paper;
+    *_state = QsdPSPageState();
     if (bbox == nullptr) {
-        document.paper.add(0, 0);
-        document.paper.add(static_cast<double>(document.paperWidth), static_cast<double>(document.paperHeight));
+        paper.add(0, 0);
+        paper.add(static_cast<double>(terms.paperWidth), height);
     } else {
+        terms.box = *bbox;
         setBoundingBox(*bbox);
-        const double height = static_cast<double>(document.paperHeight);
-        document.paper.add(bbox->x, height - static_cast<double>(bbox->bottom()));
-        document.paper.add(static_cast<double>(bbox->right()), height - bbox->y);
+        paper.add(bbox->x, height - static_cast<double>(bbox->bottom()));
+        paper.add(static_cast<double>(bbox->right()), height - bbox->y);
+        _state->outerClip.region = QsdRegion(*bbox);
     }
-    redirect(&document.pageTexts);
+    _document->begin(stream(), terms);
+    _reach->beginDocument(paper, terms.page);
+    redirect(&_document->pageTexts());
 }
 
 void QsdPSPrintDevice::initFile() {}
@@ -73,35 +81,49 @@ bool QsdPSPrintDevice::newPage() const
     if (stream() == nullptr) {
         return QsdPSDevice::newPage();
     }
-    finishPage();
+    endPage();
     beginPage();
     return true;
 }
 
 void QsdPSPrintDevice::beginPage() const
 {
-    QsdPSPrintDocument& document = *_document;
-    document.inForce = QsdPSInForce();
-    document.pageExtent = QsdPSExtent();
-    if (!document.zoomableLineWidths) {
+    _state->beginPage();
+    if (!_state->linesZoom) {
         QsdPSDevice::writeLineWidthMode(false);
     }
     // Two save levels: the outer one is that of the page's first clip, the inner one that of the others.
-    for (const QsdPSPageClip* const clip : {&document.initialClip, &document.clip}) {
+    for (const QsdPSPlacedClip* const clip : {&_state->outerClip, &_state->innerClip}) {
         QsdPSWriter(stream()) << "gsave" << EOL;
         writePageClip(*clip);
     }
     QsdPSWriter(stream()) << "%%EndPageSetup" << EOL;
-    noteClipBox();
+    _reach->beginPage(_state->outerClip, _state->innerClip);
 }
 
-void QsdPSPrintDevice::finishPage() const
+void QsdPSPrintDevice::endPage() const
 {
-    _document->endPage();
+    _document->endPage(_reach->extent());
+}
+
+bool QsdPSPrintDevice::beginOperation(const QsdPalette* palette, QsdPSUse use, const QsdPSShape& shape) const
+{
+    return QsdPSDevice::beginOperation(palette, use, shape) && reach(palette, use, shape);
+}
+
+// Without an open document nothing is noted; it has been reported.
+bool QsdPSPrintDevice::reach(const QsdPalette* palette, QsdPSUse use, const QsdPSShape& shape) const
+{
+    if (stream() == nullptr) {
+        return true;
+    }
+    QsdPSShapeReach reader(*_reach, *palette, use, _state->linesZoom);
+    shape.tell(reader);
+    return reader.shows();
 }
 
 // The path of an empty region is empty, which clips everything away.
-void QsdPSPrintDevice::writePageClip(const QsdPSPageClip& clip) const
+void QsdPSPrintDevice::writePageClip(const QsdPSPlacedClip& clip) const
 {
     if (clip.region.isFull()) {
         return;
@@ -128,41 +150,38 @@ void QsdPSPrintDevice::writeInitialClip(const QsdRect& rect) const
     if (stream() == nullptr) {
         return;
     }
-    QsdPSPrintDocument& document = *_document;
-    document.initialClip = {QsdRegion(rect), document.inForce.transformer};
-    document.clip = QsdPSPageClip();
+    _state->outerClip = {QsdRegion(rect), _state->transformer};
+    _state->innerClip = QsdPSPlacedClip();
     QsdPSWriter(stream()) << "rc rc gsave" << EOL;
-    writePageClip(document.initialClip);
+    writePageClip(_state->outerClip);
     QsdPSWriter(stream()) << "gsave" << EOL;
-    if (!document.inForce.transformer.isIdentity()) {
-        SendTransformer(*stream(), document.inForce.transformer);
+    if (!_state->transformer.isIdentity()) {
+        SendTransformer(*stream(), _state->transformer);
     }
-    noteClipBox();
+    _reach->setClips(_state->outerClip, _state->innerClip);
 }
 
 void QsdPSPrintDevice::setTransformer(const QsdTransformer& given)
 {
     const QsdTransformer t = QsdPSFiniteMatrix(given);
-    if (stream() != nullptr && t == _document->inForce.transformer && t == currentTransformer()) {
+    if (stream() != nullptr && t == _state->transformer && t == currentTransformer()) {
         return;
     }
     QsdPSDevice::setTransformer(t);
     if (stream() != nullptr) {
-        _document->setTransformer(t);
+        noteTransformer(t);
     }
 }
 
-void QsdPSPrintDevice::send(const char* text) const
+void QsdPSPrintDevice::noteTransformer(const QsdTransformer& t) const
 {
-    if (text != nullptr) {
-        _document->noteBytes(text);
-    }
-    QsdPSDevice::send(text);
+    _state->transformer = t;
+    _reach->setTransformer(t);
 }
 
 void QsdPSPrintDevice::clip(const QsdRect* rect) const
 {
-    QsdPSPageClip noted{rect == nullptr ? QsdRegion::Full() : QsdRegion(*rect), currentTransformer()};
+    QsdPSPlacedClip noted{rect == nullptr ? QsdRegion::Full() : QsdRegion(*rect), currentTransformer()};
     if (!(noted.region == currentClip())) {
         QsdPSDevice::clip(rect);
         noteClip(std::move(noted));
@@ -171,7 +190,7 @@ void QsdPSPrintDevice::clip(const QsdRect* rect) const
 
 void QsdPSPrintDevice::clip(const QsdRegion* region) const
 {
-    QsdPSPageClip noted{region == nullptr ? QsdRegion::Full() : *region, currentTransformer()};
+    QsdPSPlacedClip noted{region == nullptr ? QsdRegion::Full() : *region, currentTransformer()};
     if (!(noted.region == currentClip())) {
         QsdPSDevice::clip(region);
         noteClip(std::move(noted));
@@ -180,37 +199,20 @@ void QsdPSPrintDevice::clip(const QsdRegion* region) const
 
 // A clip that was written has brought the current transformer with it. What is noted is made before anything is
 // written, so that both agree when there is no memory for it.
-void QsdPSPrintDevice::noteClip(QsdPSPageClip&& noted) const
+void QsdPSPrintDevice::noteClip(QsdPSPlacedClip&& noted) const
 {
     if (stream() == nullptr) {
         return;
     }
-    QsdPSPrintDocument& document = *_document;
-    document.setTransformer(noted.transformer);
-    document.clip = std::move(noted);
-    noteClipBox();
-}
-
-void QsdPSPrintDevice::noteClipBox() const
-{
-    QsdPSPrintDocument& document = *_document;
-    document.clipBox = document.paper;
-    for (const QsdPSPageClip* const clip : {&document.initialClip, &document.clip}) {
-        if (clip->region.isFull()) {
-            continue;
-        }
-        QsdTransformer toPage = clip->transformer;
-        toPage.compose(document.page);
-        const QsdRect& box = clip->region.boundingRect();
-        document.clipBox.limitTo(QsdPSExtentOf(toPage, box.x, box.y, static_cast<double>(box.x) + box.width,
-                                               static_cast<double>(box.y) + box.height));
-    }
+    noteTransformer(noted.transformer);
+    _state->innerClip = std::move(noted);
+    _reach->setClips(_state->outerClip, _state->innerClip);
 }
 
 void QsdPSPrintDevice::writeLineWidthMode(bool zoomable) const
 {
-    if (stream() != nullptr && _document->zoomableLineWidths != zoomable) {
-        _document->zoomableLineWidths = zoomable;
+    if (stream() != nullptr && _state->linesZoom != zoomable) {
+        _state->linesZoom = zoomable;
         QsdPSDevice::writeLineWidthMode(zoomable);
     }
 }

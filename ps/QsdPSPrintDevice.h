@@ -7,12 +7,13 @@
 #include <functional>
 #include <memory>
 
+class QsdPSPageReach;
 class QsdPSPrintDocument;
 class QsdPSSpool;
 class QsdPSWriter;
-struct QsdPSExtent;
 struct QsdPSImagePlace;
-struct QsdPSPageClip;
+struct QsdPSPageState;
+struct QsdPSPlacedClip;
 struct QsdPSTile;
 
 /// A PostScript device whose documents keep the document structuring conventions 3.0: every page stands alone, fonts
@@ -51,33 +52,16 @@ public:
     bool newPage() const override;
     /// What is no finite number counts as 0, and the others are held between 1e-30 and 1e20 in size.
     void setTransformer(const QsdTransformer& given) override;
-    void send(const char* text) const override;
     void clip(const QsdRect* rect) const override;
     void clip(const QsdRegion* region) const override;
 
     /// A point is a square of one unit.
     void drawPoint(const QsdPalette* palette, const QsdPoint& point) const override;
     void drawPoints(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const override;
-    void drawLine(const QsdPalette* palette, const QsdPoint& from, const QsdPoint& to) const override;
-    void drawSegments(const QsdPalette* palette, unsigned long count, const QsdPoint* starts,
-                      const QsdPoint* ends) const override;
-    void drawPolyLine(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const override;
-    void drawPolyLine(const QsdPalette* palette, const QsdPoint& origin, unsigned long count,
-                      const QsdDeltaPoint* deltas) const override;
-    void fillPolyLine(const QsdPalette* palette, unsigned long count, const QsdPoint* points,
-                      bool convex) const override;
-    void fillPolyLine(const QsdPalette* palette, const QsdPoint& origin, unsigned long count,
-                      const QsdDeltaPoint* deltas, bool convex) const override;
     /// The outline obeys setZoomableLineWidths as every other does.
     void drawRectangle(const QsdPalette* palette, const QsdRect& rect) const override;
-    void fillRectangle(const QsdPalette* palette, const QsdRect& rect) const override;
     void drawArc(const QsdPalette* palette, const QsdRect& rect, float start, float range) const override;
     void fillArc(const QsdPalette* palette, const QsdRect& rect, float start, float range) const override;
-    void fillPaths(const QsdPalette* palette, unsigned long count, const QsdPointArray* arrays) const override;
-    void drawBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const override;
-    void drawClosedBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const override;
-    void fillBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const override;
-
     using QsdPSDevice::drawBitmap;
     using QsdPSDevice::stretchBitmap;
     using QsdPSDevice::stretchTransparentBitmap;
@@ -90,13 +74,7 @@ public:
     void stretchTransparentBitmap(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
                                   const QsdTransformer& t, const QsdRect* clip) const override;
 
-    using QsdPSDevice::drawIString;
-    using QsdPSDevice::drawString;
     using QsdPSDevice::drawTransformedString;
-    void drawString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
-                    QsdPosition position) const override;
-    void drawIString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
-                     QsdPosition position) const override;
     void drawTransformedString(const QsdPalette* palette, const char* text, int length, const QsdTransformer& given,
                                const QsdRegion* clip) const override;
 
@@ -111,7 +89,8 @@ protected:
     void writeTrailer() override;
     void writeInitialClip(const QsdRect& rect) const override;
     void writeLineWidthMode(bool zoomable) const override;
-    void writePalette(const QsdPalette* palette) const override;
+    [[nodiscard]] bool beginOperation(const QsdPalette* palette, QsdPSUse use, const QsdPSShape& shape) const override;
+    void writePalette(const QsdPalette* palette, QsdPSUse use) const override;
     void writeFontSelection(int size, const char* name, const char* suffix, QsdPSGlyphs glyphs) const override;
     void writeFontFile(const char* fileName, const char* name, const char* suffix) const override;
 
@@ -121,20 +100,13 @@ private:
     void writeSetup();
     void writePages();
     void beginPage() const;
-    void finishPage() const;
-    void writePageClip(const QsdPSPageClip& clip) const;
-    void noteClip(QsdPSPageClip&& noted) const;
-    void noteClipBox() const;
-    void reach(double x1, double y1, double x2, double y2, double margin) const;
-    void reachRect(const QsdRect& rect, double margin) const;
-    void reachPoints(unsigned long count, const QsdPoint* points) const;
-    void reachStroke(const QsdPalette* palette, unsigned long count, const QsdPoint* points, bool closed) const;
-    void noteText(const char* text, int length) const;
-    void reachString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
-                     QsdPosition position) const;
-    [[nodiscard]] bool showsText(const QsdFont& font, const QsdTransformer& t) const;
+    void endPage() const;
+    /// Takes what is drawn into account in the page's extent; false when nothing of it shows.
+    bool reach(const QsdPalette* palette, QsdPSUse use, const QsdPSShape& shape) const;
+    void writePageClip(const QsdPSPlacedClip& clip) const;
+    void noteClip(QsdPSPlacedClip&& noted) const;
+    void noteTransformer(const QsdTransformer& t) const;
     void writeDashes(const QsdPalette* palette) const;
-    [[nodiscard]] double halfLineWidth(const QsdPalette* palette) const;
     [[nodiscard]] bool inColor() const;
 
     void writeTile(const QsdPalette* palette) const;
@@ -164,8 +136,11 @@ private:
     void writeRuns(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,
                    const QsdRect& rect, const QsdPoint& at) const;
 
-    std::unique_ptr<QsdPSPrintDocument> _document;
+    std::unique_ptr<QsdPSPrintDocument> _document; ///< under construction
+    std::unique_ptr<QsdPSPageState> _state;        ///< what the interpreter has in effect
+    std::unique_ptr<QsdPSPageReach> _reach;        ///< how far the page reaches
     std::unique_ptr<QsdPostScriptEncoder> _secondEncoder;
+    QsString _fileName;
     QsString _title;
     bool _hasTitle = false;
     bool _screenPatterns = false;

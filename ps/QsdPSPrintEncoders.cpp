@@ -3,8 +3,6 @@
 #include "ps/QsdPSImageSource_p.h"
 #include "ps/QsdPSPrintDevice.h"
 #include "ps/QsdPSPrintDocument_p.h"
-#include "toolkit/encoder/QsdASCII85Encoder.h"
-#include "toolkit/encoder/QsdASCIIHexEncoder.h"
 
 #include <utility>
 
@@ -37,24 +35,17 @@ void QsdPSPrintDevice::setSecondEncoder(std::unique_ptr<QsdPostScriptEncoder> en
 // Documents of level 1 have hexadecimal data whatever the device is set to meanwhile, and others have a filter.
 QsdPostScriptEncoder* QsdPSPrintDevice::imageEncoder() const
 {
-    QsdPSPrintDocument& document = *_document;
-    if ((document.level == 1) == (getPostScriptLevel() == 1)) {
+    if ((_document->terms().level == 1) == (getPostScriptLevel() == 1)) {
         return getEncoder();
     }
-    if (document.encoder == nullptr) {
-        if (document.level == 1) {
-            document.encoder = std::make_unique<QsdASCIIHexEncoder>(nullptr, false);
-        } else {
-            document.encoder = std::make_unique<QsdASCII85Encoder>(nullptr);
-        }
-    }
-    document.encoder->setStream(stream());
-    return document.encoder.get();
+    QsdPostScriptEncoder& encoder = _document->substituteEncoder();
+    encoder.setStream(stream());
+    return &encoder;
 }
 
 bool QsdPSPrintDevice::readsHexadecimal(const QsdPostScriptEncoder* encoder) const
 {
-    return _document->level == 1 || QsdPostScriptEncoder::GetFullDecoderString(encoder).isEmpty();
+    return _document->terms().level == 1 || QsdPostScriptEncoder::GetFullDecoderString(encoder).isEmpty();
 }
 
 // The text with the device's encoder stands in the spool already when that with the second one is measured, which is

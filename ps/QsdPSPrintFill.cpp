@@ -107,20 +107,18 @@ void QsdPSPrintDevice::writeTile(const QsdPalette* palette) const
     if (stream() == nullptr) {
         return;
     }
-    QsdPSPrintDocument& document = *_document;
     const bool colored = palette->fillStyle() == QsdFillColorPattern;
     const QsdResource* const pattern =
         colored ? static_cast<const QsdResource*>(palette->colorPattern()) : palette->pattern();
     const auto width = colored ? palette->colorPattern()->width() : palette->pattern()->width();
     const auto height = colored ? palette->colorPattern()->height() : palette->pattern()->height();
-    if (pattern != document.lastPattern.get() || inColor() != document.lastPatternInColor ||
-        _screenPatterns != document.lastPatternUpright) {
-        document.lastPatternNumber = definePattern(palette);
-        document.lastPattern = QsdHandle<const QsdResource>(pattern);
-        document.lastPatternInColor = inColor();
-        document.lastPatternUpright = _screenPatterns;
+    QsdPSPrintResources& resources = _document->resources();
+    unsigned number = resources.lastPattern(pattern, inColor(), _screenPatterns);
+    if (number == 0) {
+        number = definePattern(palette);
+        resources.setLastPattern(pattern, inColor(), _screenPatterns, number);
     }
-    QsdPSWriter(stream()) << "/P" << document.lastPatternNumber << " load " << width << QsdSpc() << height
+    QsdPSWriter(stream()) << "/P" << number << " load " << width << QsdSpc() << height
                           << (palette->fillRule() == QsdEvenOddRule ? " true " : " false ")
                           << (_screenPatterns ? "fo" : "ft") << EOL;
 }
@@ -158,13 +156,13 @@ unsigned QsdPSPrintDevice::definePattern(const QsdPalette* palette) const
     }
     setHashes(tile);
     bool isNew = false;
-    const unsigned number = _document->resources.pattern(key, isNew);
+    const unsigned number = _document->resources().pattern(key, isNew);
     if (isNew) {
         try {
-            QsdPSWriteWhole(_document->resources.patternDefinitions(),
+            QsdPSWriteWhole(_document->resources().patternDefinitions(),
                             [&](QsdPSSpool& definitions) { writePattern(definitions, number, tile); });
         } catch (...) {
-            _document->resources.forgetPattern(key);
+            _document->resources().forgetPattern(key);
             throw;
         }
     }

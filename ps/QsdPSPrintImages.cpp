@@ -11,8 +11,9 @@
 #include "ps/QsdPSFiniteMatrix_p.h"
 #include "ps/QsdPSImageFormat_p.h"
 #include "ps/QsdPSImageSource_p.h"
+#include "ps/QsdPSOperation_p.h"
 #include "ps/QsdPSPixels_p.h"
-#include "ps/QsdPSPrintOperation_p.h"
+#include "ps/QsdPSPrintDocument_p.h"
 #include "ps/QsdPSSamples_p.h"
 #include "ps/QsdPSShare_p.h"
 #include "ps/QsdPSWriter_p.h"
@@ -198,14 +199,13 @@ void QsdPSPrintDevice::stretchTransparentBitmap(const QsdPalette* palette, const
 void QsdPSPrintDevice::writeBitmap(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
                                    const QsdPoint& at, bool transparent) const
 {
-    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
-    setCurrentPalette(palette);
-    if (source == nullptr || isEmpty(rect) || stream() == nullptr) {
+    if (!beginOperation(palette, QsdPSUse::Fill, [](auto&) {}) || source == nullptr || isEmpty(rect) ||
+        stream() == nullptr) {
         return;
     }
     QsdPixelRows::check(*source, rect);
-    reach(at.x, at.y, static_cast<double>(at.x) + rect.width, static_cast<double>(at.y) + rect.height, 0);
-    QsdPSWriteWhole(_document->pageTexts, [&](QsdPSSpool&) {
+    reach(palette, QsdPSUse::Fill, [&](auto& shape) { shape.box({at.x, at.y, rect.width, rect.height}); });
+    QsdPSWriteWhole(_document->pageTexts(), [&](QsdPSSpool&) {
         if (source->depth() == 1) {
             writeBits(palette, source, rect, {at}, !transparent);
         } else if (!transparent) {
@@ -219,12 +219,10 @@ void QsdPSPrintDevice::writeBitmap(const QsdPalette* palette, const QsdSystemPor
 void QsdPSPrintDevice::writeStretched(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
                                       const QsdTransformer& given, const QsdRect* clip, bool transparent) const
 {
-    const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
-    const QsdTransformer t = QsdPSFiniteMatrix(given);
-    setCurrentPalette(palette);
-    if (bitmap == nullptr || stream() == nullptr) {
+    if (!beginOperation(palette, QsdPSUse::Fill, [](auto&) {}) || bitmap == nullptr || stream() == nullptr) {
         return;
     }
+    const QsdTransformer t = QsdPSFiniteMatrix(given);
     const QsdRect area{0, 0, static_cast<std::uint32_t>(bitmap->width()), static_cast<std::uint32_t>(bitmap->height())};
     const QsdSystemPort* const mask = QsdPSMaskOf(bitmap);
     if (isEmpty(area) || (transparent && bitmap->depth() != 1 && mask == nullptr)) {
@@ -233,12 +231,11 @@ void QsdPSPrintDevice::writeStretched(const QsdPalette* palette, const QsdPoint&
     const QsdPSClipRestorer restorer(*this, currentClip());
     restrictClip(palette, clip);
 
+    // The narrowed clip limits how far it reaches.
+    reach(palette, QsdPSUse::Fill, [&](auto& shape) { shape.mapped(area, t, at); });
     double x11, x12, x21, x22, x0, y0;
     t.getValues(x11, x12, x21, x22, x0, y0);
-    const QsdPSExtent extent =
-        QsdPSExtentOf(QsdTransformer(x11, x12, x21, x22, at.x, at.y), 0, 0, area.width, area.height);
-    reach(extent.left, extent.bottom, extent.right, extent.top, 0);
-    QsdPSWriteWhole(_document->pageTexts, [&](QsdPSSpool&) {
+    QsdPSWriteWhole(_document->pageTexts(), [&](QsdPSSpool&) {
         {
             const QsdPSClassicNumbers classicNumbers;
             QsdPSWriter(stream()) << "G[" << x11 << QsdSpc() << x21 << QsdSpc() << x12 << QsdSpc() << x22 << QsdSpc()
@@ -284,7 +281,7 @@ void QsdPSPrintDevice::writeBits(const QsdPalette* palette, const QsdSystemPort*
         return;
     }
     std::vector<unsigned char> row(QsdPSBitRowBytes(rect.width));
-    writeSamples(_document->pageTexts, [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
+    writeSamples(_document->pageTexts(), [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
         {
             QsdPSWriter out(&target);
             writeSpace(out, place, rect);
@@ -324,7 +321,7 @@ void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPor
     QsdPSImageFormat format(colors.components());
     forEachRow([&](const unsigned char* samples) { format.look(samples, rect.width); });
     format.decide(rect.width, rect.height, true);
-    const bool painted = _document->level == 1 && format.kind() == QsdPSImageFormat::Indexed;
+    const bool painted = _document->terms().level == 1 && format.kind() == QsdPSImageFormat::Indexed;
     if (painted && format.colors().size() != 2) {
         format.decide(rect.width, rect.height, false);
     } else if (painted) {
@@ -338,7 +335,7 @@ void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPor
     }
     const bool asMask = format.kind() == QsdPSImageFormat::Indexed && painted;
     std::vector<unsigned char> packed(format.rowBytes(rect.width));
-    writeSamples(_document->pageTexts, [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
+    writeSamples(_document->pageTexts(), [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
         {
             QsdPSWriter out(&target);
             writeSpace(out, place, rect);
@@ -372,7 +369,7 @@ void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPor
 void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,
                                    const QsdRect& rect, const QsdPoint& at) const
 {
-    if (_document->level < 3 || readsHexadecimal(imageEncoder())) {
+    if (_document->terms().level < 3 || readsHexadecimal(imageEncoder())) {
         writeRuns(palette, source, mask, rect, at);
         return;
     }
@@ -399,7 +396,7 @@ void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPor
     std::vector<unsigned char> bits(QsdPSBitRowBytes(rect.width));
     const std::vector<unsigned char> hidden = hiddenRow(format, rect.width, components);
     std::vector<unsigned char> shown;
-    writeSamples(_document->pageTexts, [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
+    writeSamples(_document->pageTexts(), [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
         {
             QsdPSWriter out(&target);
             out << "G";
@@ -444,7 +441,7 @@ void QsdPSPrintDevice::writeRuns(const QsdPalette* palette, const QsdSystemPort*
             const unsigned char* const samples = colors.read(rows, r);
             QsdForEachMaskRun(maskRows, r, rect.width, [&](unsigned long begin, unsigned long length, bool) {
                 const std::size_t size = length * colors.components();
-                writeSamples(_document->pageTexts, [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
+                writeSamples(_document->pageTexts(), [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
                     {
                         QsdPSWriter out(&target);
                         writeSourceString(out, encoder, size);

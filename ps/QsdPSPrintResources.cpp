@@ -17,7 +17,8 @@ void QsdPSPrintResources::reset()
     _fonts.clear();
     _supplied.clear();
     _patterns.clear();
-    _lastPattern = 0;
+    _patternCount = 0;
+    _lastPattern = QsdHandle<const QsdResource>();
     _fontFiles.reset();
     _patternDefinitions.reset();
 }
@@ -68,8 +69,22 @@ std::vector<std::string> QsdPSPrintResources::neededFonts() const
 
 unsigned QsdPSPrintResources::pattern(const QsdPSPatternKey& key, bool& isNew)
 {
-    const auto [place, inserted] = _patterns.emplace(key, _lastPattern + 1);
+    const auto [place, inserted] = _patterns.emplace(key, _patternCount + 1);
     isNew = inserted;
-    _lastPattern += inserted ? 1 : 0;
+    _patternCount += inserted ? 1 : 0;
     return place->second;
+}
+
+unsigned QsdPSPrintResources::lastPattern(const QsdResource* pattern, bool inColor, bool upright) const
+{
+    const bool same = pattern == _lastPattern.get() && inColor == _lastPatternInColor && upright == _lastPatternUpright;
+    return same ? _lastPatternNumber : 0;
+}
+
+void QsdPSPrintResources::setLastPattern(const QsdResource* pattern, bool inColor, bool upright, unsigned number)
+{
+    _lastPattern = QsdHandle<const QsdResource>(pattern);
+    _lastPatternInColor = inColor;
+    _lastPatternUpright = upright;
+    _lastPatternNumber = number;
 }

@@ -3,6 +3,7 @@
 
 #include "ps/QsdPSGlyphs.h"
 #include "ps/QsdPSSpool_p.h"
+#include "toolkit/graphics/QsdResource.h"
 
 #include <compare>
 #include <cstdint>
@@ -48,6 +49,9 @@ public:
     unsigned pattern(const QsdPSPatternKey& key, bool& isNew);
     /// Takes back a definition that could not be written.
     void forgetPattern(const QsdPSPatternKey& key) { _patterns.erase(key); }
+    /// The number of the pattern that was filled with last, when it is this one, taken in the same way; else 0.
+    [[nodiscard]] unsigned lastPattern(const QsdResource* pattern, bool inColor, bool upright) const;
+    void setLastPattern(const QsdResource* pattern, bool inColor, bool upright, unsigned number);
     /// Entries that the definitions make in the document's dictionary.
     [[nodiscard]] std::size_t definitionCount() const { return _fonts.size() + 2 * _patterns.size(); }
 
@@ -57,13 +61,18 @@ public:
     /// Where font files go, and where the definitions of patterns go.
     [[nodiscard]] QsdPSSpool& fontFiles() { return _fontFiles; }
     [[nodiscard]] QsdPSSpool& patternDefinitions() { return _patternDefinitions; }
+    [[nodiscard]] bool isSevenBits() const { return _fontFiles.isSevenBits() && _patternDefinitions.isSevenBits(); }
     [[nodiscard]] bool failed() const { return _fontFiles.fail() || _patternDefinitions.fail(); }
 
 private:
     std::vector<Font> _fonts;
     std::vector<std::string> _supplied;
     std::map<QsdPSPatternKey, unsigned> _patterns;
-    unsigned _lastPattern = 0;
+    unsigned _patternCount = 0;
+    QsdHandle<const QsdResource> _lastPattern;
+    unsigned _lastPatternNumber = 0;
+    bool _lastPatternInColor = false; ///< how its tile was taken
+    bool _lastPatternUpright = false;
     QsdPSSpool _fontFiles;
     QsdPSSpool _patternDefinitions;
 };

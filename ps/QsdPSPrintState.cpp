@@ -7,6 +7,8 @@
 #include "ps/QsdPSFontTraits_p.h"
 #include "ps/QsdPSGrey_p.h"
 #include "ps/QsdPSName_p.h"
+#include "ps/QsdPSOperation_p.h"
+#include "ps/QsdPSPageState_p.h"
 #include "ps/QsdPSPrintDocument_p.h"
 #include "ps/QsdPSShare_p.h"
 #include "ps/QsdPSWriter_p.h"
@@ -45,13 +47,12 @@ bool sameDashes(const QsdLineStyle& a, const QsdLineStyle& b)
 
 } // namespace
 
-void QsdPSPrintDevice::writePalette(const QsdPalette* palette) const
+void QsdPSPrintDevice::writePalette(const QsdPalette* palette, QsdPSUse use) const
 {
     if (stream() == nullptr) {
         return;
     }
-    QsdPSInForce& inForce = _document->inForce;
-    const QsdPSUse use = _document->use;
+    QsdPSPageState& inForce = *_state;
     const bool text = use == QsdPSUse::Everything || use == QsdPSUse::Text;
     const bool stroke = use == QsdPSUse::Everything || use == QsdPSUse::Stroke;
     if (text && palette->font() != inForce.font.get()) {
@@ -60,12 +61,19 @@ void QsdPSPrintDevice::writePalette(const QsdPalette* palette) const
     }
     if (palette->foreground() != inForce.foreground.get() || inForce.foregroundInColor != inColor()) {
         const Shares shares = sharesOf(*palette->foreground(), inColor());
-        if (inForce.color != shares) {
-            setForeground(palette);
-            inForce.color = shares;
-        }
+        // Noted before it is written: an override of setForeground may come back here.
         inForce.foreground = QsdHandle<const QsdColor>(palette->foreground());
         inForce.foregroundInColor = inColor();
+        if (inForce.color != shares) {
+            inForce.color = shares;
+            try {
+                setForeground(palette);
+            } catch (...) {
+                inForce.foreground = {};
+                inForce.color.reset();
+                throw;
+            }
+        }
     }
     // The line under a text is dashed as others are.
     if ((stroke || text) && palette->lineStyle() != inForce.lineStyle.get()) {
@@ -116,17 +124,13 @@ void QsdPSPrintDevice::writeFontSelection(int size, const char* name, const char
     QsdPSPrintDocument& document = *_document;
     const std::string fullName = std::string(name) + suffix;
     const bool isPiFont = glyphs == QsdPSGlyphs::Latin && QsdPSIsPiFont(fullName);
-    const unsigned number = document.resources.font(fullName, isPiFont ? QsdPSGlyphs::Own : glyphs);
-    QsdPSInForce& inForce = document.inForce;
+    const unsigned number = document.resources().font(fullName, isPiFont ? QsdPSGlyphs::Own : glyphs);
     const std::pair wanted(number, size);
-    if (inForce.fontAndSize == wanted) {
+    if (_state->fontAndSize == wanted) {
         return;
     }
-    if (inForce.fonts.size() <= number) {
-        inForce.fonts.resize(number + 1);
-    }
-    inForce.fonts[number] = true;
-    inForce.fontAndSize = wanted;
+    document.useFont(number);
+    _state->fontAndSize = wanted;
     const QsdPSClassicNumbers classicNumbers;
     QsdPSWriter out(stream());
     out << "F" << number + 1 << QsdSpc();
@@ -149,7 +153,7 @@ void QsdPSPrintDevice::writeFontFile(const char* fileName, const char* name, con
     }
     QsdPSPrintDocument& document = *_document;
     const std::string fullName = std::string(name) + suffix;
-    QsdPSWriteWhole(document.resources.fontFiles(), [&](QsdPSSpool& spool) {
+    QsdPSWriteWhole(document.resources().fontFiles(), [&](QsdPSSpool& spool) {
         const std::uint64_t before = spool.size();
         QsdPSWriter out(&spool);
         out << "%%BeginResource: font " << QsdPSShortCommentName(fullName) << EOL;
@@ -159,7 +163,6 @@ void QsdPSPrintDevice::writeFontFile(const char* fileName, const char* name, con
             return;
         }
         out << "%%EndResource" << EOL;
-        document.resources.supplyFont(fullName);
-        document.sevenBits = document.sevenBits && file.isSevenBits();
+        document.resources().supplyFont(fullName);
     });
 }

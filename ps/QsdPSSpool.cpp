@@ -4,6 +4,20 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Whether some character is above 127. Looking at all is faster than stopping at the first.
+bool hasHigh(const char* begin, const char* end)
+{
+    unsigned bits = 0;
+    for (const char* at = begin; at != end; ++at) {
+        bits |= static_cast<unsigned char>(*at);
+    }
+    return bits > 127;
+}
+
+} // namespace
+
 QsdPSSpool::QsdPSSpool() : std::ostream(nullptr)
 {
     rdbuf(&_buffer);
@@ -27,11 +41,19 @@ std::uint64_t QsdPSSpool::Buffer::size() const
     return _stored + static_cast<std::uint64_t>(pptr() - pbase());
 }
 
+bool QsdPSSpool::Buffer::isSevenBits() const
+{
+    return _firstHigh == NoneHigh && !hasHigh(pbase(), pptr());
+}
+
 // The file keeps what lies behind its new end until that is written over.
 void QsdPSSpool::Buffer::truncate(std::uint64_t size)
 {
     const std::uint64_t held = size > _stored ? size - _stored : 0;
     _stored = std::min(_stored, size);
+    if (_firstHigh >= _stored) {
+        _firstHigh = NoneHigh;
+    }
     setp(_held.data(), _held.data() + _held.size());
     pbump(static_cast<int>(held));
 }
@@ -40,6 +62,7 @@ void QsdPSSpool::Buffer::reset()
 {
     _file.reset();
     _stored = 0;
+    _firstHigh = NoneHigh;
     setp(_held.data(), _held.data() + _held.size());
 }
 
@@ -71,6 +94,9 @@ bool QsdPSSpool::Buffer::store()
     if (std::fseek(_file.get(), static_cast<long>(_stored), SEEK_SET) != 0 ||
         std::fwrite(_held.data(), 1, count, _file.get()) != count) {
         return false;
+    }
+    if (_firstHigh == NoneHigh && hasHigh(pbase(), pptr())) {
+        _firstHigh = _stored;
     }
     _stored += count;
     setp(_held.data(), _held.data() + Size);

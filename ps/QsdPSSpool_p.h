@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <limits>
 #include <memory>
 #include <ostream>
 #include <streambuf>
@@ -22,6 +23,8 @@ public:
     void copyTo(std::ostream& target, std::uint64_t first, std::uint64_t last);
     /// Forgets everything from the character `size` on.
     void truncate(std::uint64_t size) { _buffer.truncate(size); }
+    /// Whether all characters are below 128.
+    [[nodiscard]] bool isSevenBits() const { return _buffer.isSevenBits(); }
     /// Forgets everything, failures too.
     void reset();
 
@@ -31,6 +34,7 @@ private:
         [[nodiscard]] std::uint64_t size() const;
         bool copyTo(std::ostream& target, std::uint64_t first, std::uint64_t last);
         void truncate(std::uint64_t size);
+        [[nodiscard]] bool isSevenBits() const;
         void reset();
 
     protected:
@@ -44,10 +48,12 @@ private:
 
         bool store();
 
+        static constexpr std::uint64_t NoneHigh = std::numeric_limits<std::uint64_t>::max();
         static constexpr std::size_t Size = std::size_t{64} * 1024;
         std::vector<char> _held;
         std::unique_ptr<std::FILE, Closer> _file;
-        std::uint64_t _stored = 0; ///< characters in the file
+        std::uint64_t _stored = 0;           ///< characters in the file
+        std::uint64_t _firstHigh = NoneHigh; ///< of them, the place of a block that has characters above 127
     };
 
     Buffer _buffer;

@@ -5,6 +5,7 @@
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSClipRestorer_p.h"
 #include "ps/QsdPSImageSource_p.h"
+#include "ps/QsdPSOperation_p.h"
 #include "ps/QsdPSPixels_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/graphics/QsdRGBBitmapData.h"
@@ -48,8 +49,9 @@ void QsdPSDevice::stretchBitmap(const QsdPalette* palette, const QsdPoint& at, c
     if (bitmap == nullptr) {
         return;
     }
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Fill, [&](auto& shape) { shape.mapped(areaOf(*bitmap), t, at); })) {
+        return;
+    }
     const QsdRect area = areaOf(*bitmap);
     const QsdDisplay& display = *palette->display();
     const bool oneBit = bitmap->depth() == 1;
@@ -112,13 +114,16 @@ void QsdPSDevice::stretchTransparentBitmap(const QsdPalette* palette, const QsdP
     if (bitmap == nullptr) {
         return;
     }
-    checkClip(palette->clipRegion());
     const bool oneBit = bitmap->depth() == 1;
     const QsdSystemPort* const mask = oneBit ? nullptr : QsdPSMaskOf(bitmap);
     if (!oneBit && mask == nullptr) {
+        // Without opaque pixels the state stays; the clip is checked all the same.
+        checkClip(palette->clipRegion());
         return;
     }
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Fill, [&](auto& shape) { shape.mapped(areaOf(*bitmap), t, at); })) {
+        return;
+    }
     const QsdPSClipRestorer restorer(*this, _clipCache);
     restrictClip(palette, clip);
     if (oneBit) {

@@ -7,6 +7,7 @@
 #include "ps/QsdPSClipRestorer_p.h"
 #include "ps/QsdPSFontTraits_p.h"
 #include "ps/QsdPSLineLength_p.h"
+#include "ps/QsdPSOperation_p.h"
 #include "ps/QsdPSString.h"
 #include "ps/QsdPSStringBody_p.h"
 #include "ps/QsdPSWriter_p.h"
@@ -100,8 +101,9 @@ void openString(QsdPSWriter& out, const QsdFont& font, const QsdPoint& at, std::
 void QsdPSDevice::drawString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
                              QsdPosition position) const
 {
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Text, [&](auto& shape) { shape.text(at, text, length, position); })) {
+        return;
+    }
     QsdPSWriter out(_stream);
     openString(out, *palette->font(), at, "G ");
     QsdPSWriteStringBody(out, text, length, lineLength());
@@ -112,8 +114,9 @@ void QsdPSDevice::drawString(const QsdPalette* palette, const QsdPoint& at, cons
 void QsdPSDevice::drawIString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
                               QsdPosition position) const
 {
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Text, [&](auto& shape) { shape.text(at, text, length, position); })) {
+        return;
+    }
     const QsdPSBackground background(palette);
     {
         QsdPSWriter out(_stream);
@@ -133,8 +136,9 @@ void QsdPSDevice::drawTransformedString(const QsdPalette* palette, const char* t
     if (length == 0 || text == nullptr || *text == '\0') {
         return;
     }
-    checkClip(palette->clipRegion());
-    setCurrentPalette(palette);
+    if (!beginOperation(palette, QsdPSUse::Text, [&](auto& shape) { shape.text(t, text, length); })) {
+        return;
+    }
     const QsdPSClipRestorer restorer(*this, _clipCache);
     QsdPSWriter(_stream) << " G " << EOL;
     try {
