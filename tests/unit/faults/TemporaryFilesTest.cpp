@@ -2,7 +2,7 @@
 // that is told once, and the next document is whole.
 #include "ps/QsdPSBulkDevice.h"
 #include "ps/QsdPSPrintDevice.h"
-#include "ps/QsdPSTemporaryFile_p.h"
+#include "ps/stream/QsdPSTemporaryFile_p.h"
 #include "tests/unit/faults/CapturedDevice.h"
 #include "toolkit/base/QsdMessages.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"

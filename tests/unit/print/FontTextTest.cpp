@@ -1,6 +1,6 @@
 // Font files become text that interpreters and spoolers take, or are known for what they are.
-#include "ps/QsdPSFontText_p.h"
-#include "ps/QsdPSWriter_p.h"
+#include "ps/fonts/QsdPSFontText_p.h"
+#include "ps/text/QsdPSWriter_p.h"
 
 #include <algorithm>
 #include <filesystem>

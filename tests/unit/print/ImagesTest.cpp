@@ -1,6 +1,6 @@
 #include "tests/unit/print/PrintDevice.h"
 
-#include "ps/QsdPSImageFormat_p.h"
+#include "ps/images/QsdPSImageFormat_p.h"
 #include "toolkit/encoder/QsdASCIIHexEncoder.h"
 #include "toolkit/graphics/QsdRGBBitmapData.h"
 #include "toolkit/port/QsdBitmap.h"

@@ -1,4 +1,4 @@
-#include "ps/QsdPSSpool_p.h"
+#include "ps/stream/QsdPSSpool_p.h"
 
 #include <gtest/gtest.h>
 

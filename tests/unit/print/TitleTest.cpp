@@ -1,4 +1,4 @@
-#include "ps/QsdPSTitle_p.h"
+#include "ps/text/QsdPSTitle_p.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "ps/QsdPSComponent_p.h"
-#include "ps/QsdPSWriter_p.h"
+#include "ps/text/QsdPSComponent_p.h"
+#include "ps/text/QsdPSWriter_p.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
