@@ -62,7 +62,9 @@ void QsdPSDevice::removeClip() const
 
 void QsdPSDevice::checkClip(const QsdRegion& region) const
 {
-    if (!(region == _clipCache)) {
+    // Most drawings have no clip, before and now.
+    const bool bothFull = region.isFull() && _clipCache.isFull();
+    if (!bothFull && !(region == _clipCache)) {
         clip(&region);
     }
 }

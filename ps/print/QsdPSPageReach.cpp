@@ -53,10 +53,9 @@ void QsdPSPageReach::setTransformer(const QsdTransformer& t)
     _held = QsdPSExtent();
 }
 
-void QsdPSPageReach::add(const QsdPSExtent& box, double margin)
+void QsdPSPageReach::addFurther(const QsdPSExtent& box, double margin)
 {
-    // Most drawings lie among earlier ones.
-    if (box.isEmpty() || (margin == 0 && holds(box))) {
+    if (box.isEmpty()) {
         return;
     }
     QsdPSExtent extent = QsdPSExtentOf(_toPaper, box.left, box.bottom, box.right, box.top);

@@ -25,7 +25,13 @@ public:
 
     /// Takes into account that a box in the coordinates in force, and what lies `margin` points around it, was drawn
     /// on.
-    void add(const QsdPSExtent& box, double margin);
+    void add(const QsdPSExtent& box, double margin)
+    {
+        // Most drawings lie among earlier ones.
+        if (!(margin == 0 && holds(box))) {
+            addFurther(box, margin);
+        }
+    }
     /// Whether a box in the coordinates in force changes nothing.
     [[nodiscard]] bool holds(const QsdPSExtent& box) const { return _held.contains(box); }
 
@@ -34,6 +40,8 @@ public:
     [[nodiscard]] const QsdTransformer& toPaper() const { return _toPaper; }
 
 private:
+    void addFurther(const QsdPSExtent& box, double margin);
+
     QsdPSExtent _paper;
     QsdTransformer _page; ///< from the port's coordinates to points
     QsdTransformer _toPaper;

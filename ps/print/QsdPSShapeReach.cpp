@@ -72,9 +72,8 @@ QsdPSShapeReach::QsdPSShapeReach(QsdPSPageReach& page, const QsdPalette& palette
 void QsdPSShapeReach::add(double x1, double y1, double x2, double y2)
 {
     const double inner = _linesZoom ? _halfLine : 0;
-    QsdPSExtent box;
-    box.add(std::min(x1, x2) - inner, std::min(y1, y2) - inner);
-    box.add(std::max(x1, x2) + inner, std::max(y1, y2) + inner);
+    const QsdPSExtent box{std::min(x1, x2) - inner, std::min(y1, y2) - inner, std::max(x1, x2) + inner,
+                          std::max(y1, y2) + inner};
     _page.add(box, _linesZoom ? 0 : _halfLine);
 }
 
