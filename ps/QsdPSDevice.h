@@ -4,6 +4,7 @@
 #include "ps/QsdPSColorModel.h"
 #include "ps/QsdPSFontNames_.h"
 #include "ps/QsdPSFonts_.h"
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/port/QsdPort.h"
 
 #include <iosfwd>
@@ -20,7 +21,7 @@ class QsdPixelRows;
 /// false. Every line written ends with a newline and a flush of the stream. Drawing without an open document is
 /// reported with the message "&QsdMsg015101" through QsdFatalError and writes nothing. One document at a time in a
 /// process.
-class QsdPSDevice : public QsdPort {
+class QSD_API QsdPSDevice : public QsdPort {
 public:
     /// A device for `display` (not owned), which is asked for the resources "paperWidth" and "paperHeight" (points
     /// above 0, else 595 and 842) and, process-wide, for the font scales: environment QSDPSFONTSCALE or resource

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/base/QsEncoding.h"
+#include "toolkit/base/QsdExport.h"
 
 #include <cstdint>
 
@@ -10,7 +11,7 @@ enum class QsdPSFace : unsigned { Normal = 0, Bold = 1, Italic = 2, BoldItalic =
 
 /// What one toolkit family in one encoding is called in PostScript, face by face, and which font files bring the faces
 /// into a document. The record owns copies of its texts.
-class QsdPSFontNames_ {
+class QSD_API QsdPSFontNames_ {
 public:
     /// Copies the texts; each may be null: a null name is derived from the normal one when a face is selected, a null
     /// file means that the font is the printer's.

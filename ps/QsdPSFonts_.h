@@ -3,6 +3,7 @@
 
 #include "ps/QsdPSFontNames_.h"
 #include "toolkit/base/Qs_AList.h"
+#include "toolkit/base/QsdExport.h"
 
 #include <cstdint>
 #include <iosfwd>
@@ -10,7 +11,7 @@
 /// The records of all families known to the process, in order of entry, and one default record per encoding. It starts
 /// with the built-in records; the font map file adds to them or replaces them. Not for use from several threads at
 /// once.
-class QsdPSFonts_ {
+class QSD_API QsdPSFonts_ {
 public:
     /// The registry of the process, made on first use.
     [[nodiscard]] static QsdPSFonts_* GetInstance();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ps/QsdPSDevice.h"
+#include "toolkit/base/QsdExport.h"
 
 #include <cstdint>
 
@@ -23,7 +24,7 @@ struct QsdPSTile;
 ///
 /// An encoder whose decoder is a filter must write the filter's end mark, since images are read up to it. Levels other
 /// than 1 and 2 are taken as 3.
-class QsdPSPrintDevice : public QsdPSDevice {
+class QSD_API QsdPSPrintDevice : public QsdPSDevice {
 public:
     QsdPSPrintDevice(QsdDisplay* display, QsdPSColorModel model);
     ~QsdPSPrintDevice() override;

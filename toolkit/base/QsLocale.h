@@ -3,9 +3,10 @@
 
 #include "toolkit/base/QsEncoding.h"
 #include "toolkit/base/QsString.h"
+#include "toolkit/base/QsdExport.h"
 
 /// Names a language and the encoding in which its texts are given to the toolkit.
-class QsLocale {
+class QSD_API QsLocale {
 public:
     /// The "C" locale, whose encoding is ASCII.
     QsLocale();
@@ -35,4 +36,4 @@ private:
 };
 
 /// The largest number of bytes of one character in the locale of the global context.
-[[nodiscard]] int _QsdGetMaxCharSize();
+[[nodiscard]] QSD_API int _QsdGetMaxCharSize();

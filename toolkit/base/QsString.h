@@ -1,13 +1,15 @@
 // The toolkit's string value.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
+
 #include <cstddef>
 #include <iosfwd>
 #include <string>
 #include <string_view>
 
 /// A string of bytes owned by value. A QsString made of a null pointer is empty.
-class QsString {
+class QSD_API QsString {
 public:
     QsString() = default;
     /// Copies the zero-terminated `text`; null gives an empty string.
@@ -30,4 +32,4 @@ private:
 };
 
 /// Writes the bytes of `text` as they are.
-std::ostream& operator<<(std::ostream& out, const QsString& text);
+QSD_API std::ostream& operator<<(std::ostream& out, const QsString& text);

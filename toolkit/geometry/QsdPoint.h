@@ -1,11 +1,13 @@
 // Points of the toolkit's integer coordinate space: origin top left, y downwards.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
+
 #include <cstdint>
 #include <iosfwd>
 
 /// A position.
-struct QsdPoint {
+struct QSD_API QsdPoint {
     std::int32_t x = 0;
     std::int32_t y = 0;
 
@@ -13,7 +15,7 @@ struct QsdPoint {
 };
 
 /// A step from one position to the next.
-struct QsdDeltaPoint {
+struct QSD_API QsdDeltaPoint {
     std::int16_t dx = 0;
     std::int16_t dy = 0;
 
@@ -21,4 +23,4 @@ struct QsdDeltaPoint {
 };
 
 /// Writes the two coordinates in plain decimal with a blank between them, whatever the stream's locale and flags.
-std::ostream& operator<<(std::ostream& out, const QsdPoint& point);
+QSD_API std::ostream& operator<<(std::ostream& out, const QsdPoint& point);

@@ -1,12 +1,13 @@
 // Upright rectangles.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdPoint.h"
 
 #include <cstdint>
 
 /// A rectangle that covers x <= px < x + width and y <= py < y + height; no area when width or height is 0.
-struct QsdRect {
+struct QSD_API QsdRect {
     std::int32_t x = 0;
     std::int32_t y = 0;
     std::uint32_t width = 0;

@@ -1,6 +1,7 @@
 // Sets of pixels made of rectangles.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdRect.h"
 
 #include <cstdint>
@@ -11,7 +12,7 @@
 /// regions that cover the same pixels are equal however they came about.
 /// The one exception is a region built with add(): it keeps the rectangles as given until an operation on sets
 /// (unite, intersect) or a comparison needs the canonical form.
-class QsdRegion {
+class QSD_API QsdRegion {
 public:
     /// The rectangle that stands for the full plane.
     static const QsdRect _FullRect;

@@ -1,11 +1,12 @@
 // Affine transformations of the plane.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdPoint.h"
 #include "toolkit/geometry/QsdRect.h"
 
 /// Maps (x, y) to (x11*x + x12*y + x0, x21*x + x22*y + y0). The identity by default.
-class QsdTransformer {
+class QSD_API QsdTransformer {
 public:
     QsdTransformer() = default;
     QsdTransformer(double x11, double x12, double x21, double x22, double x0, double y0);

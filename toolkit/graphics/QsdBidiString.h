@@ -2,12 +2,13 @@
 #pragma once
 
 #include "toolkit/base/QsString.h"
+#include "toolkit/base/QsdExport.h"
 
 #include <string>
 #include <string_view>
 
 /// A wide text in logical order with a base direction, able to give the order in which it is seen.
-class QsdBidiString {
+class QSD_API QsdBidiString {
 public:
     enum Direction { LeftToRight, RightToLeft };
 

@@ -1,12 +1,13 @@
 // Pixels in memory, independent of any display.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdRect.h"
 
 #include <cstdint>
 
 /// A colour of 8-bit components.
-struct QsdRGB {
+struct QSD_API QsdRGB {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
     std::uint8_t blue = 0;
@@ -15,7 +16,7 @@ struct QsdRGB {
 };
 
 /// A rectangle of pixels that can be read and written one by one and in areas.
-class QsdBitmapData {
+class QSD_API QsdBitmapData {
 public:
     virtual ~QsdBitmapData() = default;
 

@@ -1,12 +1,13 @@
 // Colours.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/graphics/QsdResource.h"
 
 #include <cstdint>
 
 /// An unchanging colour of three 16-bit components (0 to 65535).
-class QsdColor : public QsdResource {
+class QSD_API QsdColor : public QsdResource {
 public:
     QsdColor(std::uint16_t red, std::uint16_t green, std::uint16_t blue) : _red(red), _green(green), _blue(blue) {}
 

@@ -1,6 +1,7 @@
 // Coloured fill patterns.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/graphics/QsdResource.h"
 
 #include <cstdint>
@@ -9,7 +10,7 @@
 /// An unchanging tile of pixels in the layout of a display's image data: at a depth of 1 eight pixels a byte, up to 8
 /// one colour table index a byte, above 8 four bytes a pixel with red, green and blue in bytes 1 to 3.
 /// QsdDisplay::createColorPattern makes one that suits a display.
-class QsdColorPattern : public QsdResource {
+class QSD_API QsdColorPattern : public QsdResource {
 public:
     /// Copies `size` bytes of `data`: `height` rows of size / height bytes. Width and height from 1, which 0
     /// is taken for; null `data` has no bytes. Pixels beyond the end of the data are drawn as 0.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/base/QsString.h"
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/graphics/QsdResource.h"
 
 #include <cstdint>
@@ -19,7 +20,7 @@ enum QsdFontStyle : std::uint16_t {
 
 /// An unchanging font: family, style and size, with the metrics that the toolkit knows for it.
 /// A window system derives from it to carry its own font structure.
-class QsdFont : public QsdResource {
+class QSD_API QsdFont : public QsdResource {
 public:
     /// A font by family (copied; null allowed), style bits and size in coordinate units. Metrics come from the built-in
     /// tables of the usual PostScript families, those of Helvetica for others.

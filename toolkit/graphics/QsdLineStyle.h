@@ -1,13 +1,14 @@
 // Dash patterns of lines.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/graphics/QsdResource.h"
 
 #include <cstdint>
 #include <vector>
 
 /// An unchanging dash pattern: lengths of dashes and gaps in turn, in coordinate units; none: a solid line.
-class QsdLineStyle : public QsdResource {
+class QSD_API QsdLineStyle : public QsdResource {
 public:
     /// Copies `count` dash lengths (0 to 255 each); `dashes` may be null when `count` is 0.
     QsdLineStyle(std::uint16_t count, const std::uint8_t* dashes);

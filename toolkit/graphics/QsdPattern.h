@@ -1,13 +1,14 @@
 // One-bit fill patterns.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/graphics/QsdResource.h"
 
 #include <cstdint>
 #include <vector>
 
 /// An unchanging monochrome tile. Rows are whole bytes, the leftmost pixel in the most significant bit.
-class QsdPattern : public QsdResource {
+class QSD_API QsdPattern : public QsdResource {
 public:
     /// Copies `height` rows of (width + 7) / 8 bytes; set bits are painted in the foreground. Width and height from 1,
     /// which 0 is taken for; a null `bits` gives a tile of set bits.

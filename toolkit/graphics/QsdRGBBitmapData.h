@@ -1,12 +1,13 @@
 // Direct colour pixels in memory.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/graphics/QsdBitmapData.h"
 
 #include <vector>
 
 /// Pixels of four bytes, an unused one and red, green and blue, row by row without padding.
-class QsdRGBBitmapData : public QsdBitmapData {
+class QSD_API QsdRGBBitmapData : public QsdBitmapData {
 public:
     /// Black pixels. Throws std::bad_alloc when there is no memory for them.
     QsdRGBBitmapData(std::uint32_t width, std::uint32_t height);

@@ -1,13 +1,15 @@
 // Counted objects that several holders share.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
+
 #include <cstdint>
 #include <utility>
 
 /// Base of every shared graphic object (colours, fonts, line styles, patterns, palettes). An object lives as long as
 /// somebody holds a reference, so while it is held its address identifies it and nothing else.
 /// A new object has one reference, which belongs to whoever made it. Not for use from several threads at once.
-class QsdResource {
+class QSD_API QsdResource {
 public:
     QsdResource(const QsdResource&) = delete;
     QsdResource& operator=(const QsdResource&) = delete;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/base/QsString.h"
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdRect.h"
 #include "toolkit/port/QsdPalette.h"
 #include "toolkit/raster/QsdColorTable.h"
@@ -16,7 +17,7 @@ class QsdSystemPort;
 
 /// A display: the embedded one in memory (QsdMemoryDisplay) or one of a window system. Ports and palettes refer to
 /// their display without owning it.
-class QsdDisplay {
+class QSD_API QsdDisplay {
 public:
     virtual ~QsdDisplay();
     QsdDisplay(const QsdDisplay&) = delete;
@@ -37,8 +38,9 @@ public:
     [[nodiscard]] const char* getMessage(const char* key) const;
 
     /// Looks for the file `name` (a relative path) in the folders of the data path: those of the environment variable
-    /// QSDPATH (separated by ':'), the installed data folder, the data folder of the source tree. Returns the path of
-    /// the first one that is there, empty when there is none. With `warn`, a missing file is reported as a warning.
+    /// QSDPATH (separated by ':'), the data folder beside the installed program or library, the one that the library
+    /// was configured for. Returns the path of the first one that is there, empty when there is none. With `warn`, a
+    /// missing file is reported as a warning.
     [[nodiscard]] QsString findInPath(const char* name, bool warn) const;
 
     /// Fills three arrays with the components (0 to 65535) of the first `count` colour table entries; entries beyond

@@ -1,6 +1,7 @@
 // The graphic context of a drawing call.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdRegion.h"
 #include "toolkit/graphics/QsdColor.h"
 #include "toolkit/graphics/QsdColorPattern.h"
@@ -30,7 +31,7 @@ enum QsdArcMode : std::uint16_t { QsdArcPie = 0, QsdArcChord = 1 };
 /// reference of its own and gives back that to the old object. The display's solid line style, solid pattern, default
 /// font and its black and white stand in for null, so none of them is ever null; the colour pattern may be.
 /// The values of fill style, fill rule and arc mode are kept as given, also values that have no name.
-class QsdPalette : public QsdResource {
+class QSD_API QsdPalette : public QsdResource {
 public:
     /// Black on white, solid, width 0, the display's default font, even-odd, pie, no clip. The display is not owned and
     /// must outlive the palette.

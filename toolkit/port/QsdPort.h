@@ -1,6 +1,7 @@
 // The abstract surface on which the toolkit draws.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdPoint.h"
 #include "toolkit/geometry/QsdPointArray.h"
 #include "toolkit/geometry/QsdRect.h"
@@ -34,7 +35,7 @@ enum QsdMarkerType {
 /// degrees, 0 along +x, positive ranges counter-clockwise as seen. A palette, and every array of points with its stated
 /// count, must be there; lengths of texts count bytes (wide characters in the wide forms), a negative length of a
 /// narrow text means up to its terminating zero.
-class QsdPort {
+class QSD_API QsdPort {
 public:
     virtual ~QsdPort();
     QsdPort(const QsdPort&) = delete;

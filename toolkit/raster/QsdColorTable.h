@@ -1,13 +1,14 @@
 // The colours that pixels of few bits stand for.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/graphics/QsdBitmapData.h"
 
 #include <cstdint>
 #include <vector>
 
 /// Up to 256 colours, known by their index.
-class QsdColorTable {
+class QSD_API QsdColorTable {
 public:
     QsdColorTable() = default;
     /// Keeps the first 256 of `colors`.

@@ -1,6 +1,7 @@
 // Pixels in the layout that displays hand out.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdRect.h"
 #include "toolkit/graphics/QsdBitmapData.h"
 
@@ -13,7 +14,7 @@ class QsdColorTable;
 /// A rectangle of pixels of one depth: at 1, eight pixels a byte, the leftmost in the most significant bit, rows of
 /// whole bytes; up to 8, one byte a pixel, an index into a colour table; above, four bytes a pixel with red, green and
 /// blue in bytes 1 to 3. A pixel's value is its bit, its index, or its components as 0xRRGGBB.
-class QsdPixels {
+class QSD_API QsdPixels {
 public:
     using Value = std::uint32_t;
 

@@ -1,6 +1,7 @@
 // What happens to windows.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdPoint.h"
 
 #include <cstdint>
@@ -12,7 +13,7 @@ class QsdXWindow;
 enum QsdXModifiers : std::uint16_t { QsdXShift = 1, QsdXControl = 2, QsdXAlt = 4 };
 
 /// One event of a window, or of the connection as a whole.
-struct QsdXEvent {
+struct QSD_API QsdXEvent {
     enum Kind {
         Resized,        ///< the window has another size, and what is new of it is white: draw it again
         KeyPressed,     ///< `key` and `text` tell which

@@ -1,12 +1,13 @@
 // Windows on the X screen.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/x11/QsdXPort.h"
 
 /// A top-level window of the screen depth. What is drawn goes to a copy in the server first and onto the screen when
 /// flushRedraw(), or the display's nextEvent() or sync(), is called. So a window can be read back whole, wherever it
 /// lies and whatever lies over it, and shows itself again without being drawn anew.
-class QsdXWindow : public QsdXPort {
+class QSD_API QsdXWindow : public QsdXPort {
 public:
     /// A white window of `width` times `height` pixels (1 to 32,767 each), not yet shown. One that cannot be made is
     /// bad, after a warning.

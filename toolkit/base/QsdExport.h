@@ -1,0 +1,9 @@
+// What shared libraries show to programs.
+#pragma once
+
+/// Marks a class or function that programs may use. Libraries are compiled with all other names hidden.
+#if defined(__GNUC__)
+#define QSD_API __attribute__((visibility("default")))
+#else
+#define QSD_API
+#endif
