@@ -33,6 +33,11 @@ if(DRAVONSET_ZLIB)
     endif()
 endif()
 
+if(BUILD_SHARED_LIBS AND DRAVONSET_TESTS)
+    message(STATUS "Tests of what libraries hide are left out: BUILD_SHARED_LIBS is on")
+    set(DRAVONSET_TESTS OFF)
+endif()
+
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)

@@ -38,7 +38,7 @@ public:
     /// is encapsulated and clipped to it. False, after QsdFatalError with the message "&QsdMsg015100", when the file
     /// cannot be opened. A document still open is abandoned, not closed: call end first. When memory runs out,
     /// std::bad_alloc passes, the document is closed again and has failed.
-    bool initDevice(const char* fileName, QsdRect* bbox) override;
+    bool initDevice(const char* fileName, QsdRect* bbox = nullptr) override;
     /// Finishes the last page and the document and closes its stream. When some of it could not be written, for want
     /// of memory too, that is reported once, through QsdFatalError with the message "&QsdMsg015102". Nothing happens
     /// when none is open.

@@ -36,7 +36,7 @@ public:
     void setScreenPatterns(bool screenPatterns);
     [[nodiscard]] bool screenPatterns() const { return _screenPatterns; }
 
-    bool initDevice(const char* fileName, QsdRect* bbox) override;
+    bool initDevice(const char* fileName, QsdRect* bbox = nullptr) override;
     /// Always true. A document with a bounding box that gets a second page is no longer called encapsulated.
     bool newPage() const override;
     void setTransformer(const QsdTransformer& t) override;

@@ -70,3 +70,11 @@ public:
 private:
     Resource* _resource = nullptr;
 };
+
+/// Makes a resource and holds it: `QsdMake<QsdColor>(0, 0, 65535)`. The handle owns the only reference. Passes on what
+/// the constructor throws.
+template <class Resource, class... Arguments>
+[[nodiscard]] QsdHandle<Resource> QsdMake(Arguments&&... arguments)
+{
+    return QsdHandle<Resource>::Adopt(new Resource(std::forward<Arguments>(arguments)...));
+}

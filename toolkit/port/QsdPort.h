@@ -45,8 +45,9 @@ public:
     [[nodiscard]] virtual bool isADevice() const;
     /// Whether the port cannot be drawn on now.
     [[nodiscard]] virtual bool isBad() const;
-    /// Opens a document; only devices have any. False when that fails or the port has none.
-    virtual bool initDevice(const char* fileName, QsdRect* bbox);
+    /// Opens a document; only devices have any. With `bbox`, in device coordinates, it is one to be placed in others.
+    /// False when that fails or the port has none.
+    virtual bool initDevice(const char* fileName, QsdRect* bbox = nullptr);
     /// Finishes the document of initDevice.
     virtual void end();
     /// Goes on to the next page of a document; false when the port has no pages.
