@@ -59,6 +59,9 @@ function(dravonset_library name)
         SOVERSION ${PROJECT_VERSION_MAJOR}
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
+    if(BUILD_SHARED_LIBS)
+        target_link_options(${target} PRIVATE LINKER:-z,defs)
+    endif()
     dravonset_target_defaults(${target})
 endfunction()
 

@@ -53,7 +53,7 @@ public:
     void translate(std::int32_t dx, std::int32_t dy);
 
     /// Equality of the pixels covered.
-    friend bool operator==(const QsdRegion& a, const QsdRegion& b);
+    friend QSD_API bool operator==(const QsdRegion& a, const QsdRegion& b);
 
 private:
     void setCanonical(std::vector<QsdRect> rects);
