@@ -6,10 +6,11 @@ if(NOT EXISTS ${DRAVONSET_TEST_LOCALES}/de_DE.UTF-8)
         OUTPUT_QUIET ERROR_QUIET)
 endif()
 
-# dravonset_test(NAME SOURCES file... LINK target...): a GoogleTest program whose tests ctest knows one by one, each in a
-# process of its own, so that what a process has once (registry, locale, font scales) starts fresh for every test.
+# dravonset_test(NAME [WHOLE] SOURCES file... LINK target...): a GoogleTest program whose tests ctest knows one by one, each
+# in a process of its own, so that what a process has once (registry, locale, font scales) starts fresh for every test.
+# With WHOLE they also run one after the other in one process; ProcessState.cpp is to be among the sources then.
 function(dravonset_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 test "" "" "SOURCES;LINK")
+    cmake_parse_arguments(PARSE_ARGV 1 test "WHOLE" "" "SOURCES;LINK")
     add_executable(${name} ${test_SOURCES})
     dravonset_target_defaults(${name})
     if(DRAVONSET_SANITIZE)
@@ -21,4 +22,10 @@ function(dravonset_test name)
     gtest_discover_tests(${name} TEST_PREFIX ${name}. PROPERTIES
         ENVIRONMENT SOURCE_DATE_EPOCH=1700000000
         ENVIRONMENT_MODIFICATION LOCPATH=set:${DRAVONSET_TEST_LOCALES})
+    if(test_WHOLE)
+        target_compile_definitions(${name} PRIVATE "DRAVONSET_TEST_LOCALES=\"${DRAVONSET_TEST_LOCALES}\"")
+        # The files of its tests lie apart from those of the single tests, which may run at the same time.
+        add_test(NAME ${name}.in-one-process COMMAND ${name} --gtest_brief=1)
+        set_tests_properties(${name}.in-one-process PROPERTIES ENVIRONMENT TEST_TMPDIR=${CMAKE_CURRENT_BINARY_DIR})
+    endif()
 endfunction()

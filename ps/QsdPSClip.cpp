@@ -1,6 +1,7 @@
 // Clips. Each lives in a save level of its own, which the prolog's rc ends without losing colour, line and font.
 #include "ps/QsdPSDevice.h"
 
+#include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSWriter_p.h"
 
 void QsdPSDevice::clip(const QsdRegion* region) const
@@ -28,6 +29,7 @@ void QsdPSDevice::clip(const QsdRegion* region) const
     for (std::uint16_t i = 0; i < _clipCache.count(); ++i) {
         const QsdRect& r = rects[i];
         out << r.width << QsdSpc() << r.height << QsdSpc() << r.x << QsdSpc() << r.y << " rect ";
+        out.breakLine(lineLength().elements);
     }
     out << "clip n" << EOL;
 }

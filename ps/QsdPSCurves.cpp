@@ -1,6 +1,7 @@
 // Arcs, Bézier curves and paths of several point arrays.
 #include "ps/QsdPSDevice.h"
 
+#include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSWriter_p.h"
 
 #include <algorithm>
@@ -115,6 +116,7 @@ void QsdPSDevice::writeClosedCurves(unsigned long count, const QsdPoint* points,
         out << points[i] << QsdSpc() << points[i + 1] << QsdSpc() << points[i + 2];
         if (fill) {
             out << " curveto ";
+            out.breakLine(lineLength().elements);
         } else {
             out << " curveto" << EOL;
         }
@@ -145,6 +147,7 @@ void QsdPSDevice::fillPaths(const QsdPalette* palette, unsigned long count, cons
             for (unsigned long i = 1; i < pointCount; ++i) {
                 if (points[i] != last) {
                     out << points[i] << " L ";
+                    out.breakLine(lineLength().elements);
                     last = points[i];
                 }
             }

@@ -1,6 +1,7 @@
 // The device object: construction, state queries, stream ownership.
 #include "ps/QsdPSDevice.h"
 
+#include "ps/QsdPSLineLength_p.h"
 #include "toolkit/base/QsdMessages.h"
 #include "toolkit/encoder/QsdASCII85Encoder.h"
 #include "toolkit/port/QsdDisplay.h"
@@ -45,7 +46,7 @@ bool readScale(const char* text, int& scale)
 
 QsdPSDevice::QsdPSDevice(QsdDisplay* display, QsdPSColorModel model)
     : QsdPort(display, DefaultPaperWidth, DefaultPaperHeight), _paperWidth(DefaultPaperWidth),
-      _paperHeight(DefaultPaperHeight), _colorModel(model)
+      _paperHeight(DefaultPaperHeight), _colorModel(model), _lineLength(&QsdPSAnyLength)
 {
     readSize(*display, "paperWidth", _paperWidth);
     setWidth(_paperWidth);
@@ -93,6 +94,11 @@ std::ostream* QsdPSDevice::openStream(const char* fileName)
 void QsdPSDevice::closeStream(std::ostream* stream)
 {
     delete stream;
+}
+
+void QsdPSDevice::keepLinesShort()
+{
+    _lineLength = &QsdPSConventionalLength;
 }
 
 const char* QsdPSDevice::GetPrefix()

@@ -4,6 +4,7 @@
 #include "ps/QsdPSColorModel.h"
 #include "ps/QsdPSFontNames_.h"
 #include "ps/QsdPSFonts_.h"
+#include "ps/QsdPSGlyphs.h"
 #include "toolkit/base/QsdExport.h"
 #include "toolkit/port/QsdPort.h"
 
@@ -13,6 +14,7 @@
 class QsdPostScriptEncoder;
 class QsdPSFilteredSource;
 class QsdPixelRows;
+struct QsdPSLineLength;
 
 /// Turns drawing calls into one PostScript document per initDevice and end.
 ///
@@ -43,7 +45,8 @@ public:
     /// of memory too, that is reported once, through QsdFatalError with the message "&QsdMsg015102". Nothing happens
     /// when none is open.
     void end() override;
-    /// Ends the page and begins the next; the clip stays what it was. Always true.
+    /// Ends the page and begins the next. The clip in force counts as in force there too, though interpreters reset it:
+    /// take it away before, and set it again. Always true.
     bool newPage() const override;
     /// Sets the transformer and writes it, relative to the page. Clips are kept.
     void setTransformer(const QsdTransformer& t) override;
@@ -120,7 +123,9 @@ public:
     /// Makes the stream that a document goes to; the device owns it until it hands it to closeStream. The default opens
     /// a file for writing, emptying it. A null or failed result makes initDevice fail.
     virtual std::ostream* openStream(const char* fileName);
-    /// Takes the stream back. The default deletes it; null is allowed.
+    /// Takes the stream back, by end behind the last line, or when initDevice fails. The default deletes it; null is
+    /// allowed. An override may still send before it deletes the stream; the document is closed when it returns.
+    /// Whether what it sends arrives is for it to find out: writeFailed knows of what came before.
     virtual void closeStream(std::ostream* stream);
     /// Sets the map from device coordinates to points on the paper for the next document. Set it after the paper
     /// height.
@@ -138,6 +143,9 @@ public:
     [[nodiscard]] virtual unsigned long imageStringSize(unsigned long width) const;
     /// The operator, with its last operands, that paints an image of the colour model.
     [[nodiscard]] virtual const char* imageOperatorString() const;
+    /// Writes the prolog and the setup of the first page. initDevice calls it; without an open document it writes
+    /// nothing.
+    virtual void initFile();
 
     /// Sets the paper width in points for the next document; the page transformer stays.
     void setPaperWidth(unsigned long width);
@@ -204,6 +212,9 @@ protected:
     /// Sends what is written from now on, samples included, to `stream` (not owned) in the place of the document's
     /// own. The device closes its own stream wherever it was sent to.
     void redirect(std::ostream* stream);
+    /// From now on breaks paths, clips, dashes and texts where their lines would become longer than the 255 bytes that
+    /// the document structuring conventions take. At first lines become as long as what stands on them.
+    void keepLinesShort();
     /// Narrows the clip for one operation to the palette's clip and, unless it is null, to `rect`.
     void restrictClip(const QsdPalette* palette, const QsdRect* rect) const;
 
@@ -211,8 +222,6 @@ protected:
 
     /// Writes the comments that a document begins with; `bbox` is null for one that is not encapsulated.
     virtual void writeHeader(const QsdRect* bbox);
-    /// Writes the prolog and the setup of the first page.
-    virtual void writeProlog();
     /// Writes what the drawing of the first page starts from.
     virtual void writeFirstPageStart(const QsdRect* bbox);
     /// Writes everything behind the last drawing.
@@ -223,18 +232,24 @@ protected:
     virtual void writeLineWidthMode(bool zoomable) const;
     /// Writes what of a palette is not in force yet; a document is open.
     virtual void writePalette(const QsdPalette* palette) const;
-    /// Writes the selection of the font `name` followed by `suffix` in a size of `size` units; `multiByte` fonts keep
-    /// their own encoding.
-    virtual void writeFontSelection(int size, const char* name, const char* suffix, bool multiByte) const;
+    /// Writes the selection of the font `name` followed by `suffix` in a size of `size` units; `glyphs` tells what
+    /// its codes stand for.
+    virtual void writeFontSelection(int size, const char* name, const char* suffix, QsdPSGlyphs glyphs) const;
     /// Copies a font file, which defines the font `name` followed by `suffix`, into the document.
     virtual void writeFontFile(const char* fileName, const char* name, const char* suffix) const;
 
 private:
     void beginDocument(const QsdRect* bbox);
     void close();
+    void letGo();
     void loadFontMapFile();
     void forgetPalette() const;
 
+    /// Where to break lines.
+    [[nodiscard]] const QsdPSLineLength& lineLength() const { return *_lineLength; }
+
+    void writeFirstPalette(const QsdPalette* palette) const;
+    void writeOtherForeground(const QsdPalette* palette, QsdPalette& current) const;
     void sendCurrentTransformer() const;
     void removeClip() const;
 
@@ -267,5 +282,6 @@ private:
     mutable QsdRect _boundingBox;
     mutable QsdRegion _clipCache = QsdRegion::Full();
     QsdTransformer _currentTransformer;
+    const QsdPSLineLength* _lineLength;
     bool _writeFailed = false;
 };

@@ -50,17 +50,29 @@ void QsdPSDevice::beginDocument(const QsdRect* bbox)
     }
     loadFontMapFile();
     QsdPSFonts_::GetInstance()->resetDownloaded();
-    writeProlog();
+    initFile();
     writeFirstPageStart(bbox);
 }
 
+// An override of closeStream may still send, so the device keeps the stream until it returns.
 void QsdPSDevice::close()
 {
-    if (_encoder != nullptr) {
-        _encoder->setStream(nullptr);
+    try {
+        closeStream(std::exchange(_ownStream, nullptr));
+    } catch (...) {
+        letGo();
+        throw;
     }
-    _stream = nullptr;
-    closeStream(std::exchange(_ownStream, nullptr));
+    letGo();
+}
+
+void QsdPSDevice::letGo()
+{
+    // An override of closeStream may have begun the next document.
+    if (_ownStream == nullptr) {
+        redirect(nullptr);
+        forgetPalette();
+    }
 }
 
 void QsdPSDevice::writeFirstPageStart(const QsdRect* bbox)
@@ -124,8 +136,8 @@ bool QsdPSDevice::newPage() const
 // The device is closed before a failure is reported, so that a handler may do with it what it likes.
 void QsdPSDevice::end()
 {
-    forgetPalette();
-    if (_stream == nullptr) {
+    // An override of closeStream that comes here has the stream already.
+    if (_ownStream == nullptr) {
         return;
     }
     // Memory may run out on the way, and a stream may be told to throw when it fails.

@@ -1,9 +1,9 @@
 #include "ps/QsdPSFontFile_p.h"
 
+#include "ps/QsdPSFontText_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsdMessages.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -20,19 +20,41 @@ QsdPSFontFile::QsdPSFontFile(const char* fileName) : _fileName(fileName)
     }
 }
 
-bool QsdPSFontFile::copyTo(QsdPSWriter& out)
+template <class Use>
+bool QsdPSFontFile::forEachPart(Use use)
 {
     char block[4096];
-    while (_file.good()) {
+    bool wanted = true;
+    while (_file.good() && wanted) {
         _file.read(block, sizeof block);
-        const std::string_view part(block, static_cast<std::size_t>(_file.gcount()));
-        _sevenBits = _sevenBits &&
-                     std::all_of(part.begin(), part.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-        out << part;
+        wanted = use(std::string_view(block, static_cast<std::size_t>(_file.gcount())));
     }
     if (_file.bad()) {
         QsdWarning("Couldn't read font file %s", _fileName);
         return false;
     }
+    return true;
+}
+
+void QsdPSFontFile::copyTo(QsdPSWriter& out)
+{
+    forEachPart([&](std::string_view part) {
+        out << part;
+        return true;
+    });
+}
+
+bool QsdPSFontFile::writeAsText(QsdPSWriter& out)
+{
+    QsdPSFontText text(out);
+    if (!forEachPart([&](std::string_view part) { return text.put(part); })) {
+        return false;
+    }
+    const QsdPSFontText::Fault fault = text.finish();
+    if (fault != QsdPSFontText::Fault::None) {
+        QsdWarning("Left out font file %s: %s", _fileName, QsdPSFontText::Describe(fault));
+        return false;
+    }
+    _sevenBits = text.isSevenBits();
     return true;
 }

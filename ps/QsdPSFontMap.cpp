@@ -188,6 +188,7 @@ bool QsdPSFonts_::loadValue(QsdPSFontNames_* record, char* key, char* value)
                 record->encoding(), record->family(), record->normalName(), record->boldName(), record->italicName(),
                 record->boldItalicName(), record->normalDownloadFileName(), record->boldDownloadFileName(),
                 record->italicDownloadFileName(), record->boldItalicDownloadFileName());
+            copy->setOwnEncoding(record->hasOwnEncoding());
             addOrReplace(copy.get(), record->isDefault());
             static_cast<void>(copy.release());
         }
@@ -196,6 +197,7 @@ bool QsdPSFonts_::loadValue(QsdPSFontNames_* record, char* key, char* value)
                 (record->*k.set)(nullptr);
             }
             record->setDefault(false);
+            record->setOwnEncoding(false);
         }
         record->setFamily(value);
         return true;
@@ -204,6 +206,10 @@ bool QsdPSFonts_::loadValue(QsdPSFontNames_* record, char* key, char* value)
         if (value != nullptr && isTrue(value)) {
             record->setDefault(true);
         }
+        return true;
+    }
+    if (std::strcmp(key, "OwnEncoding") == 0) {
+        record->setOwnEncoding(value != nullptr && isTrue(value));
         return true;
     }
     for (const Key& k : Keys) {

@@ -59,6 +59,10 @@ public:
     [[nodiscard]] bool isDefault() const { return _asDefault != 0; }
     void setDefault(bool asDefault) { _asDefault = asDefault ? 1 : 0; }
 
+    /// Whether the fonts have an encoding of their own, which QsdPSPrintDevice leaves to them; false at first.
+    [[nodiscard]] bool hasOwnEncoding() const { return _ownEncoding; }
+    void setOwnEncoding(bool own) { _ownEncoding = own; }
+
 private:
     explicit QsdPSFontNames_(QsEncoding encoding) : _encoding(encoding) {}
 
@@ -74,4 +78,5 @@ private:
     char* _boldItalicDownloadFileName = nullptr;
     std::uint32_t _downloaded[4] = {}; ///< by face
     std::uint32_t _asDefault = 0;
+    bool _ownEncoding = false;
 };

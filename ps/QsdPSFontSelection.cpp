@@ -2,6 +2,7 @@
 #include "ps/QsdPSDevice.h"
 
 #include "ps/QsdPSFontFile_p.h"
+#include "ps/QsdPSFontTraits_p.h"
 #include "ps/QsdPSFonts_.h"
 #include "ps/QsdPSName_p.h"
 #include "ps/QsdPSString.h"
@@ -78,13 +79,13 @@ constexpr const char* FaceSuffixes[] = {"", "-Bold", "-Oblique", "-BoldOblique"}
 void QsdPSDevice::setFont(const QsdPalette* palette) const
 {
     const QsdFont& font = *palette->font();
-    const int size = font.size() != 0 ? font.size() : font.ascent() + font.descent() - 1;
+    const int size = QsdPSSizeOf(font);
     QsdPSFontNames_* const names = findNames(font);
     const QsdPSFace face = faceOf(font);
     const char* const ownName = names == nullptr ? nullptr : names->name(face);
     const char* const name = ownName != nullptr || names == nullptr ? ownName : names->normalName();
     if (name == nullptr) {
-        writeFontSelection(size, "Helvetica", "", false);
+        writeFontSelection(size, "Helvetica", "", QsdPSGlyphs::Latin);
         return;
     }
     const char* const suffix = ownName != nullptr ? "" : FaceSuffixes[static_cast<unsigned>(face)];
@@ -94,16 +95,17 @@ void QsdPSDevice::setFont(const QsdPalette* palette) const
         names->setDownloaded(face);
     }
     const bool multiByte = _QsdGetMaxCharSize() > 1 && names->encoding() != QsEncodingLatin1;
-    writeFontSelection(size, name, suffix, multiByte);
+    const QsdPSGlyphs singleByte = names->hasOwnEncoding() ? QsdPSGlyphs::Own : QsdPSGlyphs::Latin;
+    writeFontSelection(size, name, suffix, multiByte ? QsdPSGlyphs::MultiByte : singleByte);
 }
 
-void QsdPSDevice::writeFontSelection(int size, const char* name, const char* suffix, bool multiByte) const
+void QsdPSDevice::writeFontSelection(int size, const char* name, const char* suffix, QsdPSGlyphs glyphs) const
 {
     const QsdPSLiteralName literal(name, suffix);
     QsdPSWriter out(_stream);
     out << size;
     literal.write(out);
-    out << (multiByte ? std::string_view(" qsdjsf") : std::string_view(" qsdsf")) << EOL;
+    out << (glyphs == QsdPSGlyphs::MultiByte ? std::string_view(" qsdjsf") : std::string_view(" qsdsf")) << EOL;
 }
 
 void QsdPSDevice::writeFontFile(const char* fileName, const char* name, const char* suffix) const

@@ -9,8 +9,11 @@
 #include <iosfwd>
 
 /// The records of all families known to the process, in order of entry, and one default record per encoding. It starts
-/// with the built-in records; the font map file adds to them or replaces them. Not for use from several threads at
-/// once.
+/// with the built-in records; the font map file adds to them or replaces them.
+///
+/// Several threads may read at once: GetInstance, getPSFontNames, getDefaultFontNames, count, capacity, and what they
+/// lead to. Nothing is locked, so meanwhile no thread may call another operation, nor begin or draw a document, which
+/// loads the font map and marks the faces that it brings.
 class QSD_API QsdPSFonts_ {
 public:
     /// The registry of the process, made on first use.

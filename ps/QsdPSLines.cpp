@@ -1,6 +1,7 @@
 // Straight lines: segments, polylines, polygons and rectangles.
 #include "ps/QsdPSDevice.h"
 
+#include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSWriter_p.h"
 
 #include <cstddef>
@@ -11,15 +12,15 @@ namespace {
 constexpr unsigned ElementsPerLine = 10;
 constexpr unsigned SegmentsPerStroke = 512;
 
-/// Breaks a long path into lines of ten elements.
+/// Breaks a long path into lines of ten elements, or fewer where these are long.
 class ElementLines {
 public:
-    explicit ElementLines(QsdPSWriter& out) : _out(out) {}
+    ElementLines(QsdPSWriter& out, const QsdPSLineLength& length) : _out(out), _length(length.elements) {}
 
     /// Ends an element: a separator, or the line.
     void next()
     {
-        if (++_count == ElementsPerLine) {
+        if (++_count == ElementsPerLine || _out.column() >= _length) {
             _out << EOL;
             _count = 0;
         } else {
@@ -36,6 +37,7 @@ public:
 
 private:
     QsdPSWriter& _out;
+    std::size_t _length;
     unsigned _count = 0;
 };
 
@@ -108,7 +110,7 @@ void QsdPSDevice::drawPolyLine(const QsdPalette* palette, unsigned long count, c
     setCurrentPalette(palette);
     QsdPSWriter out(_stream);
     out << "n " << points[0] << " M ";
-    ElementLines lines(out);
+    ElementLines lines(out, lineLength());
     writeLines(out, lines, count, points, " L");
     out << "s" << EOL;
 }
@@ -123,7 +125,7 @@ void QsdPSDevice::drawPolyLine(const QsdPalette* palette, const QsdPoint& origin
     setCurrentPalette(palette);
     QsdPSWriter out(_stream);
     out << "n " << origin << " M ";
-    ElementLines lines(out);
+    ElementLines lines(out, lineLength());
     writeSteps(out, lines, count - 1, deltas);
     out << "s" << EOL;
 }
@@ -138,7 +140,7 @@ void QsdPSDevice::fillPolyLine(const QsdPalette* palette, unsigned long count, c
     {
         QsdPSWriter out(_stream);
         out << "n " << points[0] << " M ";
-        ElementLines lines(out);
+        ElementLines lines(out, lineLength());
         writeLines(out, lines, count, points, " L ");
         lines.finish();
     }
@@ -156,7 +158,7 @@ void QsdPSDevice::fillPolyLine(const QsdPalette* palette, const QsdPoint& origin
     {
         QsdPSWriter out(_stream);
         out << "n " << origin << " M ";
-        ElementLines lines(out);
+        ElementLines lines(out, lineLength());
         writeSteps(out, lines, count - 1, deltas);
         lines.finish();
     }

@@ -22,9 +22,6 @@ inline constexpr auto QsdPSRegularCharacters = [] {
     return QsdPSRegularCharacters[static_cast<unsigned char>(c)];
 }
 
-/// A text in parentheses, printable and short enough for a line: what is neither is cut off or becomes a blank.
-[[nodiscard]] std::string QsdPSQuoted(std::string_view text);
-
 /// A literal name of one or two parts; one that the language cannot write as such is made of a string. It needs no
 /// memory once it is there, so the line that it belongs to becomes whole.
 class QsdPSLiteralName {
@@ -39,8 +36,11 @@ private:
     std::string _quoted; ///< empty for a name that can be written as such
 };
 
-/// Writes a literal name.
+/// Writes a literal name, on lines that do not become too long.
 void QsdPSWriteName(QsdPSWriter& out, std::string_view name, std::string_view suffix = "");
 
 /// A font's name for managers of documents, who end it at a blank or a delimiter.
 [[nodiscard]] std::string QsdPSCommentName(std::string_view name);
+
+/// The same, cut off where a line with a comment would become too long.
+[[nodiscard]] std::string QsdPSShortCommentName(std::string_view name);

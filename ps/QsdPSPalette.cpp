@@ -4,11 +4,10 @@
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSComponent_p.h"
 #include "ps/QsdPSGrey_p.h"
+#include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsdMessages.h"
 #include "toolkit/port/QsdDisplay.h"
-
-#include <utility>
 
 void QsdPSDevice::setCurrentPalette(const QsdPalette* palette) const
 {
@@ -23,15 +22,12 @@ void QsdPSDevice::setCurrentPalette(const QsdPalette* palette) const
 void QsdPSDevice::writePalette(const QsdPalette* palette) const
 {
     if (!_currentPalette) {
-        auto written = QsdHandle<QsdPalette>::Adopt(new QsdPalette(palette));
-        setFont(palette);
-        setLineStyle(palette);
-        setForeground(palette);
-        setLineWidth(palette);
-        _currentPalette = std::move(written);
+        writeFirstPalette(palette);
         return;
     }
-    QsdPalette& current = *_currentPalette;
+    // Held, since an override of setForeground may begin a page.
+    const QsdHandle<QsdPalette> held = _currentPalette;
+    QsdPalette& current = *held;
     bool changed = false;
     if (palette->font() != current.font()) {
         setFont(palette);
@@ -39,8 +35,7 @@ void QsdPSDevice::writePalette(const QsdPalette* palette) const
         changed = true;
     }
     if (palette->foreground() != current.foreground()) {
-        setForeground(palette);
-        current.setForeground(palette->foreground());
+        writeOtherForeground(palette, current);
         changed = true;
     }
     if (palette->lineStyle() != current.lineStyle()) {
@@ -56,6 +51,36 @@ void QsdPSDevice::writePalette(const QsdPalette* palette) const
     if (changed) {
         QsdPSWriter(_stream) << EOL;
     }
+}
+
+// The copy is made before anything is written: an override of setForeground may come back here. When memory runs out on
+// the way, the next drawing writes all again.
+void QsdPSDevice::writeFirstPalette(const QsdPalette* palette) const
+{
+    _currentPalette = QsdHandle<QsdPalette>::Adopt(new QsdPalette(palette));
+    try {
+        setFont(palette);
+        setLineStyle(palette);
+        setForeground(palette);
+        setLineWidth(palette);
+    } catch (...) {
+        forgetPalette();
+        throw;
+    }
+}
+
+// The colour is stored before it is written as well, for the same reason: what comes back finds it in force.
+void QsdPSDevice::writeOtherForeground(const QsdPalette* palette, QsdPalette& current) const
+{
+    const QsdHandle<const QsdColor> before(current.foreground());
+    current.setForeground(palette->foreground());
+    try {
+        setForeground(palette);
+    } catch (...) {
+        current.setForeground(before.get());
+        throw;
+    }
+    current.setForeground(palette->foreground());
 }
 
 void QsdPSDevice::setForeground(const QsdPalette* palette) const
@@ -85,6 +110,7 @@ void QsdPSDevice::setLineStyle(const QsdPalette* palette) const
         out << "[";
         for (std::uint16_t i = 0; i < style->count(); ++i) {
             out << unsigned{style->dashes()[i]} << QsdSpc();
+            out.breakLine(lineLength().elements);
         }
         out << "] " << style->count();
     }

@@ -6,6 +6,8 @@
 // written in that order.
 #include "ps/QsdPSPrintDevice.h"
 
+#include "ps/QsdPSFiniteMatrix_p.h"
+#include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSMatrix.h"
 #include "ps/QsdPSPrintDocument_p.h"
 #include "ps/QsdPSWriter_p.h"
@@ -16,6 +18,7 @@
 QsdPSPrintDevice::QsdPSPrintDevice(QsdDisplay* display, QsdPSColorModel model)
     : QsdPSDevice(display, model), _document(std::make_unique<QsdPSPrintDocument>())
 {
+    keepLinesShort();
 }
 
 QsdPSPrintDevice::~QsdPSPrintDevice() = default;
@@ -40,7 +43,7 @@ bool QsdPSPrintDevice::initDevice(const char* fileName, QsdRect* bbox)
 void QsdPSPrintDevice::writeHeader(const QsdRect* bbox)
 {
     QsdPSPrintDocument& document = *_document;
-    document.begin(stream(), bbox, getPageTransformer());
+    document.begin(stream(), bbox, QsdPSFiniteMatrix(getPageTransformer()));
     const unsigned long level = getPostScriptLevel();
     document.level = level == 1 || level == 2 ? level : 3;
     document.paperWidth = getPaperWidth();
@@ -58,7 +61,7 @@ void QsdPSPrintDevice::writeHeader(const QsdRect* bbox)
     redirect(&document.pageTexts);
 }
 
-void QsdPSPrintDevice::writeProlog() {}
+void QsdPSPrintDevice::initFile() {}
 
 void QsdPSPrintDevice::writeFirstPageStart(const QsdRect*)
 {
@@ -80,7 +83,6 @@ void QsdPSPrintDevice::beginPage() const
     QsdPSPrintDocument& document = *_document;
     document.inForce = QsdPSInForce();
     document.pageExtent = QsdPSExtent();
-    QsdPSWriter(stream()) << "%%BeginPageSetup" << EOL << "QsdPrintDict begin bp" << EOL;
     if (!document.zoomableLineWidths) {
         QsdPSDevice::writeLineWidthMode(false);
     }
@@ -113,6 +115,7 @@ void QsdPSPrintDevice::writePageClip(const QsdPSPageClip& clip) const
     for (std::uint16_t i = 0; i < clip.region.count(); ++i) {
         const QsdRect& r = clip.region.rects()[i];
         out << r.width << QsdSpc() << r.height << QsdSpc() << r.x << QsdSpc() << r.y << " rect ";
+        out.breakLine(QsdPSConventionalLength.elements);
     }
     out << "clip n" << EOL;
     if (transformed) {
@@ -137,8 +140,9 @@ void QsdPSPrintDevice::writeInitialClip(const QsdRect& rect) const
     noteClipBox();
 }
 
-void QsdPSPrintDevice::setTransformer(const QsdTransformer& t)
+void QsdPSPrintDevice::setTransformer(const QsdTransformer& given)
 {
+    const QsdTransformer t = QsdPSFiniteMatrix(given);
     if (stream() != nullptr && t == _document->inForce.transformer && t == currentTransformer()) {
         return;
     }

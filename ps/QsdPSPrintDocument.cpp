@@ -18,17 +18,24 @@ QsdPSExtent QsdPSExtentOf(const QsdTransformer& t, double x1, double y1, double 
     return extent;
 }
 
-std::array<std::int32_t, 4> QsdPSBoxOf(const QsdPSExtent& extent)
+QsdPSExtent QsdPSHeldExtent(const QsdPSExtent& extent)
 {
     if (extent.isEmpty()) {
-        return {};
+        return {0, 0, 0, 0};
     }
     const auto held = [](double value) {
         constexpr double Most = std::numeric_limits<std::int32_t>::max();
-        return static_cast<std::int32_t>(std::clamp(value, -Most, Most));
+        return std::clamp(value, -Most, Most);
     };
-    return {held(std::floor(extent.left)), held(std::floor(extent.bottom)), held(std::ceil(extent.right)),
-            held(std::ceil(extent.top))};
+    return {held(extent.left), held(extent.bottom), held(extent.right), held(extent.top)};
+}
+
+std::array<std::int32_t, 4> QsdPSBoxOf(const QsdPSExtent& extent)
+{
+    const QsdPSExtent box = QsdPSHeldExtent(extent);
+    const auto below = [](double value) { return static_cast<std::int32_t>(std::floor(value)); };
+    const auto above = [](double value) { return static_cast<std::int32_t>(std::ceil(value)); };
+    return {below(box.left), below(box.bottom), above(box.right), above(box.top)};
 }
 
 void QsdPSPrintDocument::begin(std::ostream* newOutput, const QsdRect* box, const QsdTransformer& newPage)
@@ -113,7 +120,7 @@ void QsdPSPrintDocument::endPage()
 {
     QsdPSPageRecord record;
     record.end = pageTexts.size();
-    record.box = QsdPSBoxOf(pageExtent);
+    record.extent = pageExtent;
     auto place = _fontSetNumbers.find(inForce.fonts);
     if (place == _fontSetNumbers.end()) {
         // A set without a number does no harm when there is no memory for the other, but a number without a set would.
@@ -128,10 +135,7 @@ QsdPSExtent QsdPSPrintDocument::extent() const
 {
     QsdPSExtent all;
     for (const QsdPSPageRecord& record : pages) {
-        QsdPSExtent one;
-        one.add(record.box[0], record.box[1]);
-        one.add(record.box[2], record.box[3]);
-        all.add(one);
+        all.add(record.extent);
     }
     return all;
 }

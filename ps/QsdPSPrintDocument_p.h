@@ -41,9 +41,9 @@ struct QsdPSInForce {
 
 /// A finished page.
 struct QsdPSPageRecord {
-    std::uint64_t end = 0;                ///< of its text among the pages'
-    std::array<std::int32_t, 4> box = {}; ///< left, bottom, right, top in points
-    std::uint32_t fonts = 0;              ///< which set of fonts
+    std::uint64_t end = 0; ///< of its text among the pages'
+    QsdPSExtent extent;
+    std::uint32_t fonts = 0; ///< which set of fonts
 };
 
 /// A clip that goes on from page to page, in the space of the transformer it was given in.
@@ -59,6 +59,8 @@ public:
     /// Copies a part of what was kept, or all of it, to the output.
     void copy(QsdPSSpool& spool, std::uint64_t begin, std::uint64_t end);
     void copy(QsdPSSpool& spool) { copy(spool, 0, spool.size()); }
+    /// Whether something that was to be kept could not be, so that the document would lack it.
+    [[nodiscard]] bool isLost() const { return pageTexts.fail() || resources.failed(); }
     /// Ends the page under way: notes where its text ends, how far it reaches and what fonts it uses.
     void endPage();
     /// Looks whether a text that is written as it is consists of 7-bit characters.
@@ -101,6 +103,9 @@ private:
 
     std::map<std::vector<bool>, std::uint32_t> _fontSetNumbers;
 };
+
+/// An extent without coordinates that an integer of 32 bits cannot hold; zeros for an empty one.
+[[nodiscard]] QsdPSExtent QsdPSHeldExtent(const QsdPSExtent& extent);
 
 /// The smallest box of whole points around an extent, left, bottom, right, top; zeros for an empty one.
 [[nodiscard]] std::array<std::int32_t, 4> QsdPSBoxOf(const QsdPSExtent& extent);

@@ -165,7 +165,6 @@ unsigned QsdPSPrintDevice::definePattern(const QsdPalette* palette) const
                             [&](QsdPSSpool& definitions) { writePattern(definitions, number, tile); });
         } catch (...) {
             _document->resources.forgetPattern(key);
-            imageEncoder()->setStream(stream());
             throw;
         }
     }
@@ -174,25 +173,22 @@ unsigned QsdPSPrintDevice::definePattern(const QsdPalette* palette) const
 
 void QsdPSPrintDevice::writePattern(QsdPSSpool& out, unsigned number, const QsdPSTile& tile) const
 {
-    QsdPSPrintDocument& document = *_document;
-    QsdPostScriptEncoder* const encoder = imageEncoder();
     const QsdPSPatternKey& key = tile.key;
     QsdPSWriter(&out) << "/P" << number << "s[" << EOL;
-    if (encoder != nullptr) {
-        const QsString decoder = encoder->getDecoderString();
-        encoder->setStream(&out);
-        for (std::size_t begin = 0; begin < tile.samples.size(); begin += StringSize) {
-            const std::size_t count = std::min(StringSize, tile.samples.size() - begin);
-            if (document.level == 1 || decoder.isEmpty()) {
-                QsdPSWriter(&out) << count << " rh" << EOL;
+    const bool hasEncoder = imageEncoder() != nullptr;
+    for (std::size_t begin = 0; hasEncoder && begin < tile.samples.size(); begin += StringSize) {
+        const std::size_t count = std::min(StringSize, tile.samples.size() - begin);
+        writeSamples(out, [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
+            if (readsHexadecimal(&encoder)) {
+                QsdPSWriter(&target) << count << " rh" << EOL;
             } else {
-                QsdPSWriter(&out) << count << " string currentfile " << decoder.view() << " rs" << EOL;
+                QsdPSWriter(&target) << count << " string currentfile " << encoder.getDecoderString().view() << " rs"
+                                     << EOL;
             }
-            encoder->startData();
-            encoder->putBytes(count, tile.samples.data() + begin);
-            encoder->endData();
-        }
-        encoder->setStream(stream());
+            encoder.startData();
+            encoder.putBytes(count, tile.samples.data() + begin);
+            encoder.endData();
+        });
     }
     const Painting painting = paintingOf(key);
     QsdPSWriter(&out) << "]def" << EOL //

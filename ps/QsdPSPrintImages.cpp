@@ -1,11 +1,14 @@
 // Bitmaps. The samples are read from the display and written some rows at a time, in the smallest form that shows the
-// same colours; when there is no memory for some of them, nothing of the image stays in the document. The space of the
-// images is that of the pixels: an image whose first pixel is at x, y has the matrix [1 0 0 1 -x -y].
+// same colours; when there is no memory for some of them, nothing of the image stays in the document. The space of
+// images is that of the pixels: an image whose first pixel is at x, y has the matrix [1 0 0 1 -x -y]. Only opaque ones
+// and masks under a matrix of their own are images of a square of one unit, since interpreters round the two
+// differently.
 #include "ps/QsdPSPrintDevice.h"
 
 #include "ps/QsdPSBackground_p.h"
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSClipRestorer_p.h"
+#include "ps/QsdPSFiniteMatrix_p.h"
 #include "ps/QsdPSImageFormat_p.h"
 #include "ps/QsdPSImageSource_p.h"
 #include "ps/QsdPSPixels_p.h"
@@ -13,12 +16,16 @@
 #include "ps/QsdPSSamples_p.h"
 #include "ps/QsdPSShare_p.h"
 #include "ps/QsdPSWriter_p.h"
-#include "toolkit/encoder/QsdASCII85Encoder.h"
-#include "toolkit/encoder/QsdASCIIHexEncoder.h"
 
 #include <algorithm>
 #include <cstring>
 #include <vector>
+
+/// Where an image stands.
+struct QsdPSImagePlace {
+    QsdPoint at;
+    bool underMatrix = false; ///< of its own, as QsdPSDevice places stretched bitmaps
+};
 
 namespace {
 
@@ -79,6 +86,24 @@ void writePlace(QsdPSWriter& out, const QsdPoint& at)
     out << "[1 0 0 1 " << -std::int64_t{at.x} << QsdSpc() << -std::int64_t{at.y} << "]";
 }
 
+/// Makes the bitmap's area the square of one unit where the image is to be one.
+void writeSpace(QsdPSWriter& out, const QsdPSImagePlace& place, const QsdRect& rect)
+{
+    if (place.underMatrix) {
+        out << rect.width << " -" << rect.height << " scale 0 -1 t ";
+    }
+}
+
+/// Writes the image's matrix.
+void writePlace(QsdPSWriter& out, const QsdPSImagePlace& place, const QsdRect& rect)
+{
+    if (place.underMatrix) {
+        out << "[" << rect.width << " 0 0 -" << rect.height << " 0 " << rect.height << "]";
+    } else {
+        writePlace(out, place.at);
+    }
+}
+
 bool isEmpty(const QsdRect& rect)
 {
     return rect.width == 0 || rect.height == 0;
@@ -116,6 +141,18 @@ void writeColorTable(QsdPSWriter& out, const QsdPSImageFormat& format)
         ++written;
     }
     out << ">";
+}
+
+/// Writes the colour space of samples that the image dictionary says all else of.
+void writeColorSpace(QsdPSWriter& out, const QsdPSImageFormat& format)
+{
+    if (format.kind() == QsdPSImageFormat::Indexed) {
+        out << "[/Indexed/DeviceRGB ";
+        writeColorTable(out, format);
+        out << "]";
+    } else {
+        out << (format.kind() == QsdPSImageFormat::Color ? "/DeviceRGB " : "/DeviceGray ");
+    }
 }
 
 /// Samples of a row of hidden pixels, which are written as zeros: nobody sees them, and zeros are the shortest. In a
@@ -170,9 +207,9 @@ void QsdPSPrintDevice::writeBitmap(const QsdPalette* palette, const QsdSystemPor
     reach(at.x, at.y, static_cast<double>(at.x) + rect.width, static_cast<double>(at.y) + rect.height, 0);
     QsdPSWriteWhole(_document->pageTexts, [&](QsdPSSpool&) {
         if (source->depth() == 1) {
-            writeBits(palette, source, rect, at, !transparent);
+            writeBits(palette, source, rect, {at}, !transparent);
         } else if (!transparent) {
-            writeColors(palette, source, rect, at);
+            writeColors(palette, source, rect, {at});
         } else if (const QsdSystemPort* const mask = QsdPSMaskOf(source)) {
             writeMasked(palette, source, mask, rect, at);
         }
@@ -180,9 +217,10 @@ void QsdPSPrintDevice::writeBitmap(const QsdPalette* palette, const QsdSystemPor
 }
 
 void QsdPSPrintDevice::writeStretched(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
-                                      const QsdTransformer& t, const QsdRect* clip, bool transparent) const
+                                      const QsdTransformer& given, const QsdRect* clip, bool transparent) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
+    const QsdTransformer t = QsdPSFiniteMatrix(given);
     setCurrentPalette(palette);
     if (bitmap == nullptr || stream() == nullptr) {
         return;
@@ -207,9 +245,9 @@ void QsdPSPrintDevice::writeStretched(const QsdPalette* palette, const QsdPoint&
                                   << at << "]concat" << EOL;
         }
         if (bitmap->depth() == 1) {
-            writeBits(palette, bitmap, area, QsdPoint{}, !transparent);
+            writeBits(palette, bitmap, area, {QsdPoint{}, true}, !transparent);
         } else if (!transparent) {
-            writeColors(palette, bitmap, area, QsdPoint{});
+            writeColors(palette, bitmap, area, {QsdPoint{}, true});
         } else {
             writeMasked(palette, bitmap, mask, area, QsdPoint{});
         }
@@ -217,82 +255,61 @@ void QsdPSPrintDevice::writeStretched(const QsdPalette* palette, const QsdPoint&
     });
 }
 
-void QsdPSPrintDevice::writeDataSource(QsdPSWriter& out) const
+void QsdPSPrintDevice::writeDataSource(QsdPSWriter& out, const QsdPostScriptEncoder& encoder) const
 {
-    if (readsHexadecimal()) {
+    if (readsHexadecimal(&encoder)) {
         out << "{hr}";
     } else {
-        QsdPSFilteredSource(imageEncoder()).write(out);
+        QsdPSFilteredSource(&encoder).write(out);
     }
 }
 
-// Documents of level 1 have hexadecimal data whatever the device is set to meanwhile, and others have a filter.
-QsdPostScriptEncoder* QsdPSPrintDevice::imageEncoder() const
+void QsdPSPrintDevice::writeSourceString(QsdPSWriter& out, const QsdPostScriptEncoder& encoder,
+                                         std::size_t rowBytes) const
 {
-    QsdPSPrintDocument& document = *_document;
-    if ((document.level == 1) == (getPostScriptLevel() == 1)) {
-        return getEncoder();
-    }
-    if (document.encoder == nullptr) {
-        if (document.level == 1) {
-            document.encoder = std::make_unique<QsdASCIIHexEncoder>(nullptr, false);
-        } else {
-            document.encoder = std::make_unique<QsdASCII85Encoder>(nullptr);
-        }
-    }
-    document.encoder->setStream(stream());
-    return document.encoder.get();
-}
-
-bool QsdPSPrintDevice::readsHexadecimal() const
-{
-    return _document->level == 1 || QsdPostScriptEncoder::GetFullDecoderString(imageEncoder()).isEmpty();
-}
-
-void QsdPSPrintDevice::writeSourceString(QsdPSWriter& out, std::size_t rowBytes) const
-{
-    if (readsHexadecimal()) {
+    if (readsHexadecimal(&encoder)) {
         out << stringSize(rowBytes) << " hs ";
     }
 }
 
 void QsdPSPrintDevice::writeBits(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
-                                 const QsdPoint& at, bool opaque) const
+                                 const QsdPSImagePlace& place, bool opaque) const
 {
-    QsdPostScriptEncoder* const encoder = imageEncoder();
     if (opaque) {
-        QsdPSWriter(stream()) << "G n " << rect.width << QsdSpc() << rect.height << QsdSpc() << at << " rect ";
+        QsdPSWriter(stream()) << "G n " << rect.width << QsdSpc() << rect.height << QsdSpc() << place.at << " rect ";
         setForeground(QsdPSBackground(palette).get());
         QsdPSWriter(stream()) << "fill g" << EOL;
     }
-    if (encoder == nullptr) {
+    if (imageEncoder() == nullptr) {
         return;
     }
-    const std::size_t rowBytes = QsdPSBitRowBytes(rect.width);
-    {
-        QsdPSWriter out(stream());
-        writeSourceString(out, rowBytes);
-        out << rect.width << QsdSpc() << rect.height << " true";
-        writePlace(out, at);
-        writeDataSource(out);
-        out << " Im" << EOL;
-    }
-    std::vector<unsigned char> row(rowBytes);
-    encoder->startData();
-    forEachBand(*palette->display(), source, rect, [&](const QsdPixelRows& rows, std::uint32_t, std::uint32_t count) {
-        for (std::uint32_t r = 0; r < count; ++r) {
-            rows.copyRow(r, rowBytes, row.data());
-            encoder->putBytes(rowBytes, row.data());
+    std::vector<unsigned char> row(QsdPSBitRowBytes(rect.width));
+    writeSamples(_document->pageTexts, [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
+        {
+            QsdPSWriter out(&target);
+            writeSpace(out, place, rect);
+            writeSourceString(out, encoder, row.size());
+            out << rect.width << QsdSpc() << rect.height << " true";
+            writePlace(out, place, rect);
+            writeDataSource(out, encoder);
+            out << " Im" << EOL;
         }
+        encoder.startData();
+        forEachBand(*palette->display(), source, rect,
+                    [&](const QsdPixelRows& rows, std::uint32_t, std::uint32_t count) {
+                        for (std::uint32_t r = 0; r < count; ++r) {
+                            rows.copyRow(r, row.size(), row.data());
+                            encoder.putBytes(row.size(), row.data());
+                        }
+                    });
+        encoder.endData();
     });
-    encoder->endData();
 }
 
 void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPort* source, const QsdRect& rect,
-                                   const QsdPoint& at) const
+                                   const QsdPSImagePlace& place) const
 {
-    QsdPostScriptEncoder* const encoder = imageEncoder();
-    if (encoder == nullptr) {
+    if (imageEncoder() == nullptr) {
         return;
     }
     const QsdDisplay& display = *palette->display();
@@ -315,37 +332,38 @@ void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPor
         QsdPSWriter out(stream());
         out << "G ";
         writeColor(out, format.colors()[0]);
-        out << "n " << rect.width << QsdSpc() << rect.height << QsdSpc() << at << " rect fill ";
+        out << "n " << rect.width << QsdSpc() << rect.height << QsdSpc() << place.at << " rect fill ";
         writeColor(out, format.colors()[1]);
         out << EOL;
     }
     const bool asMask = format.kind() == QsdPSImageFormat::Indexed && painted;
     std::vector<unsigned char> packed(format.rowBytes(rect.width));
-    if (asMask) {
-        QsdPSWriter out(stream());
-        writeSourceString(out, packed.size());
-        out << rect.width << QsdSpc() << rect.height << " true";
-        writePlace(out, at);
-        writeDataSource(out);
-        out << " Im" << EOL;
-    } else {
-        QsdPSWriter out(stream());
-        writeSourceString(out, packed.size());
-        out << rect.width << QsdSpc() << rect.height << QsdSpc() << format.bits();
-        writePlace(out, at);
-        if (format.kind() == QsdPSImageFormat::Indexed) {
-            writeColorTable(out, format);
+    writeSamples(_document->pageTexts, [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
+        {
+            QsdPSWriter out(&target);
+            writeSpace(out, place, rect);
+            writeSourceString(out, encoder, packed.size());
+            out << rect.width << QsdSpc() << rect.height << QsdSpc();
+            if (asMask) {
+                out << "true";
+            } else {
+                out << format.bits();
+            }
+            writePlace(out, place, rect);
+            if (!asMask && format.kind() == QsdPSImageFormat::Indexed) {
+                writeColorTable(out, format);
+            }
+            writeDataSource(out, encoder);
+            constexpr const char* Operators[] = {" Ig", " I", " Ix"};
+            out << (asMask ? " Im" : Operators[format.kind()]) << EOL;
         }
-        writeDataSource(out);
-        constexpr const char* Operators[] = {" Ig", " I", " Ix"};
-        out << Operators[format.kind()] << EOL;
-    }
-    encoder->startData();
-    forEachRow([&](const unsigned char* samples) {
-        format.pack(samples, rect.width, packed.data());
-        encoder->putBytes(packed.size(), packed.data());
+        encoder.startData();
+        forEachRow([&](const unsigned char* samples) {
+            format.pack(samples, rect.width, packed.data());
+            encoder.putBytes(packed.size(), packed.data());
+        });
+        encoder.endData();
     });
-    encoder->endData();
     if (asMask) {
         QsdPSWriter(stream()) << "g" << EOL;
     }
@@ -354,11 +372,10 @@ void QsdPSPrintDevice::writeColors(const QsdPalette* palette, const QsdSystemPor
 void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,
                                    const QsdRect& rect, const QsdPoint& at) const
 {
-    if (_document->level < 3 || readsHexadecimal()) {
+    if (_document->level < 3 || readsHexadecimal(imageEncoder())) {
         writeRuns(palette, source, mask, rect, at);
         return;
     }
-    QsdPostScriptEncoder* const encoder = imageEncoder();
     const QsdDisplay& display = *palette->display();
     ColorRows colors(display, rect.width, inColor());
     const auto forEachRow = [&](auto use) {
@@ -379,47 +396,42 @@ void QsdPSPrintDevice::writeMasked(const QsdPalette* palette, const QsdSystemPor
     });
     format.decide(rect.width, rect.height, true);
     std::vector<unsigned char> packed(format.rowBytes(rect.width));
-    {
-        QsdPSWriter out(stream());
-        out << "G";
-        if (format.kind() == QsdPSImageFormat::Indexed) {
-            out << "[/Indexed/DeviceRGB ";
-            writeColorTable(out, format);
-            out << "]";
-        } else {
-            out << (format.kind() == QsdPSImageFormat::Color ? "/DeviceRGB " : "/DeviceGray ");
-        }
-        out << "setcolorspace " << rect.width << QsdSpc() << rect.height << QsdSpc() << format.bits();
-        writePlace(out, at);
-        constexpr int Ranges[] = {1, 3, 0}; // of samples between 0 and 1
-        out << Ranges[format.kind()];
-        writeDataSource(out);
-        out << " Ik" << EOL;
-    }
     std::vector<unsigned char> bits(QsdPSBitRowBytes(rect.width));
     const std::vector<unsigned char> hidden = hiddenRow(format, rect.width, components);
     std::vector<unsigned char> shown;
-    encoder->startData();
-    forEachRow([&](const unsigned char* samples, const QsdPixelRows& maskRows, std::uint32_t r) {
-        maskRows.copyRow(r, bits.size(), bits.data());
-        encoder->putBytes(bits.size(), bits.data());
-        shown = hidden;
-        QsdForEachMaskRun(maskRows, r, rect.width, [&](unsigned long first, unsigned long length, bool) {
-            std::memcpy(shown.data() + first * components, samples + first * components, length * components);
+    writeSamples(_document->pageTexts, [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
+        {
+            QsdPSWriter out(&target);
+            out << "G";
+            writeColorSpace(out, format);
+            out << "setcolorspace " << rect.width << QsdSpc() << rect.height << QsdSpc() << format.bits();
+            writePlace(out, at);
+            constexpr int Ranges[] = {1, 3, 0}; // of samples between 0 and 1
+            out << Ranges[format.kind()];
+            writeDataSource(out, encoder);
+            out << " Ik" << EOL;
+        }
+        encoder.startData();
+        forEachRow([&](const unsigned char* samples, const QsdPixelRows& maskRows, std::uint32_t r) {
+            maskRows.copyRow(r, bits.size(), bits.data());
+            encoder.putBytes(bits.size(), bits.data());
+            shown = hidden;
+            QsdForEachMaskRun(maskRows, r, rect.width, [&](unsigned long first, unsigned long length, bool) {
+                std::memcpy(shown.data() + first * components, samples + first * components, length * components);
+            });
+            format.pack(shown.data(), rect.width, packed.data());
+            encoder.putBytes(packed.size(), packed.data());
         });
-        format.pack(shown.data(), rect.width, packed.data());
-        encoder->putBytes(packed.size(), packed.data());
+        encoder.endData();
+        QsdPSWriter(&target) << "g" << EOL;
     });
-    encoder->endData();
-    QsdPSWriter(stream()) << "g" << EOL;
 }
 
 // Without masked images each run of pixels inside the mask is an image of its own.
 void QsdPSPrintDevice::writeRuns(const QsdPalette* palette, const QsdSystemPort* source, const QsdSystemPort* mask,
                                  const QsdRect& rect, const QsdPoint& at) const
 {
-    QsdPostScriptEncoder* const encoder = imageEncoder();
-    if (encoder == nullptr) {
+    if (imageEncoder() == nullptr) {
         return;
     }
     const QsdDisplay& display = *palette->display();
@@ -432,17 +444,19 @@ void QsdPSPrintDevice::writeRuns(const QsdPalette* palette, const QsdSystemPort*
             const unsigned char* const samples = colors.read(rows, r);
             QsdForEachMaskRun(maskRows, r, rect.width, [&](unsigned long begin, unsigned long length, bool) {
                 const std::size_t size = length * colors.components();
-                {
-                    QsdPSWriter out(stream());
-                    writeSourceString(out, size);
-                    out << length << " 1 8";
-                    writePlace(out, {static_cast<std::int32_t>(static_cast<std::int64_t>(begin) + at.x), y});
-                    writeDataSource(out);
-                    out << (inColor() ? " I" : " Ig") << EOL;
-                }
-                encoder->startData();
-                encoder->putBytes(size, samples + begin * colors.components());
-                encoder->endData();
+                writeSamples(_document->pageTexts, [&](std::ostream& target, QsdPostScriptEncoder& encoder) {
+                    {
+                        QsdPSWriter out(&target);
+                        writeSourceString(out, encoder, size);
+                        out << length << " 1 8";
+                        writePlace(out, {static_cast<std::int32_t>(static_cast<std::int64_t>(begin) + at.x), y});
+                        writeDataSource(out, encoder);
+                        out << (inColor() ? " I" : " Ig") << EOL;
+                    }
+                    encoder.startData();
+                    encoder.putBytes(size, samples + begin * colors.components());
+                    encoder.endData();
+                });
             });
         }
     });

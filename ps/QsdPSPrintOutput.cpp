@@ -9,6 +9,7 @@
 #include "ps/QsdPSPrologParts_p.h"
 #include "ps/QsdPSPrologText_p.h"
 #include "ps/QsdPSString.h"
+#include "ps/QsdPSTitle_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsLocale.h"
 #include "toolkit/base/QsdDate.h"
@@ -25,15 +26,51 @@ std::string_view baseName(std::string_view path)
     return path.substr(path.rfind('/') + 1);
 }
 
-/// A title that cannot be taken for one that is told later.
-std::string titleText(std::string_view title)
+/// Writes the smallest box of whole points around an extent.
+void writeBox(QsdPSWriter& out, const QsdPSExtent& extent)
 {
-    return title == "atend" ? QsdPSQuoted("atend ") : QsdPSQuoted(title);
+    const std::array<std::int32_t, 4> box = QsdPSBoxOf(extent);
+    out << box[0] << QsdSpc() << box[1] << QsdSpc() << box[2] << QsdSpc() << box[3];
 }
 
-void writeBox(QsdPSWriter& out, const std::array<std::int32_t, 4>& box)
+/// Writes a number of thousandths as a decimal fraction without trailing zeros.
+void writeThousandths(QsdPSWriter& out, std::int64_t thousandths)
 {
-    out << box[0] << QsdSpc() << box[1] << QsdSpc() << box[2] << QsdSpc() << box[3];
+    const std::int64_t positive = std::abs(thousandths);
+    out << (thousandths < 0 ? "-" : "") << positive / 1000;
+    const auto fraction = static_cast<int>(positive % 1000);
+    if (fraction == 0) {
+        return;
+    }
+    const char digits[] = {static_cast<char>('0' + fraction / 100), static_cast<char>('0' + fraction / 10 % 10),
+                           static_cast<char>('0' + fraction % 10)};
+    const std::string_view text(digits, sizeof digits);
+    out << "." << text.substr(0, text.find_last_not_of('0') + 1);
+}
+
+/// Writes the smallest box of thousandths of points around an extent.
+void writeFineBox(QsdPSWriter& out, const QsdPSExtent& extent)
+{
+    constexpr double Thousand = 1000;
+    const QsdPSExtent box = QsdPSHeldExtent(extent);
+    writeThousandths(out, static_cast<std::int64_t>(std::floor(box.left * Thousand)));
+    out << QsdSpc();
+    writeThousandths(out, static_cast<std::int64_t>(std::floor(box.bottom * Thousand)));
+    out << QsdSpc();
+    writeThousandths(out, static_cast<std::int64_t>(std::ceil(box.right * Thousand)));
+    out << QsdSpc();
+    writeThousandths(out, static_cast<std::int64_t>(std::ceil(box.top * Thousand)));
+}
+
+/// Writes comments that tell an extent, in whole points and in parts of them.
+void writeBoxComments(QsdPSWriter& out, std::string_view keyword, std::string_view fineKeyword,
+                      const QsdPSExtent& extent)
+{
+    out << keyword << QsdSpc();
+    writeBox(out, extent);
+    out << EOL << fineKeyword << QsdSpc();
+    writeFineBox(out, extent);
+    out << EOL;
 }
 
 /// A comment that lists resources, one a line.
@@ -62,6 +99,10 @@ void QsdPSPrintDevice::writeTrailer()
     finishPage();
     QsdPSPrintDocument& document = *_document;
     redirect(document.output);
+    if (document.isLost()) {
+        stream()->setstate(std::ios_base::badbit);
+        return;
+    }
     writeComments();
     writeProcedures();
     writeSetup();
@@ -78,15 +119,19 @@ void QsdPSPrintDevice::writeComments()
     const long width = static_cast<long>(document.paperWidth);
     QsdPSWriter out(stream());
     out << "%!PS-Adobe-3.0" << (encapsulated ? " EPSF-3.0" : "") << EOL;
-    out << "%%BoundingBox: ";
     if (document.bbox) {
         const QsdRect& box = *document.bbox;
-        out << box.x << QsdSpc() << height - box.bottom() << QsdSpc() << box.right() << QsdSpc() << height - box.y;
+        for (const char* const keyword : {"%%BoundingBox: ", "%%HiResBoundingBox: "}) {
+            out << keyword << box.x << QsdSpc() << height - box.bottom() << QsdSpc() << box.right() << QsdSpc()
+                << height - box.y << EOL;
+        }
     } else {
-        writeBox(out, QsdPSBoxOf(document.extent()));
+        writeBoxComments(out, "%%BoundingBox:", "%%HiResBoundingBox:", document.extent());
     }
-    out << EOL;
-    out << "%%Title: " << titleText(_hasTitle ? _title.view() : baseName(document.fileName)) << EOL;
+    const std::string title = QsdPSTitleText(_hasTitle ? _title.view() : baseName(document.fileName));
+    if (!title.empty()) {
+        out << "%%Title: " << title << EOL;
+    }
     out << "%%Creator: Dravonset" << EOL;
     out << "%%CreationDate: " << QsdGetCurrentDate().view() << EOL;
     if (document.sevenBits) {
@@ -107,12 +152,12 @@ void QsdPSPrintDevice::writeComments()
     out << "%%Orientation: " << (std::fabs(x12) > std::fabs(x11) ? "Landscape" : "Portrait") << EOL;
     ResourceList needed(out, "%%DocumentNeededResources:");
     for (const std::string& name : resources.neededFonts()) {
-        needed.add("font", QsdPSCommentName(name));
+        needed.add("font", QsdPSShortCommentName(name));
     }
     ResourceList supplied(out, "%%DocumentSuppliedResources:");
     supplied.add("procset", ProcedureSet);
     for (const std::string& name : resources.suppliedFonts()) {
-        supplied.add("font", QsdPSCommentName(name));
+        supplied.add("font", QsdPSShortCommentName(name));
     }
     out << "%%EndComments" << EOL;
 }
@@ -149,8 +194,13 @@ void QsdPSPrintDevice::writeProcedures()
             << QsdSpc() << y0 << "]imtrx matrix concatmatrix}bd" << EOL;
     }
     // What a page starts from; each page sees the matrix that it is placed under.
-    out << "/bp{/pagesave save def/imtrx matrix currentmatrix def" << EOL << "realmatrix setmatrix}bd" << EOL
-        << "/ep{pagesave restore end}bd" << EOL;
+    const bool placed = !document.bbox;
+    if (placed) {
+        QsdPSWriteText(out, QsdPSPrintSharedSheets);
+        out << "/pw " << document.paperWidth << " def/ph " << document.paperHeight << " def" << EOL;
+    }
+    out << "/bp{/pagesave save def" << (placed ? " pf" : "") << "/imtrx matrix currentmatrix def" << EOL
+        << "realmatrix setmatrix}bd" << EOL << "/ep{pagesave restore end}bd" << EOL;
     out << "end" << EOL << "%%EndResource" << EOL << "%%EndProlog" << EOL;
 }
 
@@ -167,7 +217,7 @@ void QsdPSPrintDevice::writeSetup()
                               << "%%EndFeature" << EOL;
     }
     for (const std::string& name : resources.neededFonts()) {
-        QsdPSWriter(stream()) << "%%IncludeResource: font " << QsdPSCommentName(name) << EOL;
+        QsdPSWriter(stream()) << "%%IncludeResource: font " << QsdPSShortCommentName(name) << EOL;
     }
     document.copy(resources.fontFiles());
     QsdPSWriter(stream()) << "QsdPrintDict begin" << EOL;
@@ -176,13 +226,13 @@ void QsdPSPrintDevice::writeSetup()
         QsdPSWriter out(stream());
         ++number;
         std::string_view japanese;
-        if (!font.multiByte) {
+        if (font.glyphs == QsdPSGlyphs::Latin) {
             out << "/F" << number;
             QsdPSWriteName(out, font.name, "-Qsd");
             QsdPSWriteName(out, font.name);
             out << " enc" << EOL;
         } else {
-            if (QsdPSIsOwnComposite(font.name, japanese)) {
+            if (font.glyphs == QsdPSGlyphs::MultiByte && QsdPSIsOwnComposite(font.name, japanese)) {
                 QsdPSWriteCompositeFont(out, japanese, _EUCFontScale);
             }
             out << "/F" << number;
@@ -204,9 +254,7 @@ void QsdPSPrintDevice::writePages()
         {
             QsdPSWriter out(stream());
             out << "%%Page: " << number << QsdSpc() << number << EOL;
-            out << "%%PageBoundingBox: ";
-            writeBox(out, record.box);
-            out << EOL;
+            writeBoxComments(out, "%%PageBoundingBox:", "%%PageHiResBoundingBox:", record.extent);
             ResourceList fonts(out, "%%PageResources:");
             const std::vector<bool>& used = document.fontSets[record.fonts];
             std::vector<std::string> listed;
@@ -217,10 +265,16 @@ void QsdPSPrintDevice::writePages()
                 for (const std::string& part : QsdPSPrintResources::partsOf(document.resources.fonts()[i])) {
                     if (std::find(listed.begin(), listed.end(), part) == listed.end()) {
                         listed.push_back(part);
-                        fonts.add("font", QsdPSCommentName(part));
+                        fonts.add("font", QsdPSShortCommentName(part));
                     }
                 }
             }
+            out << "%%BeginPageSetup" << EOL << "QsdPrintDict begin ";
+            if (!document.bbox) {
+                writeBox(out, record.extent);
+                out << QsdSpc();
+            }
+            out << "bp" << EOL;
         }
         document.copy(document.pageTexts, begin, record.end);
         begin = record.end;

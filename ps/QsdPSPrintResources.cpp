@@ -22,14 +22,14 @@ void QsdPSPrintResources::reset()
     _patternDefinitions.reset();
 }
 
-unsigned QsdPSPrintResources::font(std::string_view name, bool multiByte)
+unsigned QsdPSPrintResources::font(std::string_view name, QsdPSGlyphs glyphs)
 {
-    const auto same = [&](const Font& font) { return font.name == name && font.multiByte == multiByte; };
+    const auto same = [&](const Font& font) { return font.name == name && font.glyphs == glyphs; };
     const auto found = std::find_if(_fonts.begin(), _fonts.end(), same);
     if (found != _fonts.end()) {
         return static_cast<unsigned>(found - _fonts.begin());
     }
-    _fonts.push_back({std::string(name), multiByte});
+    _fonts.push_back({std::string(name), glyphs});
     return static_cast<unsigned>(_fonts.size() - 1);
 }
 
@@ -43,7 +43,7 @@ void QsdPSPrintResources::supplyFont(std::string_view name)
 std::vector<std::string> QsdPSPrintResources::partsOf(const Font& font)
 {
     std::string_view base;
-    if (!font.multiByte || !QsdPSIsOwnComposite(font.name, base)) {
+    if (font.glyphs != QsdPSGlyphs::MultiByte || !QsdPSIsOwnComposite(font.name, base)) {
         return {font.name};
     }
     return {"Helvetica", std::string(base) + "-H", std::string(base) + ".Hankaku"};

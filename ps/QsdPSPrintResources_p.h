@@ -1,6 +1,7 @@
 // The fonts and patterns of a document in which each is defined once.
 #pragma once
 
+#include "ps/QsdPSGlyphs.h"
 #include "ps/QsdPSSpool_p.h"
 
 #include <compare>
@@ -28,14 +29,14 @@ class QsdPSPrintResources {
 public:
     struct Font {
         std::string name;
-        bool multiByte = false; ///< keeps its own encoding
+        QsdPSGlyphs glyphs = QsdPSGlyphs::Latin;
     };
 
     /// Forgets everything.
     void reset();
 
     /// The number of a font, from 0; one not asked for before is defined.
-    unsigned font(std::string_view name, bool multiByte);
+    unsigned font(std::string_view name, QsdPSGlyphs glyphs);
     [[nodiscard]] const std::vector<Font>& fonts() const { return _fonts; }
     /// Notes that the document brings the file of a font.
     void supplyFont(std::string_view name);

@@ -1,6 +1,7 @@
 // Points, lines and areas: written as QsdPSDevice does, while the extent of the page grows with them.
 #include "ps/QsdPSPrintDevice.h"
 
+#include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSPrintOperation_p.h"
 #include "ps/QsdPSWriter_p.h"
 
@@ -29,6 +30,28 @@ double miter(const QsdPoint& before, const QsdPoint& corner, const QsdPoint& aft
     const double sine = std::sqrt(std::max(0.0, (1 - (ax * bx + ay * by) / lengths) / 2));
     return sine * MiterLimit < 1 ? 1 : 1 / sine;
 }
+
+/// Angles with fewer turns that draw the same arc. Interpreters draw each turn, and the number of them tells what is
+/// inside by the even-odd rule, so an odd one stays odd.
+struct ArcAngles {
+    ArcAngles(float first, float angle) : start(first), range(angle)
+    {
+        constexpr float Turn = 360;
+        constexpr float Most = 10 * Turn;
+        if (!(std::fabs(start) <= Most)) {
+            start = std::isfinite(start) ? std::fmod(start, Turn) : 0;
+        }
+        if (std::isnan(range)) {
+            range = 0;
+        } else if (std::fabs(range) > Most) {
+            const float rest = std::isinf(range) ? 0 : std::fmod(std::fabs(range), 2 * Turn);
+            range = std::copysign(2 * Turn + rest, range);
+        }
+    }
+
+    float start;
+    float range;
+};
 
 /// The box of a path whose points reach so far beyond themselves as lines do there.
 class PathBox {
@@ -74,11 +97,13 @@ void QsdPSPrintDevice::drawPoints(const QsdPalette* palette, unsigned long count
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
     setCurrentPalette(palette);
     QsdPSWriter out(stream());
+    unsigned onLine = 0;
     for (unsigned long i = 0; i < count; ++i) {
         reachRect({points[i].x, points[i].y, 1, 1}, 0);
         out << points[i] << " px";
-        if ((i + 1) % PointsPerLine == 0 || i + 1 == count) {
+        if (++onLine == PointsPerLine || i + 1 == count || out.column() >= QsdPSConventionalLength.elements) {
             out << EOL;
+            onLine = 0;
         } else {
             out << QsdSpc();
         }
@@ -173,14 +198,16 @@ void QsdPSPrintDevice::drawArc(const QsdPalette* palette, const QsdRect& rect, f
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Stroke);
     reachRect(rect, halfLineWidth(palette));
-    QsdPSDevice::drawArc(palette, rect, start, range);
+    const ArcAngles angles(start, range);
+    QsdPSDevice::drawArc(palette, rect, angles.start, angles.range);
 }
 
 void QsdPSPrintDevice::fillArc(const QsdPalette* palette, const QsdRect& rect, float start, float range) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Fill);
     reachRect(rect, 0);
-    QsdPSDevice::fillArc(palette, rect, start, range);
+    const ArcAngles angles(start, range);
+    QsdPSDevice::fillArc(palette, rect, angles.start, angles.range);
 }
 
 void QsdPSPrintDevice::fillPaths(const QsdPalette* palette, unsigned long count, const QsdPointArray* arrays) const

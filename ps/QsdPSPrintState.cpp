@@ -4,6 +4,7 @@
 
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSFontFile_p.h"
+#include "ps/QsdPSFontTraits_p.h"
 #include "ps/QsdPSGrey_p.h"
 #include "ps/QsdPSName_p.h"
 #include "ps/QsdPSPrintDocument_p.h"
@@ -31,9 +32,15 @@ Shares sharesOf(const QsdColor& color, bool inColor)
     return {grey, grey, grey};
 }
 
+/// Whether a line is solid: it has no dashes, or none of any length, which the language does not take.
+bool isSolid(const QsdLineStyle& style)
+{
+    return std::all_of(style.dashes(), style.dashes() + style.count(), [](unsigned char dash) { return dash == 0; });
+}
+
 bool sameDashes(const QsdLineStyle& a, const QsdLineStyle& b)
 {
-    return std::equal(a.dashes(), a.dashes() + a.count(), b.dashes(), b.dashes() + b.count());
+    return isSolid(a) ? isSolid(b) : std::equal(a.dashes(), a.dashes() + a.count(), b.dashes(), b.dashes() + b.count());
 }
 
 } // namespace
@@ -63,7 +70,7 @@ void QsdPSPrintDevice::writePalette(const QsdPalette* palette) const
     // The line under a text is dashed as others are.
     if ((stroke || text) && palette->lineStyle() != inForce.lineStyle.get()) {
         if (!inForce.lineStyle || !sameDashes(*palette->lineStyle(), *inForce.lineStyle)) {
-            setLineStyle(palette);
+            writeDashes(palette);
         }
         inForce.lineStyle = QsdHandle<const QsdLineStyle>(palette->lineStyle());
     }
@@ -72,6 +79,15 @@ void QsdPSPrintDevice::writePalette(const QsdPalette* palette) const
     if (stroke && inForce.lineWidth != width) {
         setLineWidth(palette);
         inForce.lineWidth = width;
+    }
+}
+
+void QsdPSPrintDevice::writeDashes(const QsdPalette* palette) const
+{
+    if (isSolid(*palette->lineStyle())) {
+        QsdPSWriter(stream()) << "[] 0 setdash" << EOL;
+    } else {
+        setLineStyle(palette);
     }
 }
 
@@ -92,13 +108,15 @@ bool QsdPSPrintDevice::inColor() const
     return getColorModel() != QsdPSGrey;
 }
 
-void QsdPSPrintDevice::writeFontSelection(int size, const char* name, const char* suffix, bool multiByte) const
+void QsdPSPrintDevice::writeFontSelection(int size, const char* name, const char* suffix, QsdPSGlyphs glyphs) const
 {
     if (stream() == nullptr) {
         return;
     }
     QsdPSPrintDocument& document = *_document;
-    const unsigned number = document.resources.font(std::string(name) + suffix, multiByte);
+    const std::string fullName = std::string(name) + suffix;
+    const bool isPiFont = glyphs == QsdPSGlyphs::Latin && QsdPSIsPiFont(fullName);
+    const unsigned number = document.resources.font(fullName, isPiFont ? QsdPSGlyphs::Own : glyphs);
     QsdPSInForce& inForce = document.inForce;
     const std::pair wanted(number, size);
     if (inForce.fontAndSize == wanted) {
@@ -121,8 +139,8 @@ void QsdPSPrintDevice::writeFontSelection(int size, const char* name, const char
     out << " sf" << EOL;
 }
 
-// The file is the whole document's, so it goes to the setup; one that breaks off is left out, as is one that is not
-// there.
+// The file is the whole document's, so it goes to the setup. One that is not there, breaks off or is no font is left
+// out.
 void QsdPSPrintDevice::writeFontFile(const char* fileName, const char* name, const char* suffix) const
 {
     QsdPSFontFile file(fileName);
@@ -134,13 +152,13 @@ void QsdPSPrintDevice::writeFontFile(const char* fileName, const char* name, con
     QsdPSWriteWhole(document.resources.fontFiles(), [&](QsdPSSpool& spool) {
         const std::uint64_t before = spool.size();
         QsdPSWriter out(&spool);
-        out << "%%BeginResource: font " << QsdPSCommentName(fullName) << EOL;
-        if (!file.copyTo(out)) {
+        out << "%%BeginResource: font " << QsdPSShortCommentName(fullName) << EOL;
+        if (!file.writeAsText(out)) {
             out.commit();
             spool.truncate(before);
             return;
         }
-        out << EOL << "%%EndResource" << EOL;
+        out << "%%EndResource" << EOL;
         document.resources.supplyFont(fullName);
         document.sevenBits = document.sevenBits && file.isSevenBits();
     });

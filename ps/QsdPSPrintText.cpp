@@ -2,6 +2,8 @@
 // printer's own fonts.
 #include "ps/QsdPSPrintDevice.h"
 
+#include "ps/QsdPSFiniteMatrix_p.h"
+#include "ps/QsdPSFontTraits_p.h"
 #include "ps/QsdPSPrintOperation_p.h"
 #include "ps/QsdPSString.h"
 
@@ -44,6 +46,22 @@ void QsdPSPrintDevice::noteText(const char* text, int length) const
     }
 }
 
+// Interpreters stop at texts under a matrix without an inverse, or too small for their numbers. Nobody would see them.
+bool QsdPSPrintDevice::showsText(const QsdFont& font, const QsdTransformer& t) const
+{
+    constexpr double LeastThickness = 1e-4; // points
+    const double size = QsdPSSizeOf(font) * (_PSFontScale / 100.0);
+    QsdTransformer whole(size, 0, 0, size, 0, 0);
+    const QsdPSPrintDocument& document = *_document;
+    for (const QsdTransformer* const part : {&t, &document.inForce.transformer, &document.page}) {
+        if (QsdPSIsFlat(*part)) {
+            return false;
+        }
+        whole.compose(*part);
+    }
+    return QsdPSThickness(whole) > LeastThickness;
+}
+
 // Vertical texts take the same box, turned.
 void QsdPSPrintDevice::reachString(const QsdPalette* palette, const QsdPoint& at, const char* text, int length,
                                    QsdPosition position) const
@@ -51,7 +69,7 @@ void QsdPSPrintDevice::reachString(const QsdPalette* palette, const QsdPoint& at
     noteText(text, length);
     const QsdFont& font = *palette->font();
     const TextBox box = boxOf(font, text, length, position);
-    if (font.getFamily() != nullptr && *font.getFamily() == '@') {
+    if (QsdPSIsVertical(font)) {
         const double half = box.bottom - box.top;
         reach(at.x - half, at.y + box.left - half, at.x + half, at.y + box.right + half, 0);
     } else {
@@ -63,6 +81,9 @@ void QsdPSPrintDevice::drawString(const QsdPalette* palette, const QsdPoint& at,
                                   QsdPosition position) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Text);
+    if (!showsText(*palette->font(), QsdTransformer())) {
+        return;
+    }
     reachString(palette, at, text, length, position);
     QsdPSDevice::drawString(palette, at, text, length, position);
 }
@@ -71,23 +92,30 @@ void QsdPSPrintDevice::drawIString(const QsdPalette* palette, const QsdPoint& at
                                    QsdPosition position) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Text);
+    if (!showsText(*palette->font(), QsdTransformer())) {
+        return;
+    }
     reachString(palette, at, text, length, position);
     QsdPSDevice::drawIString(palette, at, text, length, position);
 }
 
 void QsdPSPrintDevice::drawTransformedString(const QsdPalette* palette, const char* text, int length,
-                                             const QsdTransformer& t, const QsdRegion* clip) const
+                                             const QsdTransformer& given, const QsdRegion* clip) const
 {
     const QsdPSOperation operation(*this, palette, *_document, QsdPSUse::Text);
+    const QsdTransformer t = QsdPSFiniteMatrix(given);
+    if (!showsText(*palette->font(), t)) {
+        return;
+    }
     if (text != nullptr && length != 0 && *text != '\0') {
         noteText(text, length);
         const QsdFont& font = *palette->font();
         const TextBox box = boxOf(font, text, length, QsdPositionNone);
         const double size = box.bottom - box.top;
-        const bool vertical = font.getFamily() != nullptr && *font.getFamily() == '@';
         // The top of the text is at the origin of the transformer.
-        const QsdPSExtent extent = vertical ? QsdPSExtentOf(t, -size, box.left - size, size, box.right + size)
-                                            : QsdPSExtentOf(t, box.left, -Overhang * size, box.right, size);
+        const QsdPSExtent extent = QsdPSIsVertical(font)
+                                       ? QsdPSExtentOf(t, -size, box.left - size, size, box.right + size)
+                                       : QsdPSExtentOf(t, box.left, -Overhang * size, box.right, size);
         reach(extent.left, extent.bottom, extent.right, extent.top, 0);
     }
     QsdPSDevice::drawTransformedString(palette, text, length, t, clip);

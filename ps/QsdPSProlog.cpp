@@ -9,7 +9,7 @@
 #include "toolkit/base/QsLocale.h"
 #include "toolkit/encoder/QsdPostScriptEncoder.h"
 
-void QsdPSDevice::writeProlog()
+void QsdPSDevice::initFile()
 {
     const QsString decoder = QsdPostScriptEncoder::GetFullDecoderString(_encoder.get());
     QsdPSWriter out(_stream);

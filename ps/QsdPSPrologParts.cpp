@@ -1,6 +1,7 @@
 #include "ps/QsdPSPrologParts_p.h"
 
 #include "ps/QsdPSLatin1Encoding_p.h"
+#include "ps/QsdPSName_p.h"
 #include "ps/QsdPSPrologText_p.h"
 #include "ps/QsdPSWriter_p.h"
 
@@ -41,10 +42,15 @@ void QsdPSWriteLatin1Encoding(QsdPSWriter& out)
 void QsdPSWriteCompositeFont(QsdPSWriter& out, std::string_view name, int latinScale)
 {
     out << "18 dict begin" << EOL;
-    out << "/FontName /" << name << "-QSD-H def" << EOL;
+    out << "/FontName ";
+    QsdPSWriteName(out, name, "-QSD-H");
+    out << " def" << EOL;
     QsdPSWriteText(out, QsdPSPrologCompositeStart);
     out << "[/Helvetica findfont " << latinScale << " 100 div scalefont" << EOL;
-    out << " /" << name << "-H findfont" << EOL;
-    out << " /" << name << ".Hankaku findfont" << EOL;
+    for (const char* const part : {"-H", ".Hankaku"}) {
+        out << " ";
+        QsdPSWriteName(out, name, part);
+        out << " findfont" << EOL;
+    }
     QsdPSWriteText(out, QsdPSPrologCompositeEnd);
 }

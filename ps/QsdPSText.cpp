@@ -5,26 +5,20 @@
 #include "ps/QsdPSBackground_p.h"
 #include "ps/QsdPSClassicNumbers_p.h"
 #include "ps/QsdPSClipRestorer_p.h"
+#include "ps/QsdPSFontTraits_p.h"
+#include "ps/QsdPSLineLength_p.h"
 #include "ps/QsdPSString.h"
 #include "ps/QsdPSStringBody_p.h"
 #include "ps/QsdPSWriter_p.h"
 #include "toolkit/base/QsLocale.h"
 
-#include <algorithm>
 #include <climits>
-#include <cstdlib>
 #include <cwchar>
 #include <new>
 #include <string>
 #include <string_view>
 
 namespace {
-
-/// A Shift-JIS font whose family begins with an at sign writes from top to bottom.
-bool isVertical(const QsdFont& font)
-{
-    return CurrentEncoding == QsEncodingShiftJIS && font.getFamily() != nullptr && *font.getFamily() == '@';
-}
 
 QsdTransformer verticalTransformer(const QsdFont& font)
 {
@@ -61,23 +55,32 @@ std::string_view showProcedure(const QsdFont& font)
     return multiByte ? "qsdjshow g" : "qsdshow g";
 }
 
-/// The bytes of `length` wide characters in the C library's encoding; empty when they cannot be converted.
+/// The characters of a wide text in the C library's encoding, as many as fit into as many bytes as `length` and one
+/// more characters can take, whatever the length of the text; empty when one of them cannot be converted. As wcstombs,
+/// but the memory follows the text and not the length.
 std::string multiByteText(const wchar_t* text, int length)
 {
-    const std::wstring wide(text, wcsnlen(text, static_cast<std::size_t>(length)));
-    const std::size_t limit =
-        std::min((static_cast<std::size_t>(length) + 1) * static_cast<std::size_t>(_QsdGetMaxCharSize()),
-                 wide.size() * MB_LEN_MAX);
-    std::string bytes(limit + 1, '\0');
-    const std::size_t converted = std::wcstombs(bytes.data(), wide.c_str(), limit);
-    bytes.resize(converted == static_cast<std::size_t>(-1) ? 0 : converted);
+    const std::size_t limit = (static_cast<std::size_t>(length) + 1) * static_cast<std::size_t>(_QsdGetMaxCharSize());
+    std::string bytes;
+    std::mbstate_t state{};
+    for (; bytes.size() < limit && *text != L'\0'; ++text) {
+        char character[MB_LEN_MAX];
+        const std::size_t size = std::wcrtomb(character, *text, &state);
+        if (size == static_cast<std::size_t>(-1)) {
+            return std::string();
+        }
+        if (size > limit - bytes.size()) {
+            break;
+        }
+        bytes.append(character, size);
+    }
     return bytes;
 }
 
 /// Writes from the save level to the opening parenthesis; `opening` is what stands in front of the coordinates.
 void openString(QsdPSWriter& out, const QsdFont& font, const QsdPoint& at, std::string_view opening)
 {
-    if (!isVertical(font)) {
+    if (!QsdPSIsVertical(font)) {
         out << opening << at << " M 1 -1 scale(";
         return;
     }
@@ -101,7 +104,7 @@ void QsdPSDevice::drawString(const QsdPalette* palette, const QsdPoint& at, cons
     setCurrentPalette(palette);
     QsdPSWriter out(_stream);
     openString(out, *palette->font(), at, "G ");
-    QsdPSWriteStringBody(out, text, length);
+    QsdPSWriteStringBody(out, text, length, lineLength());
     out << ")" << alignment(position) << showProcedure(*palette->font()) << EOL;
 }
 
@@ -115,7 +118,7 @@ void QsdPSDevice::drawIString(const QsdPalette* palette, const QsdPoint& at, con
     {
         QsdPSWriter out(_stream);
         openString(out, *palette->font(), at, CurrentEncoding == QsEncodingShiftJIS ? "G " : " G n ");
-        QsdPSWriteStringBody(out, text, length);
+        QsdPSWriteStringBody(out, text, length, lineLength());
         out << ")" << alignment(position) << EOL //
             << "G dup true charpath pathbbox n 4 2 roll 2 copy M" << EOL
             << "3 index exch L 3 -1 roll 2 index L exch L c ";
@@ -144,7 +147,7 @@ void QsdPSDevice::drawTransformedString(const QsdPalette* palette, const char* t
 
     const QsdFont& font = *palette->font();
     QsdTransformer matrix = t;
-    if (isVertical(font)) {
+    if (QsdPSIsVertical(font)) {
         matrix = verticalTransformer(font).compose(t);
     }
     double x11, x12, x21, x22, x0, y0;
@@ -157,7 +160,7 @@ void QsdPSDevice::drawTransformedString(const QsdPalette* palette, const char* t
         writeFactors(out, x11, x12, x21, x22);
         out << "0 " << font.ascent() << " rM 1 -1 scale(";
     }
-    QsdPSWriteStringBody(out, text, length);
+    QsdPSWriteStringBody(out, text, length, lineLength());
     out << ")" << showProcedure(font) << EOL;
 }
 

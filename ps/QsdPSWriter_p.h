@@ -90,6 +90,16 @@ public:
         return *this;
     }
 
+    /// Characters of the line that this writer has begun; of a line longer than the buffer, those still in it.
+    [[nodiscard]] std::size_t column() const { return _used; }
+    /// Ends the line when it has reached a column.
+    void breakLine(std::size_t column)
+    {
+        if (_used >= column) {
+            *this << EOL;
+        }
+    }
+
     /// Hands everything collected to the stream.
     void commit()
     {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <map>
 #include <set>
 #include <sstream>
@@ -17,7 +18,7 @@ constexpr std::array<std::string_view, 5> Brackets = {"Prolog", "Setup", "PageSe
 
 /// Header comments that every document has.
 constexpr std::array<std::string_view, 6> Required = {
-    "%%BoundingBox:", "%%Title:", "%%Creator:", "%%CreationDate:", "%%Pages:", "%%LanguageLevel:"};
+    "%%BoundingBox:", "%%HiResBoundingBox:", "%%Creator:", "%%CreationDate:", "%%Pages:", "%%LanguageLevel:"};
 
 /// Operators that an encapsulated document must not use.
 constexpr std::array<std::string_view, 17> Denied = {
@@ -54,17 +55,19 @@ public:
             return _faults;
         }
         _encapsulated = _lines.front() == "%!PS-Adobe-3.0 EPSF-3.0";
-        bool inData = false;
+        std::string_view dataEnd;
         for (_number = 1; _number < _lines.size(); ++_number) {
             const std::string_view line = _lines[_number];
             checkBytes(line);
-            if (inData) {
-                inData = !isDataEnd(line);
+            if (!dataEnd.empty()) {
+                if (line.size() >= dataEnd.size() && line.substr(line.size() - dataEnd.size()) == dataEnd) {
+                    dataEnd = {};
+                }
             } else if (startsWith(line, "%%")) {
                 checkComment(line);
             } else {
                 checkCode(line);
-                inData = beginsData(line);
+                dataEnd = endOfDataBehind(line);
             }
         }
         checkEnd();
@@ -80,25 +83,26 @@ private:
             fault("longer than a line may be");
         }
         const bool clean =
-            std::all_of(line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+            std::all_of(line.begin(), line.end(), [](char c) { return (c >= ' ' && c < 0x7F) || c == '\t'; });
         if (_header.count("%%DocumentData:") != 0 && _header["%%DocumentData:"] == "Clean7Bit" && !clean) {
-            fault("not 7 bits");
+            fault("not 7 bits, or control characters");
         }
         if (line.find('\r') != std::string_view::npos) {
             fault("another kind of line end");
         }
     }
 
-    /// Samples follow an operator that reads them, up to the end mark; hexadecimal ones have none.
-    static bool beginsData(std::string_view line)
+    /// Samples follow an operator that reads them through a filter, up to its end mark; empty where there are none.
+    static std::string_view endOfDataBehind(std::string_view line)
     {
-        if (line.find("filter") == std::string_view::npos) {
-            return false;
-        }
+        constexpr std::array<std::string_view, 6> Readers = {"I", "Ig", "Im", "Ix", "Ik", "rs"};
         const std::string_view last = line.substr(line.rfind(' ') + 1);
-        return last == "I" || last == "Ig" || last == "Im" || last == "Ix" || last == "Ik" || last == "rs";
+        if (line.find("filter") == std::string_view::npos ||
+            std::find(Readers.begin(), Readers.end(), last) == Readers.end()) {
+            return {};
+        }
+        return line.find("ASCIIHexDecode") != std::string_view::npos ? ">" : "~>";
     }
-    static bool isDataEnd(std::string_view line) { return line.size() >= 2 && line.substr(line.size() - 2) == "~>"; }
 
     void checkComment(std::string_view line)
     {
@@ -141,6 +145,8 @@ private:
         declare(keyword, value);
         if (keyword == "%%BoundingBox:") {
             checkBox(value, false);
+        } else if (keyword == "%%HiResBoundingBox:") {
+            checkFineBox(value);
         }
         if (value == "(atend)") {
             fault(keyword + " is not told in the header");
@@ -191,10 +197,13 @@ private:
             if (value != std::to_string(_pages) + " " + std::to_string(_pages)) {
                 fault("page " + value + " is out of order");
             }
-            _pageHasBox = _pageHasSetup = _pageHasTrailer = false;
+            _pageHasBox = _pageHasFineBox = _pageHasSetup = _pageHasTrailer = false;
         } else if (keyword == "%%PageBoundingBox:") {
             _pageHasBox = true;
             checkBox(value, true);
+        } else if (keyword == "%%PageHiResBoundingBox:") {
+            _pageHasFineBox = true;
+            checkFineBox(value);
         } else if (keyword == "%%BeginPageSetup") {
             _pageHasSetup = true;
         } else if (keyword == "%%PageTrailer") {
@@ -209,7 +218,7 @@ private:
 
     void closePage()
     {
-        if (_pages != 0 && !(_pageHasBox && _pageHasSetup && _pageHasTrailer)) {
+        if (_pages != 0 && !(_pageHasBox && _pageHasFineBox && _pageHasSetup && _pageHasTrailer)) {
             fault("the page lacks its box, its setup or its trailer");
         }
     }
@@ -227,10 +236,30 @@ private:
             fault("a box inside out: " + value);
         }
         const bool empty = box[0] == box[2] || box[1] == box[3];
+        _lastBox = box;
         if (!ofPage) {
             _box = box;
         } else if (!empty && (box[0] < _box[0] || box[1] < _box[1] || box[2] > _box[2] || box[3] > _box[3])) {
             fault("the page reaches beyond the document's box");
+        }
+    }
+
+    /// A box in parts of points, whose whole-number box stands before it.
+    void checkFineBox(const std::string& value)
+    {
+        std::istringstream numbers(value);
+        std::array<double, 4> box{};
+        numbers >> box[0] >> box[1] >> box[2] >> box[3];
+        if (numbers.fail() || !(numbers >> std::ws).eof()) {
+            fault("no box: " + value);
+            return;
+        }
+        for (std::size_t i = 0; i < box.size(); ++i) {
+            const auto whole = static_cast<long>(i < 2 ? std::floor(box[i]) : std::ceil(box[i]));
+            if (whole != _lastBox[i]) {
+                fault("not the box before it in parts of points: " + value);
+                return;
+            }
         }
     }
 
@@ -295,8 +324,10 @@ private:
     std::set<std::string> _included;
     std::set<std::string> _defined;
     std::array<long, 4> _box{};
+    std::array<long, 4> _lastBox{}; ///< of the document or a page
     std::size_t _pages = 0;
     bool _pageHasBox = true;
+    bool _pageHasFineBox = true;
     bool _pageHasSetup = true;
     bool _pageHasTrailer = true;
 };

@@ -13,12 +13,6 @@ gzip -c a.svg >b.svgz
 "$tool" --title same b.svgz -o zipped.ps
 cmp piped.ps zipped.ps
 
-# A document is called what its only drawing is, or what it is itself.
-"$tool" a.svg -o titled.ps
-grep -q '^%%Title: (a.svg)$' titled.ps || fail "title of one drawing: $(grep Title titled.ps)"
-"$tool" a.svg b.svgz -o titled.ps
-grep -q '^%%Title: (titled.ps)$' titled.ps || fail "title of two drawings: $(grep Title titled.ps)"
-
 "$tool" a.svg b.svgz a.svg -o three.ps
 grep -q '^%%Pages: 3$' three.ps || fail "three pages"
 rm -f -- *.ps *.svgz

@@ -30,3 +30,27 @@ cat >words.svg <<'END'
 END
 expect_status 0 "$tool" words.svg -o words.ps
 grep -q -F '(\(a\) \\ \) showpage \( \{b\} \$' words.ps || fail "literal: $(grep show words.ps)"
+
+# Dashes on lines without an end: the one that is seen, or as many as the page has room for.
+cat >dashes.svg <<'END'
+<svg width="100" height="40" stroke="red" stroke-width="4" stroke-linecap="round"><path d="M9 10H1e300" stroke-dasharray="9 1e300"/>
+<path d="M-1e300 20H1e300" stroke-dasharray="5 5"/><path d="M0 30H90" stroke-dasharray="1e-7"/></svg>
+END
+expect_status 0 timeout 60 "$tool" dashes.svg -o dashes.ps
+expect_message '1 x line of too many dashes approximated'
+
+# Clips that refer twice to the one before, and in a long chain.
+clips() {
+    awk -v levels="$1" -v own="$2" 'BEGIN { print "<svg width=\"9\" height=\"9\"><clipPath id=\"c0\"><circle r=\"9\"/></clipPath>"
+        for (i = 1; i <= levels; i++) {
+            before = "clip-path=\"url(#c" i - 1 ")\""
+            printf "<clipPath id=\"c%d\" %s><rect width=\"9\" height=\"9\" %s/></clipPath>", i, before, own ? before : ""
+        }
+        printf "<rect width=\"9\" height=\"9\" clip-path=\"url(#c%d)\"/></svg>", levels }'
+}
+clips 30 1 >clips.svg
+expect_status 0 timeout 60 "$tool" clips.svg -o clips.ps
+[ ! -s err ] || fail "told: $(cat err)"
+clips 100000 0 >chain.svg
+expect_status 0 timeout 60 "$tool" chain.svg -o chain.ps
+expect_message 'nested too deep'

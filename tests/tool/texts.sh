@@ -19,19 +19,19 @@ for form in auto strings; do
 done
 expect_status 0 "$tool" --text strings other.svg
 grep -q '(Hello)' out || fail "no string in another font"
-expect_message '1 x font approximated'
+expect_message '1 text shown in another font'
 
 # Without fonts all are strings.
 echo '<fontconfig><cachedir>cache</cachedir></fontconfig>' >none.conf
 expect_status 0 env FONTCONFIG_FILE="$work/none.conf" "$tool" --text outlines plain.svg
 grep -q '(Hello)' out || fail "no string without fonts"
-expect_message '1 x outlined text approximated'
+expect_message '1 text kept as a string: it cannot be outlined'
 expect_status 0 env FONTCONFIG_FILE="$work/none.conf" "$tool" other.svg
 grep -q '(Hello)' out || fail "no string in another font without fonts"
 
 # The rest is about outlines, for which there must be a font.
 expect_status 0 "$tool" --text outlines plain.svg
-! grep -q 'outlined text approximated' err || exit 0
+! grep -q 'cannot be outlined' err || exit 0
 ! grep -q '(Hello)' out || fail "a string with --text outlines"
 expect_status 0 "$tool" other.svg
 ! grep -q '(Hello)' out || fail "a string in another font"
@@ -57,3 +57,10 @@ expect_status 0 timeout 60 "$tool" long.svg
 svg "<text y='9' font-family='Nowhere'>$(words 20000)</text>" >longer.svg
 expect_status 0 timeout 60 "$tool" longer.svg
 grep -q '(outline ' out || fail "no string for a text of 160000 letters"
+
+# A text that cuts: without fonts it is told.
+svg '<clipPath id="c"><text x="9" y="30">Hello</text></clipPath><rect width="90" height="40" clip-path="url(#c)"/>' >cut.svg
+expect_status 0 "$tool" cut.svg
+[ ! -s err ] || fail "told: $(cat err)"
+expect_status 0 env FONTCONFIG_FILE="$work/none.conf" "$tool" cut.svg
+expect_message '1 x text in a clipPath not drawn'

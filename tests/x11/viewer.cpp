@@ -181,6 +181,55 @@ TEST_F(ViewerTest, DoesNotPrintOverWhatItShows)
     session.press("P");
     EXPECT_TRUE(session.waitForTitle("picture.ps 100%, not printed")) << session.title();
     EXPECT_EQ(contentOf("picture.ps"), picture);
+    const std::string drawing = contentOf("left.svg");
+    fs::create_hard_link("left.svg", "hard.ps");
+    for (const char* output : {"left.svg", "./left.svg", "hard.ps", "other.svg"}) {
+        EXPECT_NE(runProgram({viewer, "left.svg", "--print-to", output}), 0) << output;
+        EXPECT_NE(contentOf("messages").find("not written"), std::string::npos) << contentOf("messages");
+    }
+    EXPECT_EQ(contentOf("left.svg"), drawing);
+    EXPECT_FALSE(fs::exists("other.svg"));
+}
+
+TEST_F(ViewerTest, AsksBeforeItReplacesADocument)
+{
+    std::ofstream("left.ps") << "old";
+    ViewerSession session(viewer, {"left.svg"});
+    ASSERT_TRUE(session.isShown());
+    const std::string question = "left.svg 100%, left.ps is there; P again replaces it";
+    session.press("P");
+    EXPECT_TRUE(session.waitForTitle(question)) << session.title();
+    session.press("n");
+    EXPECT_TRUE(session.waitForTitle("left.svg 100%")) << session.title();
+    session.press("P");
+    EXPECT_TRUE(session.waitForTitle(question)) << "another key is no answer: " << session.title();
+    EXPECT_EQ(contentOf("left.ps"), "old");
+    session.press("Shift_L");
+    session.press("P");
+    EXPECT_TRUE(session.waitForTitle("left.svg 100%, printed to left.ps")) << session.title();
+    EXPECT_EQ(contentOf("left.ps").substr(0, 4), "%!PS");
+    session.press("q");
+    EXPECT_EQ(session.waitForEnd(), 0);
+}
+
+TEST_F(ViewerTest, TellsWhenThereIsNoRoomForTheDocument)
+{
+    std::ofstream("left.ps") << "old";
+    const std::string run = "trap '' XFSZ; ulimit -f 100; exec \"$@\"";
+    EXPECT_EQ(runProgram({"sh", "-c", run, "sh", viewer, "picture.ppm", "picture.ppm", "picture.ppm", "picture.ppm",
+                          "--print-to", "left.ps"}),
+              1);
+    EXPECT_NE(contentOf("messages").find("left.ps: cannot be written"), std::string::npos) << contentOf("messages");
+    EXPECT_EQ(contentOf("left.ps"), "old");
+}
+
+TEST_F(ViewerTest, KeepsMessagesOutOfTheDocument)
+{
+    std::ofstream("strange.svg") << "<svg width='9' height='9'><foreignObject width='9' height='9'/></svg>";
+    ASSERT_EQ(runProgram({viewer, "strange.svg", "--print-to", "open.ps"}), 0);
+    EXPECT_NE(contentOf("messages"), "");
+    ASSERT_EQ(runProgram({"sh", "-c", "exec \"$@\" 2>&-", "sh", viewer, "strange.svg", "--print-to", "shut.ps"}), 0);
+    EXPECT_EQ(contentOf("shut.ps"), contentOf("open.ps"));
 }
 
 TEST_F(ViewerTest, TellsWhatItCannotShow)

@@ -8,14 +8,14 @@
 namespace {
 
 struct EncodingName {
-    std::string_view name; ///< lower-case letters and digits alone
+    std::string_view name; ///< in lower case, without what does not count
     QsEncoding encoding;
 };
 
 // clang-format off
 constexpr EncodingName EncodingNames[] = {
     {"ascii",       QsEncodingASCII},    {"usascii",     QsEncodingASCII},
-    {"iso646us",    QsEncodingASCII},    {"ansix341968", QsEncodingASCII},
+    {"iso646us",    QsEncodingASCII},    {"ansix3.41968", QsEncodingASCII},
     {"iso88591",    QsEncodingLatin1},   {"latin1",      QsEncodingLatin1},
     {"l1",          QsEncodingLatin1},   {"88591",       QsEncodingLatin1},
     {"cp1252",      QsEncodingCP1252},   {"windows1252", QsEncodingCP1252},
@@ -45,15 +45,14 @@ bool isSingleByte(QsEncoding encoding)
     return encoding == QsEncodingASCII || encoding == QsEncodingLatin1 || encoding == QsEncodingCP1252;
 }
 
-/// Letters in lower case and digits; everything else is left out.
+/// The name in lower case, without blanks, '-' and '_'.
 std::string normalized(std::string_view name)
 {
     std::string result;
     for (const char c : name) {
-        if (c >= 'A' && c <= 'Z') {
-            result.push_back(static_cast<char>(c - 'A' + 'a'));
-        } else if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')) {
-            result.push_back(c);
+        const bool counts = c != ' ' && c != '-' && c != '_';
+        if (counts) {
+            result.push_back(c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c);
         }
     }
     return result;

@@ -132,19 +132,36 @@ constexpr QsdFontMetrics SymbolMetrics = {1010, 293, {
      768,  741,  556,  592,  611,  690,  439,  768,  645,  795,  611,  333,  863,  333,  658,  500,
      500,  631,  549,  549,  494,  439,  521,  411,  603,  329,  603,  549,  549,  576,  521,  549,
      549,  521,  549,  603,  439,  576,  713,  686,  493,  686,  494,  480,  200,  480,  549,    0,
-     790,    0,    0,  500,    0, 1000,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,
-       0,    0,    0,    0,    0,  460,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,
-     250,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,  713,    0,    0,    0,
-       0,  549,    0,    0,    0,  576,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,
+     790,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,
        0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,
-       0,    0,    0,    0,    0,    0,    0,  549,    0,    0,    0,    0,    0,    0,    0,    0,
+     750,  620,  247,  549,  167,  713,  500,  753,  753,  753,  753, 1042,  987,  603,  987,  603,
+     400,  549,  411,  549,  549,  713,  494,  460,  549,  549,  549,  549, 1000,  603, 1000,  658,
+     823,  686,  795,  987,  768,  768,  823,  768,  768,  713,  713,  713,  713,  713,  713,  713,
+     768,  713,  790,  790,  890,  823,  549,  250,  713,  603,  603, 1042,  987,  603,  987,  603,
+     494,  329,  790,  790,  786,  713,  384,  384,  384,  384,  384,  384,  494,  494,  494,  494,
+       0,  329,  274,  686,  686,  686,  384,  384,  384,  384,  384,  384,  494,  494,  494,    0,
+}};
+
+constexpr QsdFontMetrics DingbatsMetrics = {820, 143, {
+     278,  974,  961,  974,  980,  719,  789,  790,  791,  690,  960,  939,  549,  855,  911,  933,
+     911,  945,  974,  755,  846,  762,  761,  571,  677,  763,  760,  759,  754,  494,  552,  537,
+     577,  692,  786,  788,  788,  790,  793,  794,  816,  823,  789,  841,  823,  833,  816,  831,
+     923,  744,  723,  749,  790,  792,  695,  776,  768,  792,  759,  707,  708,  682,  701,  826,
+     815,  789,  789,  707,  687,  696,  689,  786,  787,  713,  791,  785,  791,  873,  761,  762,
+     762,  759,  759,  892,  892,  788,  784,  438,  138,  277,  415,  392,  392,  668,  668,    0,
+     390,  390,  317,  317,  276,  276,  509,  509,  410,  410,  234,  234,  334,  334,    0,    0,
        0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,
-       0,    0,    0,    0,    0,    0,    0,  549,    0,    0,    0,    0,    0,    0,    0,    0,
+       0,  732,  544,  544,  910,  667,  760,  760,  776,  595,  694,  626,  788,  788,  788,  788,
+     788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,
+     788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,  788,
+     788,  788,  788,  788,  894,  838, 1016,  458,  748,  924,  748,  918,  927,  928,  928,  834,
+     873,  828,  924,  924,  917,  930,  931,  463,  883,  836,  836,  867,  867,  696,  696,  874,
+       0,  874,  760,  946,  771,  865,  771,  888,  967,  888,  831,  873,  927,  970,  918,    0,
 }};
 
 // clang-format on
 
-enum class Design { Helvetica, Times, Courier, Symbol };
+enum class Design { Helvetica, Times, Courier, Symbol, Dingbats };
 
 struct FamilyName {
     const char* name;
@@ -152,10 +169,11 @@ struct FamilyName {
 };
 
 constexpr FamilyName FamilyNames[] = {
-    {"helvetica", Design::Helvetica}, {"arial", Design::Helvetica},       {"sans", Design::Helvetica},
-    {"times", Design::Times},         {"times new roman", Design::Times}, {"serif", Design::Times},
-    {"courier", Design::Courier},     {"courier new", Design::Courier},   {"mono", Design::Courier},
-    {"fixed", Design::Courier},       {"symbol", Design::Symbol},
+    {"helvetica", Design::Helvetica},   {"arial", Design::Helvetica},       {"sans", Design::Helvetica},
+    {"times", Design::Times},           {"times new roman", Design::Times}, {"serif", Design::Times},
+    {"courier", Design::Courier},       {"courier new", Design::Courier},   {"mono", Design::Courier},
+    {"fixed", Design::Courier},         {"symbol", Design::Symbol},         {"zapf dingbats", Design::Dingbats},
+    {"zapfdingbats", Design::Dingbats},
 };
 
 Design designOf(const char* family)
@@ -182,6 +200,8 @@ const QsdFontMetrics& QsdMetricsOf(const char* family, bool bold, bool italic)
         return CourierMetrics;
     case Design::Symbol:
         return SymbolMetrics;
+    case Design::Dingbats:
+        return DingbatsMetrics;
     case Design::Helvetica:
         break;
     }

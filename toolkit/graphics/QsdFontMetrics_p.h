@@ -7,7 +7,8 @@
 struct QsdFontMetrics {
     std::uint16_t ascent;
     std::uint16_t descent;
-    /// Advances of the codes 32 to 255 in the encoding that documents give to Latin fonts; 0: no such character.
+    /// Advances of the codes 32 to 255 in the encoding that documents give to Latin fonts, or in the font's own where
+    /// its glyphs are no letters; 0: no such character.
     std::uint16_t advances[224];
 };
 

@@ -9,12 +9,15 @@ namespace {
 /// Where on its way through the dash pattern a line is.
 class Phase {
 public:
-    explicit Phase(const std::vector<double>& lengths)
-        : _lengths(lengths),
+    explicit Phase(const QsdDashPattern& pattern)
+        : _lengths(pattern.lengths),
           // An odd number of lengths takes two rounds until a dash is a dash again.
-          _period(std::accumulate(lengths.begin(), lengths.end(), 0.0) * (lengths.size() % 2 == 1 ? 2 : 1)),
-          _rest(lengths.front())
+          _period(std::accumulate(_lengths.begin(), _lengths.end(), 0.0) * (_lengths.size() % 2 == 1 ? 2 : 1)),
+          _rest(_lengths.front())
     {
+        if (pattern.offset > 0) {
+            advance(pattern.offset);
+        }
     }
 
     [[nodiscard]] bool inDash() const { return _entry % 2 == 0; }
@@ -44,13 +47,13 @@ struct Stretch {
     double end;
 };
 
-/// How far along and across a line that starts at `from` the corners of `area` lie.
+/// How far along and across a line that starts at `from` the corners of the area that is seen lie.
 struct Position {
     Stretch along;
     Stretch across;
 };
 
-Position positionOf(const QsdRect& area, QsdRealPoint from, QsdRealPoint direction)
+Position positionOf(const QsdDashView& view, QsdRealPoint from, QsdRealPoint direction)
 {
     constexpr double Infinite = std::numeric_limits<double>::infinity();
     Position position{{Infinite, -Infinite}, {Infinite, -Infinite}};
@@ -58,9 +61,9 @@ Position positionOf(const QsdRect& area, QsdRealPoint from, QsdRealPoint directi
         stretch.begin = std::min(stretch.begin, value);
         stretch.end = std::max(stretch.end, value);
     };
-    for (const std::int64_t x : {std::int64_t{area.x}, area.right()}) {
-        for (const std::int64_t y : {std::int64_t{area.y}, area.bottom()}) {
-            const QsdRealPoint corner = QsdRealPoint{static_cast<double>(x), static_cast<double>(y)} - from;
+    for (const double x : {view.topLeft.x, view.bottomRight.x}) {
+        for (const double y : {view.topLeft.y, view.bottomRight.y}) {
+            const QsdRealPoint corner = QsdRealPoint{x, y} - from;
             include(position.along, corner.x * direction.x + corner.y * direction.y);
             include(position.across, corner.x * direction.y - corner.y * direction.x);
         }
@@ -68,25 +71,38 @@ Position positionOf(const QsdRect& area, QsdRealPoint from, QsdRealPoint directi
     return position;
 }
 
-/// The part of a line of `length` from which something that reaches `reach` to all sides can be seen in `area`. The
-/// corners of very wide lines are cut there at last, so that no line has more dashes to see than the area has room for.
-Stretch seenPart(const QsdRect& area, QsdRealPoint from, QsdRealPoint direction, double length, double reach)
+/// The part of a line of `length` whose dashes are seen.
+Stretch seenPart(const QsdDashView& view, QsdRealPoint from, QsdRealPoint direction, double length)
 {
-    constexpr double FarthestCorner = 4096;
-    const Position position = positionOf(area, from, direction);
-    if (position.across.begin > reach || position.across.end < -reach) {
+    const Position position = positionOf(view, from, direction);
+    if (position.across.begin > view.reach || position.across.end < -view.reach) {
         return {0, 0};
     }
-    const double margin = std::min(reach, FarthestCorner);
-    return {std::max(0.0, position.along.begin - margin), std::min(length, position.along.end + margin)};
+    return {std::max(0.0, position.along.begin - view.margin), std::min(length, position.along.end + view.margin)};
+}
+
+double distance(QsdRealPoint from, QsdRealPoint to)
+{
+    return std::hypot(to.x - from.x, to.y - from.y);
 }
 
 } // namespace
 
-void QsdCutDashes(const QsdChain& chain, const std::vector<double>& lengths, const QsdRect& area, double reach,
+double QsdSeenLength(const QsdChain& chain, const QsdDashView& view)
+{
+    double length = 0;
+    for (std::size_t i = 0; i + 1 < chain.size(); ++i) {
+        const Stretch seen =
+            seenPart(view, chain[i], QsdDirection(chain[i], chain[i + 1]), distance(chain[i], chain[i + 1]));
+        length += std::max(0.0, seen.end - seen.begin);
+    }
+    return length;
+}
+
+void QsdCutDashes(const QsdChain& chain, const QsdDashPattern& pattern, const QsdDashView& view,
                   const std::function<void(const QsdChain& dash)>& receive)
 {
-    Phase phase(lengths);
+    Phase phase(pattern);
     QsdChain dash;
     const auto finishDash = [&] {
         if (dash.size() > 1) {
@@ -97,8 +113,8 @@ void QsdCutDashes(const QsdChain& chain, const std::vector<double>& lengths, con
     for (std::size_t i = 0; i + 1 < chain.size(); ++i) {
         const QsdRealPoint from = chain[i];
         const QsdRealPoint direction = QsdDirection(from, chain[i + 1]);
-        const double length = std::hypot(chain[i + 1].x - from.x, chain[i + 1].y - from.y);
-        const Stretch seen = seenPart(area, from, direction, length, reach);
+        const double length = distance(from, chain[i + 1]);
+        const Stretch seen = seenPart(view, from, direction, length);
         if (seen.begin >= seen.end) {
             finishDash();
             phase.advance(length);

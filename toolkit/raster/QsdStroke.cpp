@@ -61,6 +61,17 @@ QsdChain withoutRepeats(const QsdChain& chain, bool closed)
     return distinct;
 }
 
+/// Where dashes whose corners are as long as `reach` are seen in `area`. The corners of very wide lines are cut at
+/// last, so that no line has more dashes to see than the area has room for.
+QsdDashView viewOf(const QsdRect& area, double reach)
+{
+    constexpr double FarthestCorner = 4096;
+    return {{static_cast<double>(area.x), static_cast<double>(area.y)},
+            {static_cast<double>(area.right()), static_cast<double>(area.bottom())},
+            reach,
+            std::min(reach, FarthestCorner)};
+}
+
 } // namespace
 
 void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes, double miterLimit,
@@ -83,7 +94,7 @@ void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vect
     if (closed) {
         line.push_back(line.front());
     }
-    QsdCutDashes(line, dashes, area, width * miterLimit, [&](const QsdChain& dash) {
+    QsdCutDashes(line, {dashes, 0}, viewOf(area, width * miterLimit), [&](const QsdChain& dash) {
         const QsdChain distinct = withoutRepeats(dash, false);
         if (distinct.size() > 1) {
             strokeSolid(distinct, false, half, miterLimit, receive);

@@ -1,11 +1,12 @@
 #include "convert.h"
 
 #include "document_page.h"
+#include "font_map.h"
 #include "layout.h"
+#include "output_check.h"
 #include "output_file.h"
 #include "progress.h"
 #include "ps/QsdPSBulkDevice.h"
-#include "ps/QsdPSFonts_.h"
 #include "ps/QsdPSPrintDevice.h"
 #include "toolkit/base/QsdGlobalContext.h"
 #include "toolkit/base/QsdMessages.h"
@@ -15,10 +16,14 @@
 #include "toolkit/encoder/QsdRunLengthEncoder.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"
 #include "toolkit/zlib/QsdFlateEncoder.h"
+#include "toolkit_messages.h"
 
 #include <cmath>
+#include <cstring>
+#include <filesystem>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <unistd.h>
 #include <utility>
 
@@ -26,6 +31,7 @@ namespace qsdps {
 
 namespace {
 
+constexpr int UsageError = 2;
 constexpr double LargestPaper = 1e6; ///< points; as much as a page description should have to take
 
 void tell(const Options& options, const std::string& name, const std::string& message)
@@ -43,13 +49,20 @@ Pages openPages(const Options& options, bool& failed)
         std::string error;
         std::unique_ptr<DocumentPage> page = DocumentPage::open(input, options, error);
         if (page == nullptr) {
-            tell(options, nameOfInput(input), error);
+            tell(options, nameOfInput(input), options.inputs.size() > 1 ? error + "; left out" : error);
             failed = true;
         } else {
             pages.push_back(std::move(page));
         }
     }
     return pages;
+}
+
+/// The font map that the user gives, entered; an empty one where none is given. None with a reason in `error` when it
+/// cannot be used.
+std::optional<FontMap> readFontMap(const Options& options, std::string& error)
+{
+    return options.fontMap.empty() ? FontMap() : FontMap::enter(options.fontMap, error);
 }
 
 const char* localeName(QsEncoding encoding)
@@ -85,7 +98,8 @@ enum class Outcome {
 
 Outcome drawPages(QsdPSDevice& device, const Pages& pages, const PaperSize& paper, const Options& options)
 {
-    PaintTools tools(*device.display(), options.encoding, options.text);
+    PaintTools tools(*device.display(), options.encoding, options.text,
+                     [&](const std::string& family) { return mappedFamily(family, options.encoding); });
     const Sheet sheet{device,
                       &device,
                       QsdTransformer(),
@@ -98,7 +112,7 @@ Outcome drawPages(QsdPSDevice& device, const Pages& pages, const PaperSize& pape
                       : options.progress ? Progress::When::AtOnce
                                          : Progress::When::Late);
     Outcome outcome = Outcome::Complete;
-    for (std::size_t i = 0; i < pages.size(); ++i) {
+    for (std::size_t i = 0; i < pages.size() && !device.writeFailed(); ++i) {
         progress.beginPage(i + 1, pages.size());
         if (i != 0) {
             device.clip(static_cast<const QsdRegion*>(nullptr));
@@ -130,15 +144,17 @@ Outcome drawPages(QsdPSDevice& device, const Pages& pages, const PaperSize& pape
     return outcome;
 }
 
-/// The title of a document: what the user says, else that of its only page, else null, which stands for the name of
-/// the output. It is valid as long as what it comes from.
-const char* titleOf(const Options& options, const Pages& pages)
+/// The title of a document: what the user says, else that of its only page, else the output's name without folders;
+/// empty where there is none.
+std::string titleOf(const Options& options, const Pages& pages)
 {
     if (options.title) {
-        return options.title->c_str();
+        return *options.title;
     }
-    const bool isAlone = options.inputs.size() == 1 && pages.size() == 1;
-    return isAlone && !pages.front()->title().empty() ? pages.front()->title().c_str() : nullptr;
+    if (options.inputs.size() == 1) {
+        return pages.front()->title();
+    }
+    return options.output == "-" ? std::string() : std::filesystem::path(options.output).filename().string();
 }
 
 std::unique_ptr<QsdPSDevice> makeDevice(QsdDisplay& display, const Options& options, const Pages& pages,
@@ -151,7 +167,10 @@ std::unique_ptr<QsdPSDevice> makeDevice(QsdDisplay& display, const Options& opti
     }
     auto device = std::make_unique<QsdPSBulkDevice<QsdPSPrintDevice>>(&display, options.color);
     device->setTarget(&output.stream());
-    device->setTitle(titleOf(options, pages));
+    device->setTitle(titleOf(options, pages).c_str());
+    if (options.plainWhereSmaller && options.compression != Compression::None) {
+        device->setSecondEncoder(std::make_unique<QsdASCII85Encoder>(nullptr));
+    }
     return device;
 }
 
@@ -179,19 +198,53 @@ unsigned long wholePoints(double length)
     return static_cast<unsigned long>(std::ceil(length - 1e-6));
 }
 
+/// Whether the output would destroy something, which is told.
+std::optional<int> refuseOutput(const Options& options, const std::string& outputName)
+{
+    if (const std::string input = inputUnderOutput(options); !input.empty()) {
+        tell(options, outputName, "not written: it is the same file as the input " + input);
+        return 1;
+    }
+    if (const std::string ending = foreignEnding(options.output); !options.formatIsGiven && !ending.empty()) {
+        tell(options, outputName,
+             "not written: " + ending + " is no ending of PostScript documents (qsdps -f ps writes it all the same)");
+        return 2;
+    }
+    return std::nullopt;
+}
+
+/// Why a document is not complete: of the output, or else of where its pages wait until they are all known.
+std::string writeFailure(const OutputFile& output)
+{
+    if (output.writeError() != 0) {
+        return std::strerror(output.writeError());
+    }
+    std::error_code problem;
+    const std::filesystem::path folder = std::filesystem::temp_directory_path(problem);
+    const std::string name = problem ? std::string() : ", " + folder.string() + ",";
+    return "the folder for temporary files" + name + " takes no more, or memory has run out";
+}
+
 } // namespace
 
 int convert(const Options& options)
 {
+    const std::string outputName = options.output == "-" ? "standard output" : options.output;
+    if (const std::optional<int> refused = refuseOutput(options, outputName)) {
+        return *refused;
+    }
     QsdGlobalContext::GetInstance().setLocale(QsLocale(localeName(options.encoding), options.encoding));
-    if (!options.fontMap.empty() && !QsdPSFonts_::GetInstance()->load(options.fontMap.c_str(), options.encoding)) {
-        tell(options, options.fontMap, "not a font map file that can be used");
+    std::string error;
+    const std::optional<FontMap> fontMap = readFontMap(options, error);
+    if (!fontMap) {
+        tell(options, options.fontMap, error);
         return 1;
     }
     if (options.output == "-" && isatty(STDOUT_FILENO) != 0) {
-        tell(options, "standard output", "is a terminal; name a file with -o");
+        tell(options, outputName, "is a terminal; name a file with -o");
         return 1;
     }
+    tellToolkitMessages(options.program);
     bool failed = false;
     const Pages pages = openPages(options, failed);
     if (pages.empty()) {
@@ -207,9 +260,12 @@ int convert(const Options& options)
         return 1;
     }
 
-    const std::string outputName = options.output == "-" ? "standard output" : options.output;
+    if (options.paper && !leavesRoom(paper, options.margins)) {
+        std::cerr << options.program << ": --margin: the margins leave no room on the paper as it is turned\n";
+        return UsageError;
+    }
+
     OutputFile output(options.output);
-    std::string error;
     if (!output.open(error)) {
         tell(options, outputName, "cannot be written: " + error);
         return 1;
@@ -227,15 +283,21 @@ int convert(const Options& options)
     QsdSetFatalErrorHandler([](const char*, void*) {}, nullptr);
     QsdRect box{0, 0, static_cast<std::uint32_t>(device.getPaperWidth()),
                 static_cast<std::uint32_t>(device.getPaperHeight())};
-    device.initDevice(options.output.c_str(), options.format == Format::EPS ? &box : nullptr);
-    const Outcome outcome = drawPages(device, pages, paper, options);
-    device.end();
+    const bool isBegun = device.initDevice(options.output.c_str(), options.format == Format::EPS ? &box : nullptr);
+    fontMap->enterAgain();
+    const Outcome outcome = isBegun ? drawPages(device, pages, paper, options) : Outcome::Complete;
+    // A document that is not ended has written nothing yet, unless it is a plain one.
     if (outcome == Outcome::Broken) {
         tell(options, outputName, "not written");
         return 1;
     }
     if (outcome == Outcome::PartLeftOut && options.strict) {
         tell(options, outputName, "not written: something could not be drawn");
+        return 1;
+    }
+    device.end();
+    if (!isBegun || device.writeFailed() || output.writeError() != 0) {
+        tell(options, outputName, "cannot be written: " + writeFailure(output));
         return 1;
     }
     if (!output.commit(error)) {

@@ -8,23 +8,31 @@
 #include "svg/reader.h"
 #include "window_input.h"
 
+#include <filesystem>
 #include <utility>
 
 namespace qsdps {
 
 namespace {
 
-/// A file's name, which stands for its title.
+/// A file's name without folders, which stands for its title; standard input has none.
 std::string titleOfFile(const Source& source)
 {
-    return source.name == "-" ? std::string() : source.name;
+    return source.name == "-" ? std::string() : std::filesystem::path(source.name).filename().string();
+}
+
+std::string titleOfDrawing(const SvgDrawing& drawing, const Source& source)
+{
+    std::string title = drawing.title();
+    return title.empty() ? titleOfFile(source) : title;
 }
 
 /// A drawing, all of it in memory.
 class DrawingPage : public DocumentPage {
 public:
     DrawingPage(const Source& source, std::unique_ptr<SvgDrawing> drawing)
-        : DocumentPage(nameOfInput(source), titleOfFile(source), {0, 0, drawing->width(), drawing->height()}),
+        : DocumentPage(nameOfInput(source), titleOfDrawing(*drawing, source),
+                       {0, 0, drawing->width(), drawing->height()}),
           _drawing(std::move(drawing))
     {
     }

@@ -97,8 +97,8 @@ PaperSize paperFor(const std::vector<Box>& sizes, const Options& options)
 Matrix placement(double width, double height, const PaperSize& paper, const Options& options)
 {
     auto [across, down] = scaleOf(width, height, options);
-    const double roomAcross = std::max(1.0, paper.width - options.margins.left - options.margins.right);
-    const double roomDown = std::max(1.0, paper.height - options.margins.top - options.margins.bottom);
+    const double roomAcross = paper.width - options.margins.left - options.margins.right;
+    const double roomDown = paper.height - options.margins.top - options.margins.bottom;
     if (options.paper && options.fit != Fit::None && width > 0 && height > 0) {
         const double fitting = std::min(roomAcross / (width * across), roomDown / (height * down));
         if (options.fit == Fit::Page || fitting < 1) {

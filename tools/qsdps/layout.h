@@ -16,6 +16,7 @@ namespace qsdps {
 [[nodiscard]] PaperSize paperFor(const std::vector<Box>& sizes, const Options& options);
 
 /// The map from a drawing's page (CSS pixels, `width` by `height`) to points on the paper, y downwards.
+/// The margins must leave room on a paper that was asked for.
 [[nodiscard]] Matrix placement(double width, double height, const PaperSize& paper, const Options& options);
 
 /// The map from the pixels of a picture, as its file has them, to the page of a drawing (CSS pixels) that it fills as

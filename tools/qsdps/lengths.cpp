@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <string>
+#include <utility>
 
 namespace qsdps {
 
@@ -29,47 +30,62 @@ constexpr Paper Papers[] = {
     {"ledger", {1224, 792}}, {"tabloid", {792, 1224}}, {"executive", {522, 756}},
 };
 
-struct NamedColor {
-    std::string_view name;
-    Rgb color;
-};
-
-constexpr NamedColor NamedColors[] = {
-    {"black", {0, 0, 0}},    {"white", {255, 255, 255}}, {"red", {255, 0, 0}},
-    {"green", {0, 128, 0}},  {"blue", {0, 0, 255}},      {"yellow", {255, 255, 0}},
-    {"cyan", {0, 255, 255}}, {"magenta", {255, 0, 255}}, {"gray", {128, 128, 128}},
-};
-
-std::optional<std::uint8_t> hexComponent(std::string_view digits)
+/// A number at the beginning of a text, and what stands behind it; none where there is no finite one.
+std::optional<std::pair<double, std::string_view>> takeNumber(std::string_view text)
 {
-    unsigned value = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
-    if (error != std::errc() || end != digits.data() + digits.size()) {
-        return std::nullopt;
+    // The library takes no plus sign.
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-') {
+        text.remove_prefix(1);
     }
-    return static_cast<std::uint8_t>(digits.size() == 1 ? value * 17 : value);
-}
-
-} // namespace
-
-std::optional<double> parseLength(std::string_view text, double unit)
-{
     double value = 0;
     const char* const end = text.data() + text.size();
     const auto [rest, error] = std::from_chars(text.data(), end, value);
     if (error != std::errc() || !std::isfinite(value)) {
         return std::nullopt;
     }
-    const std::string name = lowerCase(std::string_view(rest, static_cast<std::size_t>(end - rest)));
-    if (name.empty()) {
-        return value * unit;
-    }
+    return std::pair(value, std::string_view(rest, static_cast<std::size_t>(end - rest)));
+}
+
+std::optional<double> pointsOf(std::string_view unit)
+{
+    const std::string name = lowerCase(unit);
     for (const Unit& known : Units) {
         if (known.name == name) {
-            return value * known.points;
+            return known.points;
         }
     }
     return std::nullopt;
+}
+
+/// Where the x between two lengths stands; that of "px" is none.
+std::size_t findCross(std::string_view text)
+{
+    std::size_t cross = text.find('x');
+    while (cross != std::string_view::npos && cross > 0 && text[cross - 1] == 'p') {
+        cross = text.find('x', cross + 1);
+    }
+    return cross;
+}
+
+} // namespace
+
+std::optional<double> parseNumber(std::string_view text, double least, double most)
+{
+    const auto number = takeNumber(text);
+    const bool isOne = number && number->second.empty() && number->first >= least && number->first <= most;
+    return isOne ? std::optional(number->first) : std::nullopt;
+}
+
+std::optional<double> parseLength(std::string_view text, double unit)
+{
+    const auto number = takeNumber(text);
+    const std::optional<double> points = !number                  ? std::nullopt
+                                         : number->second.empty() ? std::optional(unit)
+                                                                  : pointsOf(number->second);
+    if (!points || !std::isfinite(number->first * *points)) {
+        return std::nullopt;
+    }
+    return number->first * *points;
 }
 
 std::optional<Margins> parseMargins(std::string_view text)
@@ -109,42 +125,28 @@ std::optional<PaperSize> parsePaper(std::string_view text)
             return paper.size;
         }
     }
-    // The x of "px" is no separator.
-    std::size_t cross = name.find('x');
-    if (cross != std::string::npos && cross > 0 && name[cross - 1] == 'p') {
-        cross = name.find('x', cross + 1);
-    }
+    const std::size_t cross = findCross(name);
     if (cross == std::string::npos) {
         return std::nullopt;
     }
-    const std::optional<double> width = parseLength(std::string_view(name).substr(0, cross), 1);
-    const std::optional<double> height = parseLength(std::string_view(name).substr(cross + 1), 1);
+    const std::string_view across = std::string_view(name).substr(0, cross);
+    const std::string_view down = std::string_view(name).substr(cross + 1);
+    // A unit at one of them is meant for both.
+    const auto unitOf = [](std::string_view length) {
+        const auto number = takeNumber(length);
+        return number ? pointsOf(number->second) : std::nullopt;
+    };
+    const std::optional<double> width = parseLength(across, unitOf(down).value_or(1));
+    const std::optional<double> height = parseLength(down, unitOf(across).value_or(1));
     if (!width || !height || !(*width > 0) || !(*height > 0)) {
         return std::nullopt;
     }
     return PaperSize{*width, *height};
 }
 
-std::optional<Rgb> parseColor(std::string_view text)
+bool leavesRoom(const PaperSize& paper, const Margins& margins)
 {
-    const std::string name = lowerCase(text);
-    for (const NamedColor& known : NamedColors) {
-        if (known.name == name) {
-            return known.color;
-        }
-    }
-    if (name.empty() || name[0] != '#' || (name.size() != 4 && name.size() != 7)) {
-        return std::nullopt;
-    }
-    const std::size_t digits = name.size() / 3;
-    const std::string_view hex = std::string_view(name).substr(1);
-    const auto red = hexComponent(hex.substr(0, digits));
-    const auto green = hexComponent(hex.substr(digits, digits));
-    const auto blue = hexComponent(hex.substr(2 * digits, digits));
-    if (!red || !green || !blue) {
-        return std::nullopt;
-    }
-    return Rgb{*red, *green, *blue};
+    return margins.left + margins.right < paper.width && margins.top + margins.bottom < paper.height;
 }
 
 } // namespace qsdps

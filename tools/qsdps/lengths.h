@@ -1,13 +1,14 @@
-// Lengths, sizes and colours as people write them in options.
+// Numbers, lengths and sizes as people write them in options.
 #pragma once
-
-#include "drawing/paint.h"
 
 #include <array>
 #include <optional>
 #include <string_view>
 
 namespace qsdps {
+
+/// A number in these limits; none for other text.
+[[nodiscard]] std::optional<double> parseNumber(std::string_view text, double least, double most);
 
 /// A length in points of a text such as "12", "2.5cm" or "1in": mm, cm, in, pt, pc and px (1/96 inch); a bare number
 /// counts in `unit` points. None when the text is no finite length.
@@ -26,10 +27,11 @@ struct PaperSize {
     double width = 0; ///< points
     double height = 0;
 };
-/// A paper by its name ("a4", "letter", case does not count) or as WIDTHxHEIGHT, lengths above 0.
+/// A paper by its name ("a4", "letter", case does not count) or as WIDTHxHEIGHT, lengths above 0: bare numbers are
+/// points, and where one of the two has a unit, the other has the same.
 [[nodiscard]] std::optional<PaperSize> parsePaper(std::string_view text);
 
-/// "#rgb", "#rrggbb", or one of the names black, white, red, green, blue, yellow, cyan, magenta and gray.
-[[nodiscard]] std::optional<Rgb> parseColor(std::string_view text);
+/// Whether something can be drawn inside the margins of a paper.
+[[nodiscard]] bool leavesRoom(const PaperSize& paper, const Margins& margins);
 
 } // namespace qsdps

@@ -1,16 +1,23 @@
 // qsdps: drawings into PostScript.
 #include "convert.h"
 #include "options.h"
+#include "standard_files.h"
 
 #include <exception>
 #include <iostream>
 
 int main(int argc, char** argv)
 {
+    if (!qsdps::openStandardFiles()) {
+        return 1;
+    }
     try {
         int exitCode = 0;
         const std::optional<qsdps::Options> options = qsdps::parseOptions(argc, argv, exitCode);
-        return options ? qsdps::convert(*options) : exitCode;
+        if (!options) {
+            return qsdps::finishStandardOutput("qsdps") ? exitCode : 1;
+        }
+        return qsdps::convert(*options);
     } catch (const std::exception& error) {
         std::cerr << "qsdps: " << error.what() << '\n';
         return 1;

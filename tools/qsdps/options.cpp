@@ -1,31 +1,16 @@
 #include "options.h"
 
-#include "toolkit/base/QsdVersion.h"
+#include "command_line.h"
+#include "lower_case.h"
+#include "page/colors.h"
+#include "svg/color.h"
 
-#include <CLI/CLI.hpp>
-#include <cmath>
-#include <functional>
-#include <iostream>
-#include <map>
+#include <algorithm>
+#include <utility>
 
 namespace qsdps {
 
 namespace {
-
-constexpr int UsageError = 2;
-
-/// A CLI check that passes what `parse` understands and stores it.
-template <class Parse, class Target>
-CLI::callback_t storing(Parse parse, Target& target)
-{
-    return [parse, &target](const CLI::results_t& texts) {
-        const auto value = parse(texts.back());
-        if (value) {
-            target = *value;
-        }
-        return value.has_value();
-    };
-}
 
 struct Alignment {
     double x;
@@ -65,9 +50,45 @@ std::optional<double> parsePositiveLength(const std::string& text)
     return length && *length > 0 ? length : std::nullopt;
 }
 
+std::optional<double> parseZoom(const std::string& text)
+{
+    constexpr double Least = 1e-4;
+    constexpr double Most = 1e4;
+    return parseNumber(text, Least, Most);
+}
+
+std::optional<double> parseDpi(const std::string& text)
+{
+    constexpr double Least = 1;
+    constexpr double Most = 1e5;
+    return parseNumber(text, Least, Most);
+}
+
+/// A colour as it looks on white paper; none inside for one that leaves the paper bare.
+std::optional<std::optional<Rgb>> parsePaperColor(const std::string& text)
+{
+    const std::optional<svg::Color> color = svg::parseColor(text);
+    if (!color) {
+        return std::nullopt;
+    }
+    constexpr Rgb White{255, 255, 255};
+    const Ink ink{color->rgb, color->alpha};
+    return std::optional<Rgb>(ink.isInvisible() ? std::nullopt : std::optional(blend(ink, 1, White)));
+}
+
+std::optional<std::string> parseFileName(const std::string& text)
+{
+    return text.empty() ? std::nullopt : std::optional(text);
+}
+
+std::optional<std::string> anyText(const std::string& text)
+{
+    return text;
+}
+
 bool endsWith(const std::string& text, const std::string& end)
 {
-    return text.size() >= end.size() && CLI::detail::to_lower(text.substr(text.size() - end.size())) == end;
+    return lowerCase(text).ends_with(end);
 }
 
 /// The compression that a name asks for. Automatic: the best that interpreters of the level know. The documents of the
@@ -82,12 +103,69 @@ Compression compressionOf(const std::string& name, const Options& options)
         return Compression::None;
     }
     if (plain) {
-        throw CLI::ValidationError("--compress", "hexadecimal data is not compressed");
+        CommandLine::refuse("--compress", "hexadecimal data is not compressed");
     }
     if (name == "flate" && options.level < 3) {
-        throw CLI::ValidationError("--compress", "flate takes --level 3");
+        CommandLine::refuse("--compress", "flate takes --level 3");
     }
     return name == "flate" ? Compression::Flate : name == "lzw" ? Compression::LZW : Compression::RunLength;
+}
+
+/// An option that may be given often, and its values.
+struct Values {
+    const CLI::Option* option;
+    const std::vector<std::string>& texts;
+};
+
+/// The inputs in the order in which they are given; standard input where there are none.
+std::vector<Source> inputsOf(const CLI::App& app, const Values& files, const Values& windows)
+{
+    std::vector<Source> inputs;
+    auto nextFile = files.texts.begin();
+    auto nextWindow = windows.texts.begin();
+    for (const CLI::Option* const option : app.parse_order()) {
+        if (option == files.option) {
+            inputs.push_back({Source::File, *nextFile++});
+        } else if (option == windows.option) {
+            inputs.push_back({Source::Window, *nextWindow++});
+        }
+    }
+    if (inputs.empty()) {
+        inputs.push_back({Source::File, "-"});
+    }
+    return inputs;
+}
+
+/// Whether the margins leave room on the paper, whichever way it may be turned.
+bool leavesRoomOnPaper(const Options& options)
+{
+    const double shorter = std::min(options.paper->width, options.paper->height);
+    const double longer = std::max(options.paper->width, options.paper->height);
+    const bool upright =
+        options.orientation != Orientation::Landscape && leavesRoom({shorter, longer}, options.margins);
+    const bool turned = options.orientation != Orientation::Portrait && leavesRoom({longer, shorter}, options.margins);
+    return upright || turned;
+}
+
+/// Refuses options that do not go together.
+void refuseContradictions(const Options& options, bool asksForAscii85, bool asksToFit)
+{
+    if (options.level == 1 && asksForAscii85) {
+        CommandLine::refuse("--encoder", "level 1 documents have hexadecimal data");
+    }
+    if (options.classic && options.level > 2) {
+        CommandLine::refuse("--level", "the base device draws pictures at levels 1 and 2 alone");
+    }
+    if (asksToFit && !options.paper) {
+        CommandLine::refuse("--fit", "expected a paper to fit, given with --paper");
+    }
+    if (options.paper && !leavesRoomOnPaper(options)) {
+        CommandLine::refuse("--margin", "the margins leave no room on the paper");
+    }
+    if (options.format == Format::EPS && options.inputs.size() > 1) {
+        CommandLine::refuse("", "an EPS document holds one page, but " + std::to_string(options.inputs.size()) +
+                                    " inputs are given");
+    }
 }
 
 } // namespace
@@ -95,15 +173,13 @@ Compression compressionOf(const std::string& name, const Options& options)
 std::optional<Options> parseOptions(int argc, const char* const* argv, int& exitCode)
 {
     Options options;
-    CLI::App app(
+    CommandLine line(
+        "qsdps",
         "Turns SVG drawings, PNG, JPEG and PNM pictures and windows of X into PostScript. Several of them become the "
         "pages of one document.",
-        "qsdps");
-    app.set_help_flag("-?,--help", "Print this help and exit");
-    app.set_version_flag("--version", std::string("qsdps ") + QsdGetVersionString());
-    app.footer(
         "Lengths take mm, cm, in, pt, pc and px. Pictures have at most 1,000,000 pixels a side and 1,000 million in "
         "all; interlaced and progressive ones 100 million. Exit status: 0 done, 1 some file failed, 2 wrong usage.");
+    CLI::App& app = line.app();
 
     std::vector<std::string> files;
     const CLI::Option* const fileOption =
@@ -115,109 +191,86 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, int& exit
                        "hexadecimal), its name, or root; may be given often and among files")
             ->type_name("ID|NAME|root")
             ->allow_extra_args(false);
-    app.add_option("-o,--output", options.output, "Where the document goes; - (the default): standard output")
-        ->type_name("FILE");
+    line.expect("--window", "a window's number or name, or root");
+    line.add("-o,--output", "FILE", "Where the document goes; - (the default): standard output",
+             "a file's name, or - for standard output", parseFileName, options.output);
     std::string format;
-    app.add_option("-f,--format", format, "ps or eps; the default follows the output's suffix")
-        ->check(CLI::IsMember({"ps", "eps"}));
-    app.add_option(
-           "-p,--paper", storing(parsePaper, options.paper),
-           "Paper: a0 to a6, b3 to b5, letter, legal, tabloid, ledger, executive or WIDTHxHEIGHT; the default is "
-           "the drawing's own size")
-        ->type_name("NAME|WxH");
-    const std::map<std::string, Orientation> orientations = {
-        {"auto", Orientation::Auto}, {"portrait", Orientation::Portrait}, {"landscape", Orientation::Landscape}};
-    app.add_option("--orientation", options.orientation, "Which side of the paper is up: portrait, landscape or auto")
-        ->transform(CLI::CheckedTransformer(orientations).description(""))
-        ->type_name("NAME");
-    const std::map<std::string, Fit> fits = {{"none", Fit::None}, {"shrink", Fit::Shrink}, {"page", Fit::Page}};
-    app.add_option("--fit", options.fit,
-                   "How drawings and pictures fit a given paper: none, shrink (large ones; the default) or page")
-        ->transform(CLI::CheckedTransformer(fits).description(""))
-        ->type_name("NAME");
-    app.add_option("-m,--margin", storing(parseMargins, options.margins),
-                   "Margins of the paper, bare numbers in points")
-        ->type_name("L[,T,R,B]");
+    line.addChoice<std::string>("-f,--format", "ps or eps; the default follows the output's suffix",
+                                {{"ps", "ps"}, {"eps", "eps"}}, format);
+    line.add("-p,--paper", "NAME|WxH",
+             "Paper: a0 to a6, b3 to b5, letter, legal, tabloid, ledger, executive or WIDTHxHEIGHT; the default is "
+             "the drawing's own size",
+             "a0 to a6, b3 to b5, letter, legal, tabloid, ledger, executive or two lengths above 0 such as 100x50mm",
+             parsePaper, options.paper);
+    line.addChoice<Orientation>(
+        "--orientation", "Which side of the paper is up: portrait, landscape or auto",
+        {{"auto", Orientation::Auto}, {"portrait", Orientation::Portrait}, {"landscape", Orientation::Landscape}},
+        options.orientation);
+    std::optional<Fit> fit;
+    line.addChoice<std::optional<Fit>>(
+        "--fit", "How drawings and pictures fit a given paper: none, shrink (large ones; the default) or page",
+        {{"none", Fit::None}, {"shrink", Fit::Shrink}, {"page", Fit::Page}}, fit);
+    line.add("-m,--margin", "L[,T,R,B]", "Margins of the paper, bare numbers in points",
+             "one length or four (left, top, right, bottom) with commas, none below 0", parseMargins, options.margins);
     Alignment alignment{options.alignX, options.alignY};
-    app.add_option("--align", storing(parseAlignment, alignment),
-                   "Where on the paper: center, or words of top, bottom, left and right joined by -")
-        ->type_name("PLACE");
-    app.add_option("-w,--width", storing(parsePositiveLength, options.width),
-                   "Width of each drawing, bare numbers in px")
-        ->type_name("LENGTH");
-    app.add_option("-h,--height", storing(parsePositiveLength, options.height),
-                   "Height of each drawing, bare numbers in px")
-        ->type_name("LENGTH");
-    app.add_option("-z,--zoom", options.zoom, "Enlarge each drawing by this factor")->check(CLI::Range(1e-4, 1e4));
-    app.add_option("-d,--dpi", options.dpi, "Pixels in an inch of drawings, and of pictures that do not state it (96)")
-        ->check(CLI::Range(1.0, 1e5));
-    app.add_option("-b,--background", storing(parseColor, options.background), "Colour of the paper: #rrggbb or a name")
-        ->type_name("COLOR");
-    app.add_option("--level", options.level, "PostScript language level: 1, 2 (the default) or 3")
-        ->check(CLI::IsMember({1UL, 2UL, 3UL}));
-    const std::map<std::string, QsdPSColorModel> models = {{"rgb", QsdPSRGB}, {"grey", QsdPSGrey}, {"gray", QsdPSGrey}};
-    app.add_option("--color", options.color, "Colour model: rgb (the default) or grey")
-        ->transform(CLI::CheckedTransformer(models).description(""))
-        ->type_name("NAME");
+    line.add("--align", "PLACE", "Where on the paper: center, or words of top, bottom, left and right joined by -",
+             "center, or words of top, bottom, left and right joined by -", parseAlignment, alignment);
+    line.add("-w,--width", "LENGTH", "Width of each drawing, bare numbers in px", "a length above 0 such as 10cm",
+             parsePositiveLength, options.width);
+    line.add("-h,--height", "LENGTH", "Height of each drawing, bare numbers in px",
+             "a length above 0 such as 10cm (-h is the height, --help prints the help)", parsePositiveLength,
+             options.height);
+    line.add("-z,--zoom", "FACTOR", "Enlarge each drawing by this factor", "a number from 0.0001 to 10000", parseZoom,
+             options.zoom);
+    line.add("-d,--dpi", "NUMBER", "Pixels in an inch of drawings, and of pictures that do not state it (96)",
+             "a number from 1 to 100000", parseDpi, options.dpi);
+    line.add("-b,--background", "COLOR", "Colour of the paper, as drawings name it: red, #rrggbb, rgb(), hsl(), ...",
+             "a colour such as red, #ff0000, rgb(255,0,0) or hsl(0,100%,50%)", parsePaperColor, options.background);
+    line.addChoice<unsigned long>("--level", "PostScript language level: 1, 2 (the default) or 3",
+                                  {{"1", 1}, {"2", 2}, {"3", 3}}, options.level);
+    line.addChoice<QsdPSColorModel>("--color", "Colour model: rgb (the default) or grey",
+                                    {{"rgb", QsdPSRGB}, {"grey", QsdPSGrey}, {"gray", QsdPSGrey}}, options.color);
     std::string encoder;
-    app.add_option("--encoder", encoder, "Encoding of image data: ascii85 (the default above level 1) or hex")
-        ->check(CLI::IsMember({"ascii85", "hex"}));
+    line.addChoice<std::string>("--encoder", "Encoding of image data: ascii85 (the default above level 1) or hex",
+                                {{"ascii85", "ascii85"}, {"hex", "hex"}}, encoder);
     std::string compression = "auto";
-    app.add_option("--compress", compression,
-                   "Compression of image data: auto (the default), flate (level 3), lzw, runlength or none")
-        ->check(CLI::IsMember({"auto", "flate", "lzw", "runlength", "none"}));
+    line.addChoice<std::string>(
+        "--compress", "Compression of image data: auto (the default), flate (level 3), lzw, runlength or none",
+        {{"auto", "auto"}, {"flate", "flate"}, {"lzw", "lzw"}, {"runlength", "runlength"}, {"none", "none"}},
+        compression);
     app.add_flag("--classic", options.classic,
                  "Write plain documents, whose pages rely on those before, with the base device");
-    app.add_option("--title", options.title, "The document's title (the name of its only input, or of the output)");
-    const std::map<std::string, QsEncoding> encodings = {
-        {"latin1", QsEncodingLatin1}, {"euc-jp", QsEncodingEUCJP}, {"sjis", QsEncodingShiftJIS}};
-    app.add_option("--encoding", options.encoding,
-                   "Encoding of the document's texts: latin1 (the default), euc-jp or sjis")
-        ->transform(CLI::CheckedTransformer(encodings).description(""))
-        ->type_name("NAME");
-    const std::map<std::string, TextForm> textForms = {
-        {"auto", TextForm::Auto}, {"strings", TextForm::Strings}, {"outlines", TextForm::Outlines}};
-    app.add_option("--text", options.text,
-                   "What texts become: strings, which can be searched, outlines of installed fonts, or auto (the "
-                   "default): strings where a printer's fonts serve")
-        ->transform(CLI::CheckedTransformer(textForms).description(""))
-        ->type_name("FORM");
-    app.add_option("--font-map", options.fontMap, "A font map file to read in addition")->type_name("FILE");
+    line.add("--title", "TEXT",
+             "The document's title (that of its only drawing or its file's name, or the name of the output)", "a text",
+             anyText, options.title);
+    line.addChoice<QsEncoding>(
+        "--encoding", "Encoding of the document's texts: latin1 (the default), euc-jp or sjis",
+        {{"latin1", QsEncodingLatin1}, {"euc-jp", QsEncodingEUCJP}, {"sjis", QsEncodingShiftJIS}}, options.encoding);
+    line.addChoice<TextForm>(
+        "--text",
+        "What texts become: strings, which can be searched, outlines of installed fonts, or auto "
+        "(the default): strings where a printer's fonts serve",
+        {{"auto", TextForm::Auto}, {"strings", TextForm::Strings}, {"outlines", TextForm::Outlines}}, options.text);
+    line.add("--font-map", "FILE", "A font map file to read in addition", "a file's name", parseFileName,
+             options.fontMap);
     app.add_flag("--strict", options.strict, "Fail when something of a drawing cannot be drawn");
     app.add_flag("-q,--quiet", options.quiet, "Do not tell what was approximated or left out, nor show progress");
     app.add_flag("-v,--verbose", options.verbose, "Tell what is being done");
     app.add_flag("--progress", options.progress, "Show progress on a terminal at once, not only when a run takes long");
 
-    try {
-        app.parse(argc, argv);
-        if (options.level == 1 && encoder == "ascii85") {
-            throw CLI::ValidationError("--encoder", "level 1 documents have hexadecimal data");
-        }
-        if (options.classic && options.level > 2) {
-            throw CLI::ValidationError("--level", "the base device draws pictures at levels 1 and 2 alone");
-        }
+    const auto check = [&] {
         options.hexEncoder = encoder == "hex";
+        options.fit = fit.value_or(options.fit);
         options.compression = compressionOf(compression, options);
-        auto nextFile = files.begin();
-        auto nextWindow = windows.begin();
-        for (const CLI::Option* option : app.parse_order()) {
-            if (option == fileOption) {
-                options.inputs.push_back({Source::File, *nextFile++});
-            } else if (option == windowOption) {
-                options.inputs.push_back({Source::Window, *nextWindow++});
-            }
-        }
-        if (options.inputs.empty()) {
-            options.inputs.push_back({Source::File, "-"});
-        }
+        options.plainWhereSmaller = compression == "auto";
+        options.inputs = inputsOf(app, {fileOption, files}, {windowOption, windows});
         const bool eps = format == "eps" ||
                          (format.empty() && (endsWith(options.output, ".eps") || endsWith(options.output, ".epsf")));
         options.format = eps ? Format::EPS : Format::PS;
-        if (eps && options.inputs.size() > 1) {
-            throw CLI::ValidationError("FILE", "an EPS document holds one page");
-        }
-    } catch (const CLI::ParseError& error) {
-        exitCode = app.exit(error) == 0 ? 0 : UsageError;
+        options.formatIsGiven = !format.empty();
+        refuseContradictions(options, encoder == "ascii85", fit.has_value());
+    };
+    if (!line.parse(argc, argv, check, exitCode)) {
         return std::nullopt;
     }
     options.alignX = alignment.x;

@@ -1,6 +1,7 @@
 // What the user asked for.
 #pragma once
 
+#include "drawing/paint.h"
 #include "lengths.h"
 #include "page/text_form.h"
 #include "ps/QsdPSColorModel.h"
@@ -32,6 +33,7 @@ struct Options {
     std::vector<Source> inputs;
     std::string output = "-"; ///< a file name; "-" is standard output
     Format format = Format::PS;
+    bool formatIsGiven = false;     ///< rather than taken from the output's name
     std::optional<PaperSize> paper; ///< none: that of the drawings
     Orientation orientation = Orientation::Auto;
     Fit fit = Fit::Shrink;
@@ -47,6 +49,7 @@ struct Options {
     QsdPSColorModel color = QsdPSRGB;
     bool hexEncoder = false;
     Compression compression = Compression::None; ///< of image data; none at level 1 and in hexadecimal
+    bool plainWhereSmaller = false;              ///< of data that compression makes larger: none
     bool classic = false;                        ///< the device whose text never changes
     std::optional<std::string> title;
     QsEncoding encoding = QsEncodingLatin1;

@@ -1,41 +1,21 @@
 #include "output_file.h"
 
-#include <array>
+#include "output_check.h"
+#include "removed_on_signal.h"
+
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <streambuf>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace qsdps {
 
 namespace {
-
-/// The file to remove when a signal ends the program; one output is written at a time.
-std::array<char, 4096> removedBySignal{};
-
-void removeAndDie(int signal)
-{
-    if (removedBySignal[0] != '\0') {
-        unlink(removedBySignal.data());
-    }
-    std::signal(signal, SIG_DFL);
-    std::raise(signal);
-}
-
-void removeOnSignal(const std::string& path)
-{
-    if (path.size() < removedBySignal.size()) {
-        std::memcpy(removedBySignal.data(), path.c_str(), path.size() + 1);
-        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-            std::signal(signal, removeAndDie);
-        }
-    }
-}
 
 /// The permissions that a new file would get.
 mode_t newFileMode()
@@ -45,20 +25,11 @@ mode_t newFileMode()
     return 0666 & ~mask;
 }
 
-/// Follows symbolic links to the name of what they stand for, which need not be there yet. Links that go round are left
-/// to the system to complain about.
-std::string linkTarget(std::string name)
+/// The name, to be filled in, of a file that waits in the folder of another. It is short, whatever the other's is: the
+/// system may take no longer name than that.
+std::string temporaryBeside(const std::string& file)
 {
-    constexpr int MostLinks = 40; // as the system has it
-    for (int i = 0; i < MostLinks; ++i) {
-        std::error_code error;
-        const std::filesystem::path target = std::filesystem::read_symlink(name, error);
-        if (error) {
-            break;
-        }
-        name = (std::filesystem::path(name).parent_path() / target).string();
-    }
-    return name;
+    return (std::filesystem::path(file).parent_path() / "qsdps-XXXXXX").string();
 }
 
 } // namespace
@@ -71,12 +42,14 @@ public:
 
     [[nodiscard]] int error() const { return _error; }
 
+    /// Some file systems tell of a failed write no earlier than this. Of a file that others hold open as well, a second
+    /// descriptor is closed.
     void close()
     {
-        if (_closes && ::close(_descriptor) != 0 && _error == 0) {
+        const int closed = std::exchange(_closed, true) ? -1 : _closes ? _descriptor : dup(_descriptor);
+        if (closed >= 0 && ::close(closed) != 0 && _error == 0) {
             _error = errno;
         }
-        _closes = false;
     }
 
 protected:
@@ -105,7 +78,8 @@ protected:
 
 private:
     int _descriptor;
-    bool _closes;
+    bool _closes; ///< whether nobody else holds the file
+    bool _closed = false;
     int _error = 0;
 };
 
@@ -119,35 +93,53 @@ OutputFile::~OutputFile()
 bool OutputFile::open(std::string& error)
 {
     std::signal(SIGPIPE, SIG_IGN);
-    int descriptor = STDOUT_FILENO;
-    if (_name != "-") {
-        struct stat status {};
-        const bool exists = stat(_name.c_str(), &status) == 0;
-        if (!exists && errno == ELOOP) {
-            error = std::strerror(errno);
-            return false;
-        }
-        if (exists && !S_ISREG(status.st_mode)) {
-            descriptor = ::open(_name.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
-        } else {
-            _final = linkTarget(_name);
-            _temporary = _final + ".XXXXXX";
-            descriptor = mkostemp(_temporary.data(), O_CLOEXEC);
-            if (descriptor < 0) {
-                _temporary.clear();
-            } else {
-                fchmod(descriptor, exists ? status.st_mode & 07777 : newFileMode());
-                removeOnSignal(_temporary);
-            }
-        }
-        if (descriptor < 0) {
-            error = std::strerror(errno);
-            return false;
-        }
+    const int descriptor = _name == "-" ? STDOUT_FILENO : openNamed(error);
+    if (descriptor < 0) {
+        return false;
     }
     _buffer = std::make_unique<Buffer>(descriptor, _name != "-");
     _stream = std::make_unique<std::ostream>(_buffer.get());
     return true;
+}
+
+int OutputFile::openNamed(std::string& error)
+{
+    struct stat status {};
+    const bool exists = stat(_name.c_str(), &status) == 0;
+    if (_name.empty() || (!exists && errno != ENOENT)) {
+        error = std::strerror(errno);
+        return -1;
+    }
+    if (exists && S_ISREG(status.st_mode) && !mayBeReplaced(_name, status)) {
+        error = "the file of this name is write-protected";
+        return -1;
+    }
+    const int descriptor = exists && !S_ISREG(status.st_mode)
+                               ? ::open(_name.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC)
+                               : openTemporary(exists ? status.st_mode & 07777 : newFileMode());
+    if (descriptor < 0) {
+        error = std::strerror(errno);
+    }
+    return descriptor;
+}
+
+int OutputFile::openTemporary(mode_t mode)
+{
+    _final = linkTarget(_name);
+    _temporary = temporaryBeside(_final);
+    const int descriptor = createRemovedOnSignal(_temporary);
+    if (descriptor < 0) {
+        _temporary.clear();
+        return descriptor;
+    }
+    // A file system without permissions refuses; the document is whole all the same.
+    static_cast<void>(fchmod(descriptor, mode));
+    return descriptor;
+}
+
+int OutputFile::writeError() const
+{
+    return _buffer->error();
 }
 
 bool OutputFile::commit(std::string& error)
@@ -162,7 +154,7 @@ bool OutputFile::commit(std::string& error)
         return false;
     }
     _temporary.clear();
-    removedBySignal[0] = '\0';
+    keepOnSignal();
     return true;
 }
 
@@ -171,7 +163,7 @@ void OutputFile::discard()
     if (!_temporary.empty()) {
         unlink(_temporary.c_str());
         _temporary.clear();
-        removedBySignal[0] = '\0';
+        keepOnSignal();
     }
 }
 

@@ -4,13 +4,14 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <sys/types.h>
 
 namespace qsdps {
 
 /// Receives a document under a temporary name in the folder of its final one, which it gets when it is complete, so
-/// that a run that fails leaves nothing behind and an existing file as it was. A symbolic link stays one: the file that
-/// it stands for is written. "-" is standard output; a device or a pipe is written to directly. The stream
-/// has no buffer: give it large blocks.
+/// that a run that fails, or that a signal ends, leaves nothing behind and an existing file as it was. A symbolic link
+/// stays one: the file that it stands for is written. "-" is standard output; a device or a pipe is written to
+/// directly. The stream has no buffer: give it large blocks.
 class OutputFile {
 public:
     explicit OutputFile(std::string name);
@@ -19,16 +20,22 @@ public:
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    /// Opens the file; false, and a reason in `error`, when that fails.
+    /// Opens the file; false, and a reason in `error`, when that fails, or the user may not write a file that is there.
     [[nodiscard]] bool open(std::string& error);
     /// The stream to write to, once the file is open.
     [[nodiscard]] std::ostream& stream() { return *_stream; }
+    /// Why some of what the stream was given was not written, as an error of the system; 0 when all was.
+    [[nodiscard]] int writeError() const;
     /// Writes what is left and gives the document its name; false, and a reason in `error`, when that fails.
     [[nodiscard]] bool commit(std::string& error);
 
 private:
     class Buffer;
 
+    /// Opens a file that has a name; -1, and a reason in `error`, when that fails.
+    [[nodiscard]] int openNamed(std::string& error);
+    /// Opens the temporary file with these permissions; -1, and a reason in errno, when that fails.
+    [[nodiscard]] int openTemporary(mode_t mode);
     void discard();
 
     std::string _name;

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <spawn.h>
+#include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -59,10 +60,13 @@ std::unique_ptr<Input> openWindow(const std::string& window, bool quiet, std::st
     close(ends[1]);
     std::FILE* const file = failed == 0 ? fdopen(ends[0], "rb") : nullptr;
     if (file == nullptr) {
-        close(ends[0]);
         error = failed == ENOENT
                     ? "the program qsdps-window, which reads windows of the X Window System, is not installed"
                     : std::strerror(failed == 0 ? errno : failed);
+        close(ends[0]);
+        // A program that nobody listens to ends by itself.
+        while (failed == 0 && waitpid(program, nullptr, 0) == -1 && errno == EINTR) {
+        }
         return nullptr;
     }
     std::unique_ptr<Input> input = Input::ofProgram(file, program, error);

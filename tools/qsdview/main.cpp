@@ -2,7 +2,9 @@
 #include "qsdview/print.h"
 #include "qsdview/view_options.h"
 #include "qsdview/viewer.h"
+#include "standard_files.h"
 #include "toolkit/base/QsdGlobalContext.h"
+#include "toolkit_messages.h"
 
 #include <exception>
 #include <filesystem>
@@ -40,6 +42,7 @@ qsdview::Viewer::Pages openPages(const qsdps::Options& options)
 int view(const qsdview::ViewOptions& asked)
 {
     const qsdps::Options options = qsdview::documentOptions(asked.files, "-");
+    qsdps::tellToolkitMessages("qsdview");
     QsdGlobalContext::GetInstance().setLocale(QsLocale("C", options.encoding));
     qsdview::Viewer::Pages pages = openPages(options);
     const std::size_t opened = pages.size();
@@ -59,11 +62,14 @@ int view(const qsdview::ViewOptions& asked)
 
 int main(int argc, char** argv)
 {
+    if (!qsdps::openStandardFiles()) {
+        return 1;
+    }
     try {
         int exitCode = 0;
         const std::optional<qsdview::ViewOptions> options = qsdview::parseViewOptions(argc, argv, exitCode);
         if (!options) {
-            return exitCode;
+            return qsdps::finishStandardOutput("qsdview") ? exitCode : 1;
         }
         return options->printTo ? qsdview::print(options->files, *options->printTo) : view(*options);
     } catch (const std::exception& error) {

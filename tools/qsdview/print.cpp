@@ -1,7 +1,7 @@
 #include "qsdview/print.h"
 
 #include "convert.h"
-#include "toolkit/base/QsdMessages.h"
+#include "toolkit_messages.h"
 
 #include <filesystem>
 #include <stdexcept>
@@ -29,7 +29,7 @@ int print(const std::vector<std::string>& files, const std::string& output)
 {
     const int status = qsdps::convert(documentOptions(files, output));
     // While a document is written, its writer tells what fails; afterwards the window may.
-    QsdSetFatalErrorHandler(nullptr, nullptr);
+    qsdps::tellToolkitMessages("qsdview");
     return status;
 }
 

@@ -1,5 +1,6 @@
 #include "qsdview/viewer.h"
 
+#include "output_check.h"
 #include "qsdview/print.h"
 
 #include <algorithm>
@@ -30,6 +31,11 @@ WindowGeometry::Size sizeFor(const qsdps::DocumentPage& page, const WindowGeomet
         return static_cast<std::uint32_t>(std::min(std::max(std::ceil(side * scale), Least), most));
     };
     return {held(page.size().width, screen.width), held(page.size().height, screen.height)};
+}
+
+bool isOneOf(const std::vector<std::string>& files, const std::string& other)
+{
+    return !qsdps::inputUnderOutput(documentOptions(files, other)).empty();
 }
 
 } // namespace
@@ -131,7 +137,12 @@ Viewer::Outcome Viewer::obey(Command command)
     const double across = KeyStep * static_cast<double>(_window.width());
     const double down = KeyStep * static_cast<double>(_window.height());
     _isStale = _isStale || command != Command::None;
-    _note = command == Command::None ? _note : "";
+    if (command != Command::None) {
+        _note.clear();
+    }
+    // Modifier keys come with the keys that they modify and are no answer.
+    const bool mayReplace = _isAsking && command == Command::Print;
+    _isAsking = _isAsking && command == Command::None;
     switch (command) {
     case Command::None:
         break;
@@ -174,7 +185,7 @@ Viewer::Outcome Viewer::obey(Command command)
         _view.scroll(0, down);
         break;
     case Command::Print:
-        print();
+        print(mayReplace);
         break;
     }
     return Outcome::GoOn;
@@ -186,18 +197,21 @@ void Viewer::goTo(std::size_t page)
     _view.setPage(_pages[_page]->size().width, _pages[_page]->size().height);
 }
 
-void Viewer::print()
+void Viewer::print(bool mayReplace)
 {
     std::vector<std::string> files;
     for (const auto& page : _pages) {
         files.push_back(page->name());
     }
     const std::string document = documentNameFor(files.front());
-    const bool isOneOfThem = std::any_of(files.begin(), files.end(), [&](const std::string& file) {
-        std::error_code problem;
-        return std::filesystem::equivalent(file, document, problem);
-    });
-    const bool isWritten = !isOneOfThem && qsdview::print(files, document) == 0;
+    std::error_code problem;
+    // What is printed over an input is refused without a question.
+    if (!mayReplace && std::filesystem::exists(document, problem) && !isOneOf(files, document)) {
+        _note = document + " is there; P again replaces it";
+        _isAsking = true;
+        return;
+    }
+    const bool isWritten = qsdview::print(files, document) == 0;
     _note = isWritten ? "printed to " + document : "not printed";
     if (isWritten) {
         std::cerr << "qsdview: printed to " << document << '\n';

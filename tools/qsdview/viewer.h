@@ -33,7 +33,8 @@ private:
     [[nodiscard]] Outcome obey(Command command);
     void pressed(const QsdXEvent& event);
     void goTo(std::size_t page);
-    void print();
+    /// Prints all pages, unless the document is there already and may not be replaced; then it asks.
+    void print(bool mayReplace);
     void paint();
     void showTitle();
 
@@ -50,7 +51,8 @@ private:
     std::string _note;           ///< what the title says besides
     QsdPoint _dragged;           ///< where the pointer was while the page is dragged
     bool _isDragging = false;
-    bool _isStale = true; ///< whether the window shows something else than it should
+    bool _isAsking = false; ///< whether the next key may be the answer to replace the document
+    bool _isStale = true;   ///< whether the window shows something else than it should
 };
 
 } // namespace qsdview

@@ -183,26 +183,55 @@ TYPED_TEST(FontFiles, OneThatCannotBeReadIsTold)
     }
 }
 
-TYPED_TEST(FontFiles, ThoseOfAnyFormAreCopiedWhole)
+TYPED_TEST(FontFiles, ThoseThatAreNoFontsStayOutOfPrintedDocuments)
 {
-    for (const std::string& content : {std::string(), std::string("%!font"), std::string("%!font\n"),
-                                       std::string(300000, 'x'), std::string("\0\xff\r\n\r", 5)}) {
-        const std::string text = this->documentWith(this->folder.file("font", content));
+    const struct {
+        std::string content;
+        const char* fault;
+    } files[] = {
+        {std::string(), "it is no Type 1 font"},
+        {"%!font", "it is no Type 1 font"},
+        {"%!PS-AdobeFont-1.0: Brought\n", "it is cut short"},
+        {"%!PS-AdobeFont-1.0: Brought\n%%Page: 1 1\n", "it has structuring comments of its own"},
+        {"%!PS-AdobeFont-1.0: Brought\n" + std::string(300, 'x'), "it has a word that is longer than a line may be"},
+        {std::string(300000, 'x'), "it is no Type 1 font"},
+        {std::string("\0\xff\r\n\r", 5), "it is no Type 1 font"}};
+    const std::string without = this->documentWith(this->folder.file("absent"));
+    this->warnings.clear();
+    for (const auto& file : files) {
+        const std::string path = this->folder.file("font", file.content);
+        const std::string text = this->documentWith(path);
         if constexpr (TestFixture::Prints) {
-            EXPECT_NE(text.find("%%BeginResource: font Brought\n" + content + "\n%%EndResource\n"), std::string::npos);
-            if (content.find("font") != std::string::npos || content.empty()) {
-                EXPECT_EQ(structureFaults(text), std::vector<std::string>());
-            }
+            EXPECT_EQ(text, without);
+            EXPECT_EQ(structureFaults(text), std::vector<std::string>());
+            EXPECT_EQ(this->warnings, std::vector<std::string>{"Left out font file " + path + ": " + file.fault});
         } else {
-            EXPECT_NE(text.find("\n%%BeginFont: Brought\n" + content + "\n%%EndFont\n"), std::string::npos);
+            EXPECT_NE(text.find("\n%%BeginFont: Brought\n" + file.content + "\n%%EndFont\n"), std::string::npos);
+            EXPECT_EQ(this->warnings, std::vector<std::string>());
         }
+        this->warnings.clear();
+    }
+}
+
+TYPED_TEST(FontFiles, FontsAreBrought)
+{
+    const std::string content =
+        "%!PS-AdobeFont-1.0: Brought\n8 dict begin\n/FontName /Brought def\ncurrentdict end definefont pop\n";
+    const std::string text = this->documentWith(this->folder.file("font", content));
+    if constexpr (TestFixture::Prints) {
+        EXPECT_NE(text.find("%%BeginResource: font Brought\n" + content + "%%EndResource\n"), std::string::npos);
+        EXPECT_EQ(structureFaults(text), std::vector<std::string>());
+    } else {
+        EXPECT_NE(text.find("\n%%BeginFont: Brought\n" + content + "\n%%EndFont\n"), std::string::npos);
     }
     EXPECT_EQ(this->warnings, std::vector<std::string>());
 }
 
 TYPED_TEST(FontFiles, HugeOnesTakeNoMemory)
 {
-    const std::string font = this->folder.file("font", "%!PS-AdobeFont-1.0: Brought\n", Huge);
+    const std::string start = "%!PS-AdobeFont-1.0: Brought\n";
+    const std::string font = TestFixture::Prints ? this->folder.file("font", start + std::string(Huge / 4, ' '))
+                                                 : this->folder.file("font", start, Huge);
     TypeParam device(&this->display, QsdPSRGB);
     EXPECT_TRUE(this->draw(device, "/dev/null", this->folder.file("small", "%!PS-AdobeFont-1.0: Brought\n")));
     EXPECT_TRUE(staysSmall([&] { return this->draw(device, "/dev/null", font); }));

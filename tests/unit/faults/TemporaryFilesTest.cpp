@@ -79,7 +79,7 @@ TYPED_TEST(TemporaryFiles, OneThatIsFullFailsTheDocument)
         this->reports = 0;
         {
             const Limit limit(RLIMIT_FSIZE, most);
-            this->drawDocument();
+            EXPECT_EQ(this->drawDocument(), "") << "a document without its pages";
         }
         EXPECT_TRUE(this->device.writeFailed()) << most;
         EXPECT_EQ(this->reports, 1) << most;

@@ -99,4 +99,31 @@ TEST(PrintBoxes, OfManyDrawingsHoldThoseOfEach)
     }
 }
 
+TEST(PageBox, LiesAlongATransformedText)
+{
+    const auto boxOf = [](const char* family) {
+        PrintPage page;
+        const auto font = QsdHandle<QsdFont>::Adopt(page.display.createFont(family, QsdFontPlain, 12));
+        page.palette->setFont(font.get());
+        page.device.drawTransformedString(page.palette.get(), "a text of some length", -1,
+                                          QsdTransformer(1, 0, 0, 1, 300, 400), nullptr);
+        return unionOfPages(page.whole());
+    };
+    const Box along = boxOf("helvetica");
+    EXPECT_GT(along[2] - along[0], 80);
+    EXPECT_LT(along[3] - along[1], 50);
+    const Box down = boxOf("@mincho");
+    EXPECT_LT(down[2] - down[0], 50);
+    EXPECT_GT(down[3] - down[1], 80);
+}
+
+TEST(PageBox, OfATextOfNoLengthIsEmpty)
+{
+    PrintPage page;
+    for (const auto& [text, length] : {std::pair("a text", 0), std::pair("", -1)}) {
+        page.device.drawTransformedString(page.palette.get(), text, length, QsdTransformer(), nullptr);
+    }
+    EXPECT_NE(page.whole().find("%%PageBoundingBox: 0 0 0 0\n"), std::string::npos);
+}
+
 } // namespace

@@ -1,5 +1,6 @@
 #include "tests/unit/print/PrintDevice.h"
 
+#include "toolkit/base/QsdGlobalContext.h"
 #include "toolkit/base/QsdMessages.h"
 
 #include <fstream>
@@ -15,7 +16,8 @@ TEST(PrintDocument, HeaderTellsAll)
     EXPECT_EQ(PrintPage::part(page.whole(), "", "%%BeginProlog"),
               "%!PS-Adobe-3.0\n"
               "%%BoundingBox: 9 502 250 823\n"
-              "%%Title: (page.ps)\n"
+              "%%HiResBoundingBox: 9.5 502 250 822.5\n"
+              "%%Title: page.ps\n"
               "%%Creator: Dravonset\n"
               "%%CreationDate: 2023-11-14T22:13:20Z\n"
               "%%DocumentData: Clean7Bit\n"
@@ -36,8 +38,9 @@ TEST(PrintDocument, EachPageIsASaveLevelWithItsOwnMatrix)
     page.device.drawString(page.palette.get(), {10, 20}, "x", 1, QsdPositionNone);
     EXPECT_EQ(PrintPage::part(page.whole(), "%%EndSetup\n", "%%EOF"), "%%Page: 1 1\n"
                                                                       "%%PageBoundingBox: 1 836 4 840\n"
+                                                                      "%%PageHiResBoundingBox: 1 836 4 840\n"
                                                                       "%%BeginPageSetup\n"
-                                                                      "QsdPrintDict begin bp\n"
+                                                                      "QsdPrintDict begin 1 836 4 840 bp\n"
                                                                       "gsave\n"
                                                                       "gsave\n"
                                                                       "%%EndPageSetup\n"
@@ -47,9 +50,10 @@ TEST(PrintDocument, EachPageIsASaveLevelWithItsOwnMatrix)
                                                                       "ep showpage\n"
                                                                       "%%Page: 2 2\n"
                                                                       "%%PageBoundingBox: 7 816 19 836\n"
+                                                                      "%%PageHiResBoundingBox: 7.9 816.9 18.6 835.1\n"
                                                                       "%%PageResources: font Helvetica\n"
                                                                       "%%BeginPageSetup\n"
-                                                                      "QsdPrintDict begin bp\n"
+                                                                      "QsdPrintDict begin 7 816 19 836 bp\n"
                                                                       "gsave\n"
                                                                       "gsave\n"
                                                                       "%%EndPageSetup\n"
@@ -68,7 +72,9 @@ TEST(PrintDocument, EncapsulatedOneHasItsBoxAndNoPageDevice)
     PrintPage page(2, QsdPSRGB, 24, &box);
     page.device.fillRectangle(page.palette.get(), {0, 0, 1000, 1000});
     const std::string text = page.whole();
-    EXPECT_EQ(text.substr(0, 59), "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 10 422 310 822\n%%Tit");
+    EXPECT_EQ(PrintPage::part(text, "", "%%Title"), "%!PS-Adobe-3.0 EPSF-3.0\n"
+                                                    "%%BoundingBox: 10 422 310 822\n"
+                                                    "%%HiResBoundingBox: 10 422 310 822\n");
     EXPECT_EQ(text.find("setpagedevice"), std::string::npos);
     EXPECT_NE(text.find("%%PageBoundingBox: 10 422 310 822\n"), std::string::npos);
     EXPECT_EQ(PrintPage::part(text, "QsdPrintDict begin bp\n", "%%EndPageSetup"), "gsave\n"
@@ -96,14 +102,7 @@ TEST(PrintDocument, TitleCannotLeaveItsComment)
 {
     PrintPage page;
     page.device.setTitle("a) b\n%%EOF\nshowpage \\ \xFC");
-    EXPECT_EQ(page.between("%%Title: ", "\n%%Creator"), "(a\\) b %%EOF showpage \\\\ \\374)");
-}
-
-TEST(PrintDocument, LongTitleIsCutToALine)
-{
-    PrintPage page;
-    page.device.setTitle(std::string(1000, 'x').c_str());
-    EXPECT_EQ(page.between("%%Title: ", "\n%%Creator").size(), 202U);
+    EXPECT_EQ(page.between("%%Title: ", "\n%%Creator"), "a) b %%EOF showpage \\ \\374");
 }
 
 TEST(PrintDocument, NullTitleMeansTheFile)
@@ -111,7 +110,14 @@ TEST(PrintDocument, NullTitleMeansTheFile)
     PrintPage page;
     page.device.setTitle("other");
     page.device.setTitle(nullptr);
-    EXPECT_EQ(page.between("%%Title: ", "\n%%Creator"), "(page.ps)");
+    EXPECT_EQ(page.between("%%Title: ", "\n%%Creator"), "page.ps");
+}
+
+TEST(PrintDocument, EmptyTitleMeansNone)
+{
+    PrintPage page;
+    page.device.setTitle("");
+    EXPECT_EQ(page.whole().find("%%Title"), std::string::npos);
 }
 
 TEST(PrintDocument, LevelsBeyondTheKnownAreTheThird)
@@ -165,10 +171,11 @@ TEST(PrintDocument, LineWidthModeGoesOnOnTheNextPage)
     page.device.setZoomableLineWidths(true);
     page.device.newPage();
     const std::string text = page.whole();
-    EXPECT_NE(text.find("%%Page: 2 2\n%%PageBoundingBox: 0 0 0 0\n%%BeginPageSetup\nQsdPrintDict begin bp\n"
-                        "/qsdlw false def\ngsave\n"),
+    EXPECT_NE(text.find("%%Page: 2 2\n%%PageBoundingBox: 0 0 0 0\n%%PageHiResBoundingBox: 0 0 0 0\n"
+                        "%%BeginPageSetup\nQsdPrintDict begin 0 0 0 0 bp\n/qsdlw false def\ngsave\n"),
               std::string::npos);
-    EXPECT_NE(text.find("%%Page: 3 3\n%%PageBoundingBox: 0 0 0 0\n%%BeginPageSetup\nQsdPrintDict begin bp\ngsave\n"),
+    EXPECT_NE(text.find("%%Page: 3 3\n%%PageBoundingBox: 0 0 0 0\n%%PageHiResBoundingBox: 0 0 0 0\n"
+                        "%%BeginPageSetup\nQsdPrintDict begin 0 0 0 0 bp\ngsave\n"),
               std::string::npos);
 }
 
@@ -182,9 +189,9 @@ TEST(PrintDocument, NextDocumentStartsAnew)
     page.whole();
     page.device.initDevice("second", nullptr);
     const std::string text = page.whole();
-    EXPECT_NE(text.find("%%Title: (second)"), std::string::npos);
+    EXPECT_NE(text.find("%%Title: second\n"), std::string::npos);
     EXPECT_EQ(text.find("Helvetica"), std::string::npos);
-    EXPECT_EQ(PrintPage::part(text, "begin bp\n", "%%EndPageSetup"), "gsave\ngsave\n");
+    EXPECT_EQ(PrintPage::part(text, " bp\n", "%%EndPageSetup"), "gsave\ngsave\n");
 }
 
 TEST(PrintDocument, NothingIsWrittenBeforeTheEnd)
@@ -261,6 +268,18 @@ TEST(PrintDocument, ManyPagesAndMuchTextComeInOrder)
         const std::string drawing = PrintPage::drawing(text, i);
         EXPECT_EQ(drawing.substr(0, drawing.find('\n')), mark(i));
     }
+}
+
+TEST(PrintDocument, OwnCompositeFontsNeedTheirParts)
+{
+    QsdGlobalContext::GetInstance().setLocale(QsLocale("ja_JP.eucJP"));
+    PrintPage page;
+    const auto font = QsdHandle<QsdFont>::Adopt(page.display.createFont("fixed", QsdFontPlain, 12));
+    page.palette->setFont(font.get());
+    page.device.drawString(page.palette.get(), {1, 2}, "x", -1, QsdPositionNone);
+    EXPECT_NE(page.whole().find("%%DocumentNeededResources: font Helvetica\n"
+                                "%%+ font Ryumin-Light-H\n%%+ font Ryumin-Light.Hankaku\n"),
+              std::string::npos);
 }
 
 } // namespace

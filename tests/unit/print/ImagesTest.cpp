@@ -44,40 +44,56 @@ QsdRGB blackAndWhite(std::uint32_t x, std::uint32_t)
     return x % 2 == 0 ? QsdRGB{0, 0, 0} : QsdRGB{255, 255, 255};
 }
 
-/// The line that begins the image of a bitmap.
+/// The line that begins the image of 40 by 30 pixels of a bitmap.
 template <class Color>
 std::string imageOf(Color color, unsigned long level = 2, QsdPSColorModel model = QsdPSRGB)
 {
     PrintPage page(level, model);
     const auto bitmap = bitmapOf(&page.display, 40, color);
-    page.device.drawBitmap(page.palette.get(), bitmap.get(), {0, 0, 40, 40}, {3, 4});
+    page.device.drawBitmap(page.palette.get(), bitmap.get(), {0, 0, 40, 30}, {3, 4});
     return PrintPage::part(PrintPage::drawing(page.whole()), "0 sg\n", "\n");
 }
 
 TEST(PrintImages, OfManyColours)
 {
-    EXPECT_EQ(imageOf(many), "40 40 8[1 0 0 1 -3 -4] currentfile /ASCII85Decode filter I");
-    EXPECT_EQ(imageOf(many, 1), "120 hs 40 40 8[1 0 0 1 -3 -4]{hr} I");
-    EXPECT_EQ(imageOf(many, 2, QsdPSGrey), "40 40 8[1 0 0 1 -3 -4] currentfile /ASCII85Decode filter Ig");
+    EXPECT_EQ(imageOf(many), "40 30 8[1 0 0 1 -3 -4] currentfile /ASCII85Decode filter I");
+    EXPECT_EQ(imageOf(many, 1), "120 hs 40 30 8[1 0 0 1 -3 -4]{hr} I");
+    EXPECT_EQ(imageOf(many, 2, QsdPSGrey), "40 30 8[1 0 0 1 -3 -4] currentfile /ASCII85Decode filter Ig");
 }
 
 TEST(PrintImages, OfGreysAreGrey)
 {
-    EXPECT_EQ(imageOf(manyGreys), "40 40 8[1 0 0 1 -3 -4] currentfile /ASCII85Decode filter Ig");
-    EXPECT_EQ(imageOf(manyGreys, 1), "40 hs 40 40 8[1 0 0 1 -3 -4]{hr} Ig");
+    EXPECT_EQ(imageOf(manyGreys), "40 30 8[1 0 0 1 -3 -4] currentfile /ASCII85Decode filter Ig");
+    EXPECT_EQ(imageOf(manyGreys, 1), "40 hs 40 30 8[1 0 0 1 -3 -4]{hr} Ig");
 }
 
 TEST(PrintImages, OfFewColoursHaveATable)
 {
-    EXPECT_EQ(imageOf(two), "40 40 1[1 0 0 1 -3 -4]1<c8000000005a> currentfile /ASCII85Decode filter Ix");
+    EXPECT_EQ(imageOf(two), "40 30 1[1 0 0 1 -3 -4]1<c8000000005a> currentfile /ASCII85Decode filter Ix");
     // Level 1 knows none, but paints one colour on the other.
-    EXPECT_EQ(imageOf(two, 1), "G .784 0 0 sr n 40 40 3 4 rect fill 0 0 .353 sr ");
+    EXPECT_EQ(imageOf(two, 1), "G .784 0 0 sr n 40 30 3 4 rect fill 0 0 .353 sr ");
+    PrintPage page(1);
+    const auto bitmap = bitmapOf(&page.display, 40, two);
+    page.device.drawBitmap(page.palette.get(), bitmap.get(), {0, 0, 40, 30}, {3, 4});
+    EXPECT_NE(page.whole().find(" sr \n5 hs 40 30 true[1 0 0 1 -3 -4]{hr} Im\n"), std::string::npos);
 }
 
 TEST(PrintImages, OfBlackAndWhiteTakeOneBit)
 {
-    EXPECT_EQ(imageOf(blackAndWhite), "40 40 1[1 0 0 1 -3 -4] currentfile /ASCII85Decode filter Ig");
-    EXPECT_EQ(imageOf(blackAndWhite, 1), "5 hs 40 40 1[1 0 0 1 -3 -4]{hr} Ig");
+    EXPECT_EQ(imageOf(blackAndWhite), "40 30 1[1 0 0 1 -3 -4] currentfile /ASCII85Decode filter Ig");
+    EXPECT_EQ(imageOf(blackAndWhite, 1), "5 hs 40 30 1[1 0 0 1 -3 -4]{hr} Ig");
+}
+
+TEST(PrintImages, RowsBeyondAStringTakeEqualOnes)
+{
+    PrintPage page(1);
+    QsdRGBBitmapData data(30000, 1);
+    for (std::uint32_t x = 0; x < 30000; ++x) {
+        data.setPixel(x, 0, many(x, x / 7));
+    }
+    const QsdBitmap bitmap(&page.display, data);
+    page.device.drawBitmap(page.palette.get(), &bitmap, {0, 0, 30000, 1}, {3, 4});
+    EXPECT_NE(page.whole().find("\n45000 hs 30000 1 8["), std::string::npos);
 }
 
 TEST(PrintImages, StretchedOnesStandInTheBitmapsSpace)
@@ -86,9 +102,10 @@ TEST(PrintImages, StretchedOnesStandInTheBitmapsSpace)
     const auto bitmap = bitmapOf(&page.display, 40, many);
     page.device.stretchBitmap(page.palette.get(), QsdRect{10, 20, 80, 120}, bitmap.get(), nullptr);
     const std::string text = PrintPage::drawing(page.whole());
-    EXPECT_EQ(text.substr(0, text.find("filter")), "0 sg\n"
-                                                   "G[2 0 0 3 10 20]concat\n"
-                                                   "40 40 8[1 0 0 1 0 0] currentfile /ASCII85Decode ");
+    EXPECT_EQ(text.substr(0, text.find("filter")),
+              "0 sg\n"
+              "G[2 0 0 3 10 20]concat\n"
+              "40 -40 scale 0 -1 t 40 40 8[40 0 0 -40 0 40] currentfile /ASCII85Decode ");
     EXPECT_EQ(text.substr(text.size() - 5), "~>\ng\n");
 }
 
@@ -118,6 +135,11 @@ TEST(PrintImages, MaskedOnesAreOneImageAtTheThirdLevel)
                       "0 sg\n2 1 8[1 0 0 1 -3 -4] currentfile /ASCII85Decode filter I");
         }
     }
+    PrintPage page(3);
+    auto bitmap = bitmapOf(&page.display, 3, many);
+    bitmap->setMask(std::make_unique<QsdBitmap>(&page.display, 3U, 3U, std::uint16_t{1}));
+    page.device.drawTransparentBitmap(page.palette.get(), bitmap.get(), {0, 0, 3, 2}, {3, 4});
+    EXPECT_NE(page.whole().find(" setcolorspace 3 2 "), std::string::npos);
 }
 
 TEST(PrintImages, MaskedOnesTakeAsFewBitsAsOthers)
@@ -186,12 +208,12 @@ TEST(PrintImages, HiddenColorsAreInNoTable)
 TEST(PrintImages, OneBitOnesAreMasks)
 {
     PrintPage page(1);
-    const unsigned char bits[] = {0xC0, 0x40};
-    const auto bitmap = QsdBitmap::FromBits(&page.display, 2, 2, bits);
-    page.device.drawBitmap(page.palette.get(), bitmap.get(), {0, 0, 2, 2}, {3, 4});
-    page.device.drawTransparentBitmap(page.palette.get(), bitmap.get(), {0, 0, 2, 2}, {3, 4});
-    const std::string mask = "1 hs 2 2 true[1 0 0 1 -3 -4]{hr} Im\nc040\n";
-    EXPECT_EQ(PrintPage::drawing(page.whole()), "0 sg\nG n 2 2 3 4 rect 1 sg\nfill g\n" + mask + mask);
+    const unsigned char bits[] = {0xC0, 0x80, 0x40, 0x00};
+    const auto bitmap = QsdBitmap::FromBits(&page.display, 9, 2, bits);
+    page.device.drawBitmap(page.palette.get(), bitmap.get(), {0, 0, 9, 2}, {3, 4});
+    page.device.drawTransparentBitmap(page.palette.get(), bitmap.get(), {0, 0, 9, 2}, {3, 4});
+    const std::string mask = "2 hs 9 2 true[1 0 0 1 -3 -4]{hr} Im\nc0804000\n";
+    EXPECT_EQ(PrintPage::drawing(page.whole()), "0 sg\nG n 9 2 3 4 rect 1 sg\nfill g\n" + mask + mask);
 }
 
 TEST(PrintImages, EmptyMissingAndUnreadableOnesDrawNothing)

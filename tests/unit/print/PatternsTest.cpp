@@ -59,6 +59,20 @@ TEST(PrintPatterns, OnesOfAWindowLieFromTheOrigin)
     EXPECT_NE(text.find("/P1{/pi 0 def 8 2 true[1 0 0 -1 0 0]{P1s pn}imagemask}bd\n"), std::string::npos);
 }
 
+TEST(PrintPatterns, OnesOfAWindowAreOthersThanThoseOfThePage)
+{
+    PrintPage page;
+    page.palette->setPattern(stripes().get());
+    page.palette->setFillStyle(QsdFillMaskPattern);
+    std::string expected = "0 sg\n";
+    for (const bool onScreen : {false, true, true, false}) {
+        page.device.setScreenPatterns(onScreen);
+        page.device.fillRectangle(page.palette.get(), {1, 2, 30, 40});
+        expected += std::string("n 30 40 1 2 rect ") + (onScreen ? "/P2 load 8 2 true fo\n" : "/P1 load 8 2 true ft\n");
+    }
+    EXPECT_EQ(PrintPage::drawing(page.whole()), expected);
+}
+
 TEST(PrintPatterns, ColouredOnesAreOfTheModel)
 {
     for (const auto model : {QsdPSRGB, QsdPSGrey}) {

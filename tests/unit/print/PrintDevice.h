@@ -24,6 +24,7 @@ public:
     void closeStream(std::ostream*) override {}
 
     [[nodiscard]] std::string document() const { return _output.str(); }
+    using QsdPSPrintDevice::writeFontSelection;
 
 private:
     std::ostringstream _output;

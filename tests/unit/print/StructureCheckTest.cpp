@@ -23,7 +23,7 @@ TEST(StructureCheck, FindsEachKindOfDamage)
     EXPECT_TRUE(structureFaults(right).empty());
     const std::pair<const char*, const char*> damages[] = {
         {"%!PS-Adobe-3.0", "%!PS-Adobe-2.0"},
-        {"%%Title: (page.ps)\n", ""},
+        {"%%Creator: Dravonset\n", ""},
         {"%%Pages: 1\n", "%%Pages: 2\n"},
         {"%%Pages: 1\n", "%%Pages: (atend)\n"},
         {"%%BoundingBox: ", "%%BoundingBox: (atend)"},
@@ -34,6 +34,11 @@ TEST(StructureCheck, FindsEachKindOfDamage)
         {"%%Page: 1 1\n", "%%Page: 2 2\n"},
         {"%%PageTrailer\n", ""},
         {"%%PageBoundingBox: ", "%%PageBoundingBox: -"},
+        {"%%HiResBoundingBox: ", "%%LowResBoundingBox: "},
+        {"%%HiResBoundingBox: ", "%%HiResBoundingBox: 1"},
+        {"%%PageHiResBoundingBox: ", "%%PageLowResBoundingBox: "},
+        {"%%PageHiResBoundingBox: ", "%%PageHiResBoundingBox: 1"},
+        {"(x)", "(\x04)"},
         {"%%IncludeResource: font Helvetica\n", ""},
         {"%%PageResources: font Helvetica\n", "%%PageResources: font Other\n"},
         {"%%BeginResource: procset QsdPrint 1.0 0\n", "%%BeginResource: procset Other 1.0 0\n"},

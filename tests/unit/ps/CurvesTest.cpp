@@ -50,6 +50,7 @@ TEST_F(Curves, NegativeRangeRunsTheOtherWay)
 TEST_F(Curves, StartIsCutOffAndEndRounded)
 {
     EXPECT_NE(arc({0, 0, 10, 10}, 10.7F, 20.6F).find("0 0 1 10 31 arc"), std::string::npos);
+    EXPECT_NE(arc({0, 0, 10, 10}, 10.7F, 20.9F).find("0 0 1 10 32 arc"), std::string::npos);
     EXPECT_NE(arc({0, 0, 10, 10}, -10.7F, 0.1F).find("0 0 1 -10 -10 arc"), std::string::npos);
 }
 
@@ -75,10 +76,12 @@ TEST_F(Curves, FilledArcIsASliceOrAChord)
     open.device.fillArc(open.palette.get(), {10, 20, 100, 50}, 0, 90);
     EXPECT_EQ(open.device.taken(),
               "n matrix currentmatrix 60 45 t 50 25 scale 0 0 M 1 -1 scale  0 0 1 0 90 arc setmatrix\n eofill\n");
-    open.palette->setArcMode(QsdArcChord);
-    open.device.fillArc(open.palette.get(), {10, 20, 100, 50}, 0, 90);
-    EXPECT_EQ(open.device.taken(),
-              "n matrix currentmatrix 60 45 t 50 25 scale 1 -1 scale  0 0 1 0 90 arc setmatrix\n eofill\n");
+    for (const std::uint16_t mode : {std::uint16_t{QsdArcChord}, std::uint16_t{2}}) {
+        open.palette->setArcMode(mode);
+        open.device.fillArc(open.palette.get(), {10, 20, 100, 50}, 0, 90);
+        EXPECT_EQ(open.device.taken(),
+                  "n matrix currentmatrix 60 45 t 50 25 scale 1 -1 scale  0 0 1 0 90 arc setmatrix\n eofill\n");
+    }
 }
 
 TEST_F(Curves, BezierByPointCount)

@@ -1,14 +1,18 @@
+#include "tests/unit/ps/OwnProcess.h"
 #include "tests/unit/ps/TestDevice.h"
 
 #include "ps/QsdPSFonts_.h"
 #include "ps/QsdPSString.h"
 #include "toolkit/base/QsdGlobalContext.h"
 #include "toolkit/base/QsdMessages.h"
+#include "toolkit/encoder/QsdPostScriptEncoder.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -111,7 +115,7 @@ TEST_F(Document, PaperSizeResources)
     const struct {
         const char* text;
         unsigned long width;
-    } cases[] = {{"612x", 612}, {" +700", 700}, {"0", 595}, {"-5", 595}, {"wide", 595}, {"", 595}};
+    } cases[] = {{"612x", 612}, {" +700", 700}, {"1", 1}, {"0", 595}, {"-5", 595}, {"wide", 595}, {"", 595}};
     for (const auto& c : cases) {
         display.setResource("paperWidth", c.text);
         display.setResource("paperHeight", "1000");
@@ -235,37 +239,142 @@ TEST_F(Document, AHandlerFindsTheDeviceClosed)
 
 TEST_F(Document, FontMapIsReadOnceItIsFound)
 {
-    ::setenv("QSDPATH", folder.c_str(), 1);
-    writeFontMap("// QsdPSFonts 1.0\n// Encoding: latin1\nFamily one\nNormalName One\n");
-    TestDevice device(&display);
-    device.initDevice("unused", nullptr);
-    device.end();
-    EXPECT_NE(QsdPSFonts_::GetInstance()->getPSFontNames(QsEncodingLatin1, "one"), nullptr);
-    writeFontMap("// QsdPSFonts 1.0\n// Encoding: latin1\nFamily two\nNormalName Two\n");
-    device.initDevice("unused", nullptr);
-    device.end();
-    EXPECT_EQ(QsdPSFonts_::GetInstance()->getPSFontNames(QsEncodingLatin1, "two"), nullptr);
-    EXPECT_EQ(warnings, Messages());
+    inAProcessOfItsOwn([&] {
+        const QsdPSFonts_& registry = *QsdPSFonts_::GetInstance();
+        TestDevice device(&display);
+        const auto write = [&] {
+            device.initDevice("unused", nullptr);
+            device.end();
+        };
+        ::setenv("QSDPATH", folder.c_str(), 1);
+        writeFontMap("// QsdPSFonts 1.0\n// Encoding: latin1\nFamily one\nNormalName One\n");
+        write();
+        EXPECT_NE(registry.getPSFontNames(QsEncodingLatin1, "one"), nullptr);
+        writeFontMap("// QsdPSFonts 1.0\n// Encoding: latin1\nFamily two\nNormalName Two\n");
+        write();
+        EXPECT_EQ(registry.getPSFontNames(QsEncodingLatin1, "two"), nullptr);
+        EXPECT_EQ(warnings, Messages());
+    });
 }
 
 TEST_F(Document, BadFontMapIsReportedAndNotTriedAgain)
 {
-    ::setenv("QSDPATH", folder.c_str(), 1);
-    writeFontMap("nonsense");
-    TestDevice device(&display);
-    device.initDevice("unused", nullptr);
-    device.end();
-    EXPECT_EQ(warnings, (Messages{"QsdPSFonts::readHeader Invalid header",
-                                  "Failed to load " + (folder / "psfonts" / "fontname.qsd").string()}));
-    device.initDevice("unused", nullptr);
-    device.end();
-    EXPECT_EQ(warnings.size(), 2U);
+    inAProcessOfItsOwn([&] {
+        ::setenv("QSDPATH", folder.c_str(), 1);
+        writeFontMap("nonsense");
+        TestDevice device(&display);
+        device.initDevice("unused", nullptr);
+        device.end();
+        EXPECT_EQ(warnings, (Messages{"QsdPSFonts::readHeader Invalid header",
+                                      "Failed to load " + (folder / "psfonts" / "fontname.qsd").string()}));
+        device.initDevice("unused", nullptr);
+        device.end();
+        EXPECT_EQ(warnings.size(), 2U);
+    });
 }
 
 TEST_F(Document, PrefixIsKeptForOldPrograms)
 {
     QsdPSDevice::SetPrefix("anything");
     EXPECT_EQ(QsdPSDevice::GetPrefix(), nullptr);
+}
+
+/// Its stream is closed by a function of the test's.
+class ClosingDevice : public TestDevice {
+public:
+    using TestDevice::TestDevice;
+    void closeStream(std::ostream* stream) override
+    {
+        closed.push_back(stream);
+        if (onClose) {
+            onClose();
+        }
+    }
+
+    std::vector<std::ostream*> closed;
+    std::function<void()> onClose;
+};
+
+TEST_F(Document, AnOverrideOfCloseStreamMayStillSend)
+{
+    ClosingDevice device(&display);
+    const auto palette = QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display));
+    device.onClose = [&] {
+        EXPECT_FALSE(device.isBad());
+        device.send("% the last word");
+        device.setCurrentPalette(palette.get());
+        const unsigned char data[] = {0xA5};
+        device.writeImage(&display, 1, 8, 1, data, 1);
+        device.end();
+    };
+    device.initDevice("unused", nullptr);
+    device.setCurrentPalette(palette.get());
+    device.taken();
+    device.end();
+    EXPECT_EQ(device.taken(), "showpage\n%%Trailer\nend\n%%Pages: 1\n%%EOF\n% the last word\nV#~>\n");
+    EXPECT_EQ(device.closed.size(), 1U);
+    EXPECT_NE(device.closed.at(0), nullptr);
+    EXPECT_TRUE(device.isBad());
+    device.send("nothing");
+    device.getEncoder()->putByte(1);
+    device.getEncoder()->endData();
+    EXPECT_EQ(device.taken(), "");
+    EXPECT_EQ(errors, Messages());
+}
+
+TEST_F(Document, AnOverrideOfCloseStreamMayThrow)
+{
+    ClosingDevice device(&display);
+    device.onClose = [] { throw std::runtime_error("no"); };
+    device.initDevice("unused", nullptr);
+    EXPECT_THROW(device.end(), std::runtime_error);
+    EXPECT_TRUE(device.isBad());
+    device.onClose = nullptr;
+    EXPECT_TRUE(device.initDevice("unused", nullptr));
+    device.end();
+    EXPECT_EQ(device.closed.size(), 2U);
+}
+
+TEST_F(Document, AnOverrideOfCloseStreamMayBeginTheNext)
+{
+    ClosingDevice device(&display);
+    device.onClose = [&] {
+        device.onClose = nullptr;
+        device.initDevice("unused", nullptr);
+    };
+    device.initDevice("unused", nullptr);
+    device.end();
+    EXPECT_FALSE(device.isBad());
+    device.send("% the next");
+    device.end();
+    EXPECT_TRUE(device.taken().ends_with(" gsave\n% the next\nshowpage\n%%Trailer\nend\n%%Pages: 1\n%%EOF\n"));
+    EXPECT_EQ(device.closed.size(), 2U);
+}
+
+TEST_F(Document, AStreamThatFailedToOpenIsClosed)
+{
+    class Failing : public ClosingDevice {
+    public:
+        using ClosingDevice::ClosingDevice;
+        std::ostream* openStream(const char*) override
+        {
+            _text.setstate(state);
+            return &_text;
+        }
+        [[nodiscard]] const std::ostream* opened() const { return &_text; }
+
+        std::ios_base::iostate state = std::ios_base::failbit;
+    };
+    for (const std::ios_base::iostate state : {std::ios_base::failbit, std::ios_base::badbit}) {
+        Failing device(&display);
+        device.state = state;
+        EXPECT_FALSE(device.initDevice("name", nullptr));
+        EXPECT_EQ(device.closed, std::vector<std::ostream*>{const_cast<std::ostream*>(device.opened())});
+        EXPECT_TRUE(device.isBad());
+        device.end();
+        EXPECT_EQ(device.closed.size(), 1U);
+    }
+    EXPECT_EQ(errors, Messages(2, "Cannot open the PostScript output file name"));
 }
 
 } // namespace

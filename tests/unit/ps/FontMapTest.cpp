@@ -62,12 +62,28 @@ TEST_F(FontMap, ReadsEveryKey)
 
 TEST_F(FontMap, EachFamilyStartsAfresh)
 {
-    EXPECT_TRUE(read(Header + "Family one\nNormalName N\nBoldFontFile f\nAsDefault yes\nFamily two\nNormalName M\n"));
-    EXPECT_STREQ(find("one")->boldDownloadFileName(), "f");
-    EXPECT_STREQ(find("two")->normalName(), "M");
-    EXPECT_EQ(find("two")->boldDownloadFileName(), nullptr);
+    using Getter = const char* (QsdPSFontNames_::*)() const;
+    const std::pair<std::string, Getter> fields[] = {
+        {"NormalName", &QsdPSFontNames_::normalName},
+        {"BoldName", &QsdPSFontNames_::boldName},
+        {"ItalicName", &QsdPSFontNames_::italicName},
+        {"BoldItalicName", &QsdPSFontNames_::boldItalicName},
+        {"NormalFontFile", &QsdPSFontNames_::normalDownloadFileName},
+        {"BoldFontFile", &QsdPSFontNames_::boldDownloadFileName},
+        {"ItalicFontFile", &QsdPSFontNames_::italicDownloadFileName},
+        {"BoldItalicFontFile", &QsdPSFontNames_::boldItalicDownloadFileName}};
+    std::string text = Header + "Family one\nAsDefault yes\n";
+    for (const auto& [key, get] : fields) {
+        text += key + " its-" + key + "\n";
+    }
+    EXPECT_TRUE(read(text + "Family two\nFamily three\nNormalName M\n"));
+    for (const auto& [key, get] : fields) {
+        EXPECT_EQ((find("one")->*get)(), "its-" + key);
+        EXPECT_EQ((find("two")->*get)(), nullptr) << key;
+    }
+    EXPECT_STREQ(find("three")->normalName(), "M");
     EXPECT_EQ(registry.getDefaultFontNames(QsEncodingLatin1), find("one"));
-    EXPECT_EQ(registry.count(), 16U);
+    EXPECT_EQ(registry.count(), 17U);
 }
 
 TEST_F(FontMap, MarksForTheDefault)
@@ -84,6 +100,17 @@ TEST_F(FontMap, MarksForTheDefault)
         EXPECT_TRUE(fresh.read(stream, ""));
         EXPECT_STREQ(fresh.getDefaultFontNames(QsEncodingLatin1)->family(), "helvetica") << value;
     }
+}
+
+TEST_F(FontMap, MarksFontsWithTheirOwnEncoding)
+{
+    EXPECT_TRUE(read(Header + "Family one\nNormalName N\nOwnEncoding yes\nFamily two\nNormalName M\n"
+                              "Family three\nOwnEncoding 1\nOwnEncoding no\nFamily four\nOwnEncoding TRUE\n"));
+    EXPECT_TRUE(find("one")->hasOwnEncoding());
+    EXPECT_FALSE(find("two")->hasOwnEncoding());
+    EXPECT_FALSE(find("three")->hasOwnEncoding());
+    EXPECT_TRUE(find("four")->hasOwnEncoding());
+    EXPECT_FALSE(find("symbol")->hasOwnEncoding());
 }
 
 TEST_F(FontMap, OtherValuesLeaveTheMark)
@@ -209,6 +236,25 @@ TEST_F(FontMap, TheVersionHasADecimalPointInEveryLocale)
     EXPECT_TRUE(registry.read(stream, ""));
     EXPECT_TRUE(stream.getloc() == comma);
     std::setlocale(LC_ALL, "C");
+}
+
+TEST_F(FontMap, EveryBlankEndsAWord)
+{
+    for (const std::string blank : {" ", "\t", "\v", "\f", "\r"}) {
+        QsdPSFonts_ fresh(20);
+        std::istringstream stream("// QsdPSFonts" + blank + "1.0\n// Encoding:" + blank + "latin1" + blank +
+                                  "\nFamily one\nNormalName N\n");
+        EXPECT_TRUE(fresh.read(stream, "")) << int{blank[0]};
+        EXPECT_NE(fresh.getPSFontNames(QsEncodingLatin1, "one"), nullptr) << int{blank[0]};
+    }
+}
+
+TEST_F(FontMap, VersionsCountToTheHundredth)
+{
+    EXPECT_TRUE(read("// QsdPSFonts 1.009\n// Encoding: latin1\nFamily one\nNormalName N\n"));
+    EXPECT_EQ(taken(), Warnings());
+    EXPECT_FALSE(read("// QsdPSFonts 1.01\n// Encoding: latin1\nFamily two\nNormalName N\n"));
+    EXPECT_EQ(taken(), InvalidHeader);
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -72,6 +74,30 @@ TEST(FontNames, DownloadedMarksAreOneToAFace)
     EXPECT_FALSE(names.isDownloaded(QsdPSFace::BoldItalic));
     names.resetDownloaded();
     EXPECT_FALSE(names.isDownloaded(QsdPSFace::Italic));
+}
+
+// A build with the thread sanitizer tells of reading that writes.
+TEST(FontRegistry, IsReadByThreadsAtOnce)
+{
+    constexpr int Threads = 4;
+    std::vector<int> found(Threads);
+    std::vector<std::thread> threads;
+    for (int& count : found) {
+        threads.emplace_back([&count] {
+            for (int i = 0; i < 1000; ++i) {
+                const QsdPSFonts_& registry = *QsdPSFonts_::GetInstance();
+                const QsdPSFontNames_* const names = registry.getPSFontNames(QsEncodingCP1252, "TIMES");
+                count += names != nullptr && registry.getPSFontNames(names) >= 0 &&
+                                 registry.getDefaultFontNames(QsEncodingEUCJP) != nullptr
+                             ? 1
+                             : 0;
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(found, std::vector<int>(Threads, 1000));
 }
 
 TEST(FontRegistry, HoldsTheBuiltInTable)

@@ -51,11 +51,12 @@ protected:
         open.device.initDevice("unused", nullptr);
         open.device.taken();
     }
-    void add(const char* family, const char* file)
+    /// Enters a record into the registry of the process, for another of its family where there is one.
+    static void enter(QsdPSFontNames_* names) { QsdPSFonts_::GetInstance()->addOrReplace(names, false); }
+    static void add(const char* family, const char* file)
     {
-        QsdPSFonts_::GetInstance()->add(new QsdPSFontNames_(QsEncodingLatin1, family, "Mine", nullptr, nullptr, nullptr,
-                                                            file, nullptr, nullptr, nullptr),
-                                        false);
+        enter(new QsdPSFontNames_(QsEncodingLatin1, family, "Mine", nullptr, nullptr, nullptr, file, nullptr, nullptr,
+                                  nullptr));
     }
 
     OpenDevice open;
@@ -73,10 +74,9 @@ TEST_F(FontSelection, NamesOfTheRecord)
 
 TEST_F(FontSelection, NamesThatAreNoneAreMadeOfStrings)
 {
-    QsdPSFonts_::GetInstance()->add(new QsdPSFontNames_(QsEncodingLatin1, "odd", "A b)c/d", nullptr, nullptr, nullptr,
-                                                        nullptr, nullptr, nullptr, nullptr),
-                                    false);
-    EXPECT_EQ(selected("odd", QsdFontBold), "12(A b\\)c/d-Bold)cvn qsdsf\n");
+    enter(new QsdPSFontNames_(QsEncodingLatin1, "mine", "A b)c/d", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                              nullptr));
+    EXPECT_EQ(selected("mine", QsdFontBold), "12(A b\\)c/d-Bold)cvn qsdsf\n");
 }
 
 TEST_F(FontSelection, DerivedNames)
@@ -90,6 +90,8 @@ TEST_F(FontSelection, UnknownFamiliesGetTheDefault)
 {
     EXPECT_EQ(selected("no such family", QsdFontBold), "12/Helvetica-Bold qsdsf\n");
     EXPECT_EQ(selected(nullptr, QsdFontPlain), "12/Helvetica qsdsf\n");
+    EXPECT_EQ(selected(nullptr, QsdFontBold), "12/Helvetica-Bold qsdsf\n");
+    EXPECT_EQ(selected(nullptr, QsdFontBold | QsdFontItalic), "12/Helvetica-BoldOblique qsdsf\n");
 }
 
 TEST_F(FontSelection, EncodingsWithoutRecordsFallBack)
@@ -161,10 +163,10 @@ TEST_F(FontFile, MissingIsWarnedAboutOncePerDocument)
         [](const char* message, void* data) { static_cast<std::vector<std::string>*>(data)->push_back(message); },
         &warnings);
     add("mine", path.c_str());
-    add("folder", "/");
+    add("other", "/");
     EXPECT_EQ(selected("mine"), "12/Mine qsdsf\n");
     EXPECT_EQ(selected("mine"), "12/Mine qsdsf\n");
-    EXPECT_EQ(selected("folder"), "12/Mine qsdsf\n");
+    EXPECT_EQ(selected("other"), "12/Mine qsdsf\n");
     EXPECT_EQ(warnings, (std::vector<std::string>{"Couldn't open font file " + path, "Couldn't open font file /"}));
     QsdSetWarningHandler(nullptr, nullptr);
 }
@@ -178,12 +180,11 @@ TEST_F(FontFile, EmptyIsCopiedEmpty)
 
 TEST_F(FontSelection, FacesWithANameOfTheirOwnNeedNoNormalOne)
 {
-    QsdPSFonts_::GetInstance()->add(new QsdPSFontNames_(QsEncodingLatin1, "bold only", nullptr, "Heavy", nullptr,
-                                                        nullptr, nullptr, nullptr, nullptr, nullptr),
-                                    false);
-    EXPECT_EQ(selected("bold only", QsdFontBold), "12/Heavy qsdsf\n");
-    EXPECT_EQ(selected("bold only"), "12/Helvetica qsdsf\n");
-    EXPECT_EQ(selected("bold only", QsdFontBold | QsdFontItalic), "12/Helvetica qsdsf\n");
+    enter(new QsdPSFontNames_(QsEncodingLatin1, "mine", nullptr, "Heavy", nullptr, nullptr, nullptr, nullptr, nullptr,
+                              nullptr));
+    EXPECT_EQ(selected("mine", QsdFontBold), "12/Heavy qsdsf\n");
+    EXPECT_EQ(selected("mine"), "12/Helvetica qsdsf\n");
+    EXPECT_EQ(selected("mine", QsdFontBold | QsdFontItalic), "12/Helvetica qsdsf\n");
 }
 
 TEST_F(FontSelection, FontsOfAWindowSystemFallBackToTheirFamilyToo)
@@ -218,13 +219,74 @@ TEST_F(FontFile, ThatNeverEndsIsNotCopied)
         [](const char* message, void* data) { static_cast<std::vector<std::string>*>(data)->push_back(message); },
         &warnings);
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
-    add("pipe", path.c_str());
-    add("zeros", "/dev/zero");
-    EXPECT_EQ(selected("pipe"), "12/Mine qsdsf\n");
-    EXPECT_EQ(selected("zeros"), "12/Mine qsdsf\n");
+    add("mine", path.c_str());
+    add("other", "/dev/zero");
+    EXPECT_EQ(selected("mine"), "12/Mine qsdsf\n");
+    EXPECT_EQ(selected("other"), "12/Mine qsdsf\n");
     EXPECT_EQ(warnings,
               (std::vector<std::string>{"Couldn't open font file " + path, "Couldn't open font file /dev/zero"}));
     QsdSetWarningHandler(nullptr, nullptr);
+}
+
+TEST_F(FontSelection, OnlyAStyleThatIsTheXNameAloneMeansOne)
+{
+    EXPECT_EQ(selected("times", QsdFontByXName | QsdFontBold), "12/Times-Bold qsdsf\n");
+    EXPECT_EQ(selected("times", QsdFontByXName | QsdFontItalic), "12/Times-Italic qsdsf\n");
+    EXPECT_EQ(selected("times", QsdFontByXName), "12/Helvetica qsdsf\n");
+}
+
+/// A record with a name and a file of its own for each face, and the files.
+class FaceFiles : public FontSelection {
+protected:
+    FaceFiles()
+    {
+        for (const std::string& file : files) {
+            std::ofstream(file, std::ios::binary) << "%!" << file;
+        }
+    }
+    ~FaceFiles() override
+    {
+        for (const std::string& file : files) {
+            std::remove(file.c_str());
+        }
+    }
+    static std::string fileOf(const char* face)
+    {
+        return ::testing::TempDir() + "dravonset-face-" +
+               ::testing::UnitTest::GetInstance()->current_test_info()->name() + face;
+    }
+    static std::string copied(const std::string& file, const std::string& name)
+    {
+        return "\n%%BeginFont: " + name + "\n%!" + file + "\n%%EndFont\n12/" + name + " qsdsf\n";
+    }
+    void enterFiles(const char* bold, const char* italic, const char* boldItalic)
+    {
+        enter(new QsdPSFontNames_(QsEncodingLatin1, "mine", "Mine", bold, italic, boldItalic, files[0].c_str(),
+                                  files[1].c_str(), files[2].c_str(), files[3].c_str()));
+    }
+
+    const std::string files[4] = {fileOf("normal"), fileOf("bold"), fileOf("italic"), fileOf("bold-italic")};
+    static constexpr std::uint16_t Styles[4] = {QsdFontPlain, QsdFontBold, QsdFontItalic, QsdFontBold | QsdFontItalic};
+};
+
+TEST_F(FaceFiles, AreCopiedOnceEachUnderTheirNames)
+{
+    enterFiles("Heavy", "Leaning", "HeavyLeaning");
+    const std::string names[] = {"Mine", "Heavy", "Leaning", "HeavyLeaning"};
+    for (const unsigned face : {3U, 1U, 0U, 2U}) {
+        EXPECT_EQ(selected("mine", Styles[face]), copied(files[face], names[face]));
+        EXPECT_EQ(selected("mine", Styles[face]), "12/" + names[face] + " qsdsf\n");
+    }
+}
+
+TEST_F(FaceFiles, WithoutANameAreCopiedUnderTheDerivedOne)
+{
+    enterFiles(nullptr, nullptr, nullptr);
+    const std::string names[] = {"Mine", "Mine-Bold", "Mine-Oblique", "Mine-BoldOblique"};
+    for (const unsigned face : {1U, 2U, 3U, 0U}) {
+        EXPECT_EQ(selected("mine", Styles[face]), copied(files[face], names[face]));
+        EXPECT_EQ(selected("mine", Styles[face]), "12/" + names[face] + " qsdsf\n");
+    }
 }
 
 } // namespace

@@ -124,4 +124,41 @@ TEST_F(Image, ColoursThatADisplayLeavesOutAreBlack)
     device.end();
 }
 
+TEST_F(Image, OurEncodersGetTheSameSamples)
+{
+    const unsigned char pixels[] = {7, 255, 255, 255, 7, 255, 0, 0, 7, 0, 255, 0, 7, 0, 0, 255};
+    TestDevice device(&display, QsdPSGrey);
+    device.setPostScriptLevel(1);
+    device.initDevice("unused", nullptr);
+    device.taken();
+    device.writeImage(&display, 24, 4, 1, pixels, sizeof pixels);
+    EXPECT_EQ(device.taken(), "ff577f27\n");
+    device.setColorModel(QsdPSRGB);
+    device.writeImage(&display, 24, 4, 1, pixels, sizeof pixels);
+    EXPECT_EQ(device.taken(), "ffffffff000000ff000000ff\n");
+    device.end();
+}
+
+TEST_F(Image, OurEncodersGetEveryPixelOfALongRow)
+{
+    constexpr unsigned long Width = 600;
+    std::vector<unsigned char> pixels;
+    std::string expected;
+    for (unsigned long i = 0; i < Width; ++i) {
+        const auto value = static_cast<unsigned char>(i % 251);
+        pixels.insert(pixels.end(), {0, value, value, value});
+        const char* const digits = "0123456789abcdef";
+        expected.append({digits[value >> 4], digits[value & 15]});
+    }
+    TestDevice device(&display, QsdPSGrey);
+    device.setPostScriptLevel(1);
+    device.initDevice("unused", nullptr);
+    device.taken();
+    device.writeImage(&display, 24, Width, 1, pixels.data(), pixels.size());
+    std::string text = device.taken();
+    std::erase(text, '\n');
+    EXPECT_EQ(text, expected);
+    device.end();
+}
+
 } // namespace

@@ -3,6 +3,7 @@
 #include "toolkit/base/QsdMessages.h"
 
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -204,6 +205,113 @@ TEST_F(PaletteState, ClosedDeviceReportsAndWritesNothing)
     EXPECT_EQ(open.device.taken(), "");
     EXPECT_EQ(errors, std::vector<std::string>(4, "The PostScript device has no open document to draw into"));
     QsdSetFatalErrorHandler(nullptr, nullptr);
+}
+
+TEST_F(PaletteState, WhatWasDrawnWithWhileClosedIsWrittenInTheNextDocument)
+{
+    std::vector<std::string> errors;
+    QsdSetFatalErrorHandler(
+        [](const char* message, void* data) { static_cast<std::vector<std::string>*>(data)->push_back(message); },
+        &errors);
+    open.device.end();
+    EXPECT_EQ(drawn(), "showpage\n%%Trailer\nend\n%%Pages: 1\n%%EOF\n");
+    EXPECT_EQ(errors.size(), 1U);
+    open.device.initDevice("unused", nullptr);
+    open.device.taken();
+    EXPECT_EQ(drawn(), "12/Helvetica qsdsf\n[] 0 setdash\n0 setgray\n1 slw\n");
+    QsdSetFatalErrorHandler(nullptr, nullptr);
+}
+
+/// Its colours bring the whole palette with them.
+class RecursiveDevice : public TestDevice {
+public:
+    using TestDevice::TestDevice;
+    void setForeground(const QsdPalette* palette) const override
+    {
+        ASSERT_LT(++depth, 3);
+        setCurrentPalette(palette);
+        QsdPSDevice::setForeground(palette);
+        --depth;
+    }
+
+    mutable int depth = 0;
+};
+
+TEST_F(PaletteState, AnOverrideOfSetForegroundMayComeBack)
+{
+    RecursiveDevice device(&open.display);
+    device.initDevice("unused", nullptr);
+    device.taken();
+    device.setCurrentPalette(open.palette.get());
+    EXPECT_EQ(device.taken(), "12/Helvetica qsdsf\n[] 0 setdash\n0 setgray\n1 slw\n");
+    open.palette->setForeground(color(65535, 0, 0).get());
+    device.setCurrentPalette(open.palette.get());
+    EXPECT_EQ(device.taken(), "1 0 0 setrgbcolor\n\n");
+    open.palette->setForeground(color(0, 65535, 0).get());
+    open.palette->setLineStyle(open.palette->lineStyle(), 7);
+    device.setCurrentPalette(open.palette.get());
+    EXPECT_EQ(device.taken(), "7 slw\n\n0 1 0 setrgbcolor\n\n");
+    device.setCurrentPalette(open.palette.get());
+    EXPECT_EQ(device.taken(), "");
+    device.end();
+}
+
+TEST_F(PaletteState, AnOverrideOfSetForegroundMayBeginAPage)
+{
+    class Paging : public TestDevice {
+    public:
+        using TestDevice::TestDevice;
+        void setForeground(const QsdPalette* palette) const override
+        {
+            if (begins) {
+                newPage();
+            }
+            QsdPSDevice::setForeground(palette);
+        }
+        bool begins = false;
+    };
+    Paging device(&open.display);
+    device.initDevice("unused", nullptr);
+    device.setCurrentPalette(open.palette.get());
+    device.begins = true;
+    open.palette->setForeground(open.display.white());
+    device.setCurrentPalette(open.palette.get());
+    EXPECT_TRUE(device.taken().ends_with("%%EndPageSetup\n1 setgray\n\n"));
+    device.begins = false;
+    device.setCurrentPalette(open.palette.get());
+    EXPECT_EQ(device.taken(), "12/Helvetica qsdsf\n[] 0 setdash\n1 setgray\n1 slw\n");
+    device.end();
+}
+
+TEST_F(PaletteState, WhatAnOverrideThrowsAtIsWrittenAgain)
+{
+    class Throwing : public TestDevice {
+    public:
+        using TestDevice::TestDevice;
+        void setForeground(const QsdPalette* palette) const override
+        {
+            if (throws) {
+                throw std::runtime_error("no");
+            }
+            QsdPSDevice::setForeground(palette);
+        }
+        bool throws = true;
+    };
+    Throwing device(&open.display);
+    device.initDevice("unused", nullptr);
+    device.taken();
+    EXPECT_THROW(device.setCurrentPalette(open.palette.get()), std::runtime_error);
+    EXPECT_EQ(device.taken(), "12/Helvetica qsdsf\n[] 0 setdash\n");
+    device.throws = false;
+    device.setCurrentPalette(open.palette.get());
+    EXPECT_EQ(device.taken(), "12/Helvetica qsdsf\n[] 0 setdash\n0 setgray\n1 slw\n");
+    device.throws = true;
+    open.palette->setForeground(open.display.white());
+    EXPECT_THROW(device.setCurrentPalette(open.palette.get()), std::runtime_error);
+    device.throws = false;
+    device.setCurrentPalette(open.palette.get());
+    EXPECT_EQ(device.taken(), "1 setgray\n\n");
+    device.end();
 }
 
 } // namespace

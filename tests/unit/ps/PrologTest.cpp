@@ -76,4 +76,37 @@ TEST_F(Prolog, FontScales)
               std::string::npos);
 }
 
+TEST_F(Prolog, LevelThreeIsThatOfLevelTwo)
+{
+    device.setPostScriptLevel(3);
+    EXPECT_EQ(document(), goldenFile("empty-level2.ps"));
+}
+
+TEST_F(Prolog, MayBeWrittenByItself)
+{
+    device.initFile();
+    EXPECT_EQ(device.taken(), "");
+    device.initDevice("unused", nullptr);
+    const std::string text = device.taken();
+    device.initFile();
+    const std::string again = device.taken();
+    EXPECT_EQ(again.find("%%BeginProlog\n80 dict begin\n"), 0U);
+    EXPECT_TRUE(again.ends_with("/Courier findfont setfont\n%%EndPageSetup\n"));
+    EXPECT_TRUE(text.ends_with(again + " gsave\n"));
+    device.end();
+}
+
+TEST_F(Prolog, MayBeReplaced)
+{
+    class Bare : public TestDevice {
+    public:
+        using TestDevice::TestDevice;
+        void initFile() override { send("% no prolog"); }
+    };
+    Bare bare(&display);
+    bare.initDevice("unused", nullptr);
+    EXPECT_TRUE(bare.taken().ends_with("\n%%Pages: (atend)\n% no prolog\n gsave\n"));
+    bare.end();
+}
+
 } // namespace

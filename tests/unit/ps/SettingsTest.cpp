@@ -92,6 +92,7 @@ TEST_F(Settings, EncodersBelongToTheDevice)
     device.initDevice("unused", nullptr);
     EXPECT_NE(mine->bound, nullptr);
     device.end();
+    EXPECT_EQ(mine->bound, nullptr);
     device.setEncoder(nullptr);
     EXPECT_FALSE(alive);
     EXPECT_EQ(device.getEncoder(), nullptr);
@@ -191,6 +192,54 @@ TEST_F(Settings, TheDevicesHeaderBringsTheFontRegistry)
     const QsdPSFontNames_* const times = registry.getPSFontNames(QsEncodingLatin1, "times");
     ASSERT_NE(times, nullptr);
     EXPECT_STREQ(times->normalName(), "Times-Roman");
+}
+
+TEST_F(Settings, EveryLevelsEncoderIsBoundToTheOpenStream)
+{
+    device.initDevice("unused", nullptr);
+    for (const unsigned long level : {2UL, 3UL, 0UL}) {
+        device.setPostScriptLevel(level);
+        device.taken();
+        device.getEncoder()->startData();
+        device.getEncoder()->putByte(0);
+        device.getEncoder()->endData();
+        EXPECT_EQ(device.taken(), "!!~>\n") << level;
+    }
+    device.end();
+}
+
+TEST_F(Settings, DestructionDeletesTheEncoderBeforeTheStream)
+{
+    class Stream : public std::ostringstream {
+    public:
+        Stream(const bool& encoderAlive, bool& sawEncoder) : _encoderAlive(encoderAlive), _sawEncoder(sawEncoder) {}
+        ~Stream() override { _sawEncoder = _encoderAlive; }
+
+    private:
+        const bool& _encoderAlive;
+        bool& _sawEncoder;
+    };
+    class Device : public QsdPSDevice {
+    public:
+        Device(QsdDisplay* display, const bool& encoderAlive, bool& sawEncoder)
+            : QsdPSDevice(display, QsdPSRGB), _encoderAlive(encoderAlive), _sawEncoder(sawEncoder)
+        {
+        }
+        std::ostream* openStream(const char*) override { return new Stream(_encoderAlive, _sawEncoder); }
+
+    private:
+        const bool& _encoderAlive;
+        bool& _sawEncoder;
+    };
+    bool sawEncoder = true;
+    {
+        Device other(&display, alive, sawEncoder);
+        other.setEncoder(new TracedEncoder(alive));
+        other.initDevice("unused", nullptr);
+        ASSERT_TRUE(alive);
+    }
+    EXPECT_FALSE(alive);
+    EXPECT_FALSE(sawEncoder);
 }
 
 } // namespace

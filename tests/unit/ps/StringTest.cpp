@@ -92,6 +92,8 @@ TEST(StringLiteral, EUCDropsTheThirdSetsShift)
 TEST(StringLiteral, EUCKeepsOtherControlBytesRaw)
 {
     EXPECT_EQ(body(QsEncodingEUCJP, "\x9F\x7F"), "\x9F\x7F");
+    EXPECT_EQ(body(QsEncodingEUCJP, "\xB0\xA1\x9F\xB0\xA1"), "\\377\\001\\60\\41\\377\\000\x9F\\377\\001\\60\\41");
+    EXPECT_EQ(body(QsEncodingEUCJP, "\x8E\xB1\x9F"), "\\377\\002\\\xB1\\377\\000\x9F");
 }
 
 TEST(StringLiteral, KanjiBytesHaveNoLeadingZeros)

@@ -4,6 +4,7 @@
 #include "toolkit/base/QsdGlobalContext.h"
 #include "toolkit/graphics/QsdBidiString.h"
 
+#include <climits>
 #include <clocale>
 #include <cstdint>
 #include <gtest/gtest.h>
@@ -124,6 +125,26 @@ TEST_F(Text, AtSignsMatterInShiftJISAlone)
 {
     useFont("@mincho");
     EXPECT_EQ(string("A"), "G 10 20 M 1 -1 scale(A)qsdshow g\n");
+    use("ja_JP.eucJP");
+    EXPECT_EQ(string("A"), "G 10 20 M 1 -1 scale(A)qsdjshow g\n");
+    EXPECT_EQ(opaque("A").find(" G n 10 20 M 1 -1 scale(A)\n"), 0U);
+    EXPECT_NE(transformed("A", QsdTransformer()).find("0 0 M[1 0 0 1 0 0]concat\n"), std::string::npos);
+}
+
+/// A font whose ascent and descent add up to an odd number.
+class OddFont : public QsdFont {
+public:
+    OddFont() : QsdFont("@odd", QsdFontPlain, 12, 10, 3) {}
+};
+
+TEST_F(Text, VerticalFontsOfAnOddHeight)
+{
+    use("ja_JP.SJIS");
+    const auto font = QsdHandle<QsdFont>::Adopt(new OddFont);
+    open.palette->setFont(font.get());
+    EXPECT_EQ(string("A"), "G 10 16 M[0 1 -1 0 0 0]concat\n 1 -1 scale(\\101)qsdjshow g\n");
+    EXPECT_EQ(transformed("A", QsdTransformer(1, 0, 0, 1, 100, 200)),
+              " G \n110 193.5 M[0 1 -1 0 0 0]concat\n0 10 rM 1 -1 scale(\\101)qsdjshow g\n");
 }
 
 TEST_F(Text, TransformedString)
@@ -205,11 +226,39 @@ TEST_F(Text, WideStringsThatCannotBeConvertedDrawNothing)
     EXPECT_EQ(open.device.taken(), "");
 }
 
-TEST_F(Text, WideStringsAreReadToTheirLengthAlone)
+TEST_F(Text, WideStringsFillTheBytesOfTheirLengthAndOneMore)
 {
-    open.settle();
-    open.device.drawWChar(open.palette.get(), {1, 2}, L"abcdef", 2, QsdPositionNone);
-    EXPECT_EQ(open.device.taken(), "G 1 2 M 1 -1 scale(ab)qsdshow g\n");
+    const auto wide = [&](const wchar_t* text, int length) {
+        open.settle();
+        open.device.drawWChar(open.palette.get(), {1, 2}, text, length, QsdPositionNone);
+        return open.device.taken();
+    };
+    EXPECT_EQ(wide(L"abcdef", 2), "G 1 2 M 1 -1 scale(abc)qsdshow g\n");
+    EXPECT_EQ(wide(L"abcdef", 6), "G 1 2 M 1 -1 scale(abcdef)qsdshow g\n");
+    EXPECT_EQ(wide(L"abc", INT_MAX), "G 1 2 M 1 -1 scale(abc)qsdshow g\n");
+    use("ja_JP.eucJP");
+    EXPECT_EQ(wide(L"abcdefgh", 1), "G 1 2 M 1 -1 scale(abcdef)qsdjshow g\n");
+    open.device.drawIWChar(open.palette.get(), {1, 2}, L"abcdefgh", 1, QsdPositionNone);
+    EXPECT_EQ(open.device.taken().find(" G n 1 2 M 1 -1 scale(abcdef)\n"), 0U);
+}
+
+TEST_F(Text, WideStringsEndBeforeACharacterThatDoesNotFit)
+{
+    if (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr) {
+        GTEST_SKIP() << "no locale of several-byte characters";
+    }
+    const auto wide = [&](const wchar_t* text, int length) {
+        open.settle();
+        open.device.drawWChar(open.palette.get(), {1, 2}, text, length, QsdPositionNone);
+        return open.device.taken();
+    };
+    EXPECT_EQ(wide(L"\u00E9\u00E9\u00E9", 1), "G 1 2 M 1 -1 scale(\\303\\251)qsdshow g\n");
+    EXPECT_EQ(wide(L"a\u00E9\u00E9", 1), "G 1 2 M 1 -1 scale(a)qsdshow g\n");
+    EXPECT_EQ(wide(L"\u3042", 1), "");
+    // What does not come into the text is not converted either.
+    EXPECT_EQ(wide(L"ab\xD800", 1), "G 1 2 M 1 -1 scale(ab)qsdshow g\n");
+    EXPECT_EQ(wide(L"a\xD800", 2), "");
+    std::setlocale(LC_CTYPE, "C");
 }
 
 TEST_F(Text, BidirectionalStringsAreNotDrawn)
@@ -304,6 +353,22 @@ TEST_F(Text, NumberConventionsComeBackWhenTheStreamThrows)
         EXPECT_STREQ(std::localeconv()->decimal_point, ",");
     }
     std::setlocale(LC_NUMERIC, "C");
+}
+
+TEST_F(Text, TransformedStringUnderAClipOfTwoRectangles)
+{
+    QsdRegion two;
+    two.add({0, 0, 10, 10});
+    two.add({20, 0, 5, 5});
+    open.palette->setClipRegion(two);
+    const std::string both = " rc gsave  n 10 10 0 0 rect 5 5 20 0 rect clip n\n";
+    EXPECT_EQ(transformed("Hi", QsdTransformer()).find(" G \n0 0 M["), 0U);
+    QsdRegion given;
+    given.add({5, 0, 3, 3});
+    given.add({21, 0, 2, 2});
+    const std::string text = transformed("Hi", QsdTransformer(), &given);
+    EXPECT_EQ(text.find(" G \n rc gsave  n 5 3 5 0 rect 3 3 20 0 rect clip n\n0 0 M["), 0U);
+    EXPECT_TRUE(text.ends_with("(Hi)qsdshow g\n rc gsave\n" + both));
 }
 
 } // namespace

@@ -40,6 +40,29 @@ TEST(Clips, HideEverythingWhenEmptyAndNothingWhenMissing)
               (Lines{"clip M0,0 L5,0", kFill, "popClip"}));
 }
 
+TEST(Clips, CutWhatIsBroughtInByReferenceTwice)
+{
+    EXPECT_EQ(linesOf("<clipPath id='e'><path d='M0 0H7'/></clipPath>"
+                      "<clipPath id='d' clip-path='url(#e)'><path d='M0 0H9'/></clipPath>"
+                      "<clipPath id='b' clipPathUnits='objectBoundingBox'><path d='M0 0H1'/></clipPath>"
+                      "<clipPath id='c'><use href='#r' x='3' clip-path='url(#b)'/></clipPath>"
+                      "<defs><path id='r' d='M0 0H8V4' clip-path='url(#d)'/></defs>" +
+                      kTarget),
+              (Lines{"clip M3,0 L11,0 L11,4 inner( M3,0 L12,0 within( M3,0 L10,0 ) ) around( M3,0 L11,0 )", kFill,
+                     "popClip"}));
+}
+
+TEST(Clips, OfTextsAreTheirVisibleLetters)
+{
+    const Recording r = draw("<clipPath id='c'><text x='3' y='9' fill='none'>a<tspan visibility='hidden'>b</tspan>"
+                             "</text><text visibility='hidden'>c<tspan visibility='visible'>d</tspan></text>"
+                             "<use href='#t' x='5'/></clipPath><defs><text id='t' x='1' y='1'>e</text></defs>" +
+                             kTarget);
+    EXPECT_EQ(r.canvas.lines,
+              (Lines{"clip text 3,9 [a] [b]hidden text 0,0 [c]hidden [d] text 6,1 [e]", kFill, "popClip"}));
+    EXPECT_EQ(r.messages, "");
+}
+
 TEST(Masks, OfPlainWhiteAreClips)
 {
     EXPECT_EQ(linesOf("<mask id='m' maskUnits='userSpaceOnUse' x='0' y='0' width='9' height='9'>"
@@ -52,7 +75,7 @@ TEST(Masks, OfGreyAreReported)
 {
     const Recording r = draw("<mask id='m'><path fill='gray' d='M0 0H5'/></mask><path d='M0 0H1' mask='url(#m)'/>");
     EXPECT_EQ(r.canvas.lines, (Lines{"fill #000000 M0,0 L1,0"}));
-    EXPECT_EQ(r.messages, "in: warning: 1 x mask not drawn\n");
+    EXPECT_EQ(r.messages, "in: 1 mask left out\n");
 }
 
 } // namespace

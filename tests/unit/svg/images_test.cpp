@@ -1,17 +1,9 @@
 // Images in data URIs, in files, and drawings inside of drawings.
+#include "drawing_folder.h"
 #include "recording_canvas.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-
-#include <unistd.h>
 
 namespace qsdps {
 namespace {
-
-namespace fs = std::filesystem;
 
 TEST(Images, ComeFromDataUris)
 {
@@ -47,37 +39,25 @@ TEST(Images, MayBeDrawings)
               (Lines{"clip M10,0 L30,0 L30,20 L10,20 Z", "fill #000000 M10,0 L20,0", "popClip"}));
 }
 
-class ImageFiles : public testing::Test {
+class ImageFiles : public DrawingFolder {
 protected:
     void SetUp() override
     {
-        _folder = fs::temp_directory_path() / ("svg-images-" + std::to_string(getpid()));
-        fs::create_directories(_folder / "in");
         write("in/a b.png", "inside");
         write("secret.png", "outside");
-        fs::create_symlink(_folder / "secret.png", _folder / "in/link.png");
-    }
-    void TearDown() override { fs::remove_all(_folder); }
-
-    void write(const std::string& name, const std::string& text) const
-    {
-        std::ofstream(_folder / name, std::ios::binary) << text;
+        link("secret.png", "link.png");
     }
 
     [[nodiscard]] Recording open(const std::string& href) const
     {
-        SvgOptions options;
-        options.baseFolder = _folder / "in";
-        return drawFile("<svg width='9' height='9'><image width='1' height='1' href='" + href + "'/></svg>", options);
+        return drawFile("<svg width='9' height='9'><image width='1' height='1' href='" + href + "'/></svg>", options());
     }
-
-    fs::path _folder;
 };
 
 TEST_F(ImageFiles, AreReadBesideTheDrawing)
 {
     EXPECT_EQ(open("a%20b.png").canvas.lines, (Lines{"image inside 0,0 1,1"}));
-    EXPECT_EQ(open("file://" + (_folder / "in/a%20b.png").string()).canvas.lines, (Lines{"image inside 0,0 1,1"}));
+    EXPECT_EQ(open("file://" + pathOf("in/a%20b.png")).canvas.lines, (Lines{"image inside 0,0 1,1"}));
 }
 
 TEST_F(ImageFiles, AreNotReadElsewhere)
@@ -86,7 +66,7 @@ TEST_F(ImageFiles, AreNotReadElsewhere)
          {"../secret.png", "link.png", "/etc/passwd", "http://localhost/a.png", "none.png", ".", "a%20b.png%00"}) {
         const Recording r = open(href);
         EXPECT_EQ(r.canvas.lines, Lines{}) << href;
-        EXPECT_NE(r.messages.find("1 x image not drawn"), std::string::npos) << href;
+        EXPECT_NE(r.messages.find("1 image left out: it cannot be read"), std::string::npos) << href;
     }
 }
 
@@ -95,7 +75,7 @@ TEST_F(ImageFiles, ThatContainThemselvesEnd)
     write("in/self.svg",
           "<svg width='9' height='9'><image width='9' height='9' href='self.svg'/><path d='M0 0H1'/></svg>");
     const Recording r = open("self.svg");
-    EXPECT_NE(r.messages.find("1 x image not drawn"), std::string::npos);
+    EXPECT_NE(r.messages.find("1 image left out: it cannot be read"), std::string::npos);
     write("in/nosize.svg", "<svg><image href='nosize.svg'/></svg>");
     EXPECT_EQ(open("nosize.svg").canvas.lines, Lines{});
 }

@@ -64,8 +64,15 @@ std::string clipText(const ClipPath& clip)
     for (const ClipOutline& outline : clip.outlines) {
         text += outline.rule == FillRule::EvenOdd ? " evenodd" : "";
         text += pathText(outline.path, outline.toPage);
+        for (const TextChunk& chunk : outline.texts) {
+            text += " text " + point(outline.toPage.map(chunk.at));
+            for (const TextSpan& span : chunk.spans)
+                text += " [" + span.text + "]" + (span.fill.none() ? "hidden" : "");
+        }
         if (outline.inner)
             text += " inner(" + clipText(*outline.inner) + " )";
+        if (outline.around)
+            text += " around(" + clipText(*outline.around) + " )";
     }
     if (clip.within)
         text += " within(" + clipText(*clip.within) + " )";

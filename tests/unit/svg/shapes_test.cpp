@@ -1,4 +1,5 @@
 // Shapes, strokes and markers.
+#include "drawing/report.h"
 #include "recording_canvas.h"
 
 #include <gtest/gtest.h>
@@ -17,8 +18,9 @@ TEST(Shapes, BecomeOutlines)
 
 TEST(Shapes, ReportWhatIsWrong)
 {
-    EXPECT_EQ(draw("\n<path d='M0 0 L5 5 L x'/>").messages, "in:2: warning: fault in path data, drawn up to it\n");
-    EXPECT_EQ(draw("<rect fill='blurple' width='1' height='1'/>").messages, "in:1: warning: bad value of fill\n");
+    EXPECT_EQ(draw("\n<path d='M0 0 L5 5 L x'/>").messages, "in:2: path drawn up to a fault in its data\n");
+    EXPECT_EQ(draw("<rect fill='blurple' width='1' height='1'/>").messages,
+              "in:1: bad value 'blurple' of fill ignored\n");
 }
 
 TEST(Shapes, FoldOpacityIntoASinglePaint)
@@ -63,10 +65,23 @@ TEST(Strokes, MeasureDashesByPathLength)
 
 TEST(Strokes, IgnoreImpossibleDashes)
 {
-    for (const char* dashes : {"0 0", "-1 2", "none", "1 x"}) {
-        const Recording r = draw(std::string("<path d='M0 0H10' stroke='red' stroke-dasharray='") + dashes + "'/>");
+    const auto lineOf = [](const std::string& dashes) {
+        return draw("<path d='M0 0H10' stroke='red' stroke-dasharray='" + dashes + "'/>");
+    };
+    std::string endless;
+    for (int i = 0; i < 10000; ++i)
+        endless += "1 ";
+    for (const std::string& dashes : {std::string("-1 2"), std::string("3 -1%"), std::string("1 x"), endless}) {
+        const Recording r = lineOf(dashes);
         ASSERT_EQ(r.canvas.strokes.size(), 1U);
         EXPECT_TRUE(r.canvas.strokes[0].dashes.empty()) << dashes;
+        EXPECT_EQ(r.messages, "in:1: " + badValue(dashes, "stroke-dasharray") + "\n");
+    }
+    for (const char* solid : {"0 0", "none", "0"}) {
+        const Recording r = lineOf(solid);
+        ASSERT_EQ(r.canvas.strokes.size(), 1U);
+        EXPECT_TRUE(r.canvas.strokes[0].dashes.empty()) << solid;
+        EXPECT_EQ(r.messages, "") << solid;
     }
 }
 

@@ -26,7 +26,14 @@ TEST(Uses, DrawWhatTheyReferTo)
     EXPECT_EQ(linesOf("<defs><path id='p' d='M0 0H1'/></defs><use href='#p' x='5' fill='red' "
                       "transform='scale(2)'/><use xlink:href='#p' y='1'/>"),
               (Lines{"fill #ff0000 M10,0 L12,0", "fill #000000 M0,1 L1,1"}));
-    EXPECT_EQ(draw("<use href='#none'/>").messages, "in:1: warning: use refers to nothing in this file\n");
+    EXPECT_EQ(draw("<use href='#none'/>").messages, "in:1: use element left out: it refers to nothing in this file\n");
+}
+
+TEST(Uses, MoveWhatCutsThem)
+{
+    EXPECT_EQ(linesOf("<clipPath id='c'><path d='M0 0H5'/></clipPath><defs><path id='p' d='M0 0H9'/></defs>"
+                      "<use href='#p' x='40' y='2' clip-path='url(#c)'/>"),
+              (Lines{"clip M40,2 L45,2", "fill #000000 M40,2 L49,2", "popClip"}));
 }
 
 TEST(Uses, GiveSymbolsAViewport)
@@ -55,16 +62,33 @@ TEST(Switches, TakeTheFirstThatFits)
     EXPECT_EQ(linesOf("<path systemLanguage='fr' d='M0 0H1'/>"), Lines{});
 }
 
+TEST(Switches, TakeTheFirstThatCanBeDrawn)
+{
+    const std::string label = "<text x='5' y='9'>label</text>";
+    for (const std::string& other : {std::string("<foreignObject width='9' height='9'><p>x</p></foreignObject>"),
+                                     std::string("<flowRoot/>"), std::string("<title>x</title>"), std::string("<y/>"),
+                                     std::string("<g requiredExtensions=''><path d='M0 0H1'/></g>"),
+                                     std::string("<g systemLanguage=''><path d='M0 0H1'/></g>")}) {
+        const Recording r = draw("<switch>" + other + label + "</switch>");
+        EXPECT_EQ(r.canvas.lines, Lines{"text 5,9 [label]"}) << other;
+        EXPECT_EQ(r.messages, "") << other;
+    }
+    const Recording empty = draw("<switch><g requiredFeatures='urn:any'/>" + label + "</switch>");
+    EXPECT_EQ(empty.canvas.lines, Lines{});
+    const Recording none = draw("<switch><y/><foreignObject width='9' height='9'/></switch>");
+    EXPECT_EQ(none.messages, "in: 1 foreignObject element left out\n");
+}
+
 TEST(Reports, NameWhatIsNotDrawn)
 {
     EXPECT_EQ(draw("<foreignObject/><flowRoot/>").messages,
-              "in: warning: 1 x flowed text not drawn\nin: warning: 1 x foreignObject not drawn\n");
+              "in: 1 flowed text left out\nin: 1 foreignObject element left out\n");
     EXPECT_EQ(draw("<filter id='b'><feGaussianBlur/></filter><filter id='n'><feTurbulence/></filter>"
                    "<path d='M0 0H1' filter='url(#b)'/><path d='M0 0H1' filter='url(#n)'/>"
                    "<path d='M0 0H1' style='mix-blend-mode:multiply'/>")
                   .messages,
-              "in: warning: 1 x filter not drawn\nin: warning: 1 x blend mode approximated\n"
-              "in: warning: 1 x filter approximated\n");
+              "in: 1 filter left out: it brings in something of its own\nin: 1 blend mode ignored\n"
+              "in: 1 object drawn without its filter\n");
 }
 
 } // namespace

@@ -67,6 +67,14 @@ TEST(Text, ReadsTheFontShorthand)
     EXPECT_TRUE(span.font.italic);
 }
 
+TEST(Text, HasTheSerifOfBrowsersWithoutAFamily)
+{
+    const std::vector<std::string> serif{"Times New Roman", "serif"};
+    EXPECT_EQ(firstSpan(draw("<text>x</text>")).font.families, serif);
+    EXPECT_EQ(firstSpan(draw("<g font-family='Arial'><text font-family='initial'>x</text></g>")).font.families, serif);
+    EXPECT_EQ(firstSpan(draw("<text style='font-family:var(--none)'>x</text>")).font.families, serif);
+}
+
 TEST(Text, CarriesDecorationShiftAndLength)
 {
     const Recording r = draw("<text text-decoration='underline' text-anchor='middle' textLength='50' opacity='.5'>"
@@ -99,6 +107,28 @@ TEST(Text, KeepsTheAdvanceOfWhatIsHidden)
     EXPECT_EQ(spans[1].text, "b");
     EXPECT_TRUE(spans[1].fill.none());
     EXPECT_FALSE(spans[2].fill.none());
+}
+
+TEST(Text, PaintsStrokeAndFillInTheOrderAskedFor)
+{
+    const Recording r =
+        draw("<g stroke='red'><text>a</text><text paint-order='stroke'>b</text>"
+             "<text paint-order='markers'>c</text><text style='paint-order:markers stroke'>d</text></g>");
+    ASSERT_EQ(r.canvas.chunks.size(), 4U);
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(r.canvas.chunks[i].spans.at(0).strokeFirst, i % 2 == 1) << i;
+}
+
+TEST(Text, TellsOfTref)
+{
+    const std::string told = "in: 1 tref element left out\n";
+    const Recording r = draw("<text>a<tref href='#x'/>b</text>");
+    EXPECT_EQ(r.canvas.lines, Lines{"text 0,0 [ab]"});
+    EXPECT_EQ(r.messages, told);
+    EXPECT_EQ(draw("<text><switch><tref href='#x'/></switch></text>").messages, told);
+    const Recording instead = draw("<text><switch><tref href='#x'/><y/><tspan>b</tspan></switch></text>");
+    EXPECT_EQ(instead.canvas.lines, Lines{"text 0,0 [b]"});
+    EXPECT_EQ(instead.messages, "");
 }
 
 TEST(Text, ReplacesBytesThatAreNoCharacters)

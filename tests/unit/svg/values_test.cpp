@@ -50,6 +50,24 @@ TEST(Lengths, ConvertUnits)
     EXPECT_FALSE(parseLength("5furlong"));
 }
 
+TEST(Lengths, AddUp)
+{
+    const LengthBase base{{200, 100}, 10, 20, 96};
+    const auto at = [&](const char* text) { return resolve(parseLength(text).value(), Axis::Horizontal, base); };
+    EXPECT_DOUBLE_EQ(at("calc(50% - 10px)"), 90);
+    EXPECT_DOUBLE_EQ(at("CALC( (1in + 2em) * 2 / 4 )"), 58);
+    EXPECT_DOUBLE_EQ(at("calc(2 * calc(1px - -3px))"), 8);
+    EXPECT_DOUBLE_EQ(at("calc(10px - 2 * 3px)"), 4);
+    EXPECT_DOUBLE_EQ(at("calc(1.5e1)"), 15);
+    EXPECT_DOUBLE_EQ(at("calc(1px*2 + 3px*(1 + 1))"), 8);
+    EXPECT_DOUBLE_EQ(at("calc(0px + 5%)"), 10);
+    for (const char* text : {"calc()", "calc(1px+2px)", "calc(1px +2px)", "calc(1px + 2)", "calc(1px * 2px)",
+                             "calc(2 / 1px)", "calc(1px / 0)", "calc(1px", "calc(1px))", "calc 1px", "calc(1px) 2",
+                             "calc(1e308px * 10)", "calc(1deg)", "calc(NaN * 1px)", "calc(1 px)", "calc(2px +)"})
+        EXPECT_FALSE(parseLength(text)) << text;
+    EXPECT_EQ(parseLengthList("calc(1px + 1%), 2px calc(3px)").value().size(), 3U);
+}
+
 TEST(Colors, OfEverySyntax)
 {
     const auto is = [](const char* text, Rgb rgb, double alpha) {

@@ -31,6 +31,24 @@ TEST(Faces, TheFirstThatIsThereDecides)
     EXPECT_STREQ(faceOf({"Times", "Installed Mono"}).family, "times");
 }
 
+TEST(Faces, MappedFamiliesComeBeforeAllElse)
+{
+    const FindMapped findMapped = [](const std::string& name) {
+        return name == "Palatino" || name == "Installed Mono" || name == "serif" ? "mapped" : nullptr;
+    };
+    const auto mapped = [&](const std::vector<std::string>& families) {
+        return faceFor(
+            families, false, [](const std::string& name) { return name == "Installed Mono"; }, findMapped);
+    };
+    for (const char* const family : {"Palatino", "Installed Mono", "serif"}) {
+        const Face face = mapped({"Nowhere", family});
+        EXPECT_STREQ(face.family, "mapped") << family;
+        EXPECT_EQ(face.likeness, Face::Likeness::Same) << family;
+        EXPECT_EQ(face.advances, nullptr) << family;
+    }
+    EXPECT_STREQ(mapped({"Arial", "Palatino"}).family, "helvetica") << "the first that is there decides";
+}
+
 TEST(Faces, KindsAreMadeAsWideAsTheyUsuallyAre)
 {
     const Face sans = faceOf({"sans-serif"});

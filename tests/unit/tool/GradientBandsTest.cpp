@@ -88,7 +88,8 @@ TEST(GradientBands, LinearAreasCoverTheBounds)
 {
     const QsdRect bounds{-500, 0, 2000, 300};
     Rings all;
-    for (const BandArea& area : bandAreas(blackToWhite(Gradient::Kind::Linear), Matrix::scaling(10, 10), bounds, 1)) {
+    for (const BandArea& area :
+         bandAreas(blackToWhite(Gradient::Kind::Linear), Matrix::scaling(10, 10), bounds, 1, 10)) {
         all = unionOf(all, area.area);
     }
     EXPECT_TRUE(difference(ringsOf(bounds), all).empty());
@@ -97,7 +98,7 @@ TEST(GradientBands, LinearAreasCoverTheBounds)
 TEST(GradientBands, RadialAreasShrinkFromTheBounds)
 {
     const QsdRect bounds{-2000, -2000, 4000, 4000};
-    const auto areas = bandAreas(blackToWhite(Gradient::Kind::Radial), Matrix::scaling(10, 10), bounds, 1);
+    const auto areas = bandAreas(blackToWhite(Gradient::Kind::Radial), Matrix::scaling(10, 10), bounds, 1, 10);
     ASSERT_GT(areas.size(), 10U);
     EXPECT_EQ(boundsOf(areas.front().area), bounds);
     EXPECT_EQ(areas.front().ink.color, (Rgb{255, 255, 255}));
@@ -106,10 +107,30 @@ TEST(GradientBands, RadialAreasShrinkFromTheBounds)
     }
 }
 
+TEST(GradientBands, ReachUnderTheirNeighbours)
+{
+    constexpr int Overlap = 30;
+    const QsdRect bounds{0, 0, 10000, 300};
+    const auto linear = bandAreas(blackToWhite(Gradient::Kind::Linear), Matrix::scaling(100, 100), bounds, 1, Overlap);
+    ASSERT_GT(linear.size(), 10U);
+    for (std::size_t i = 1; i < linear.size(); ++i) {
+        const QsdRect before = boundsOf(linear[i - 1].area);
+        const QsdRect here = boundsOf(linear[i].area);
+        EXPECT_NEAR(static_cast<double>(before.right() - here.x), Overlap, 2);
+    }
+    const auto radial = bandAreas(blackToWhite(Gradient::Kind::Radial), Matrix::scaling(100, 100), bounds, 1, Overlap);
+    ASSERT_GT(radial.size(), 10U);
+    for (std::size_t i = 0; i + 2 < radial.size(); ++i) {
+        EXPECT_TRUE(difference(radial[i].inside, radial[i + 1].area).empty());
+        EXPECT_FALSE(difference(radial[i + 1].area, radial[i].inside).empty());
+    }
+    EXPECT_TRUE(radial.back().inside.empty());
+}
+
 TEST(GradientBands, NothingWithoutExtent)
 {
     Gradient gradient = blackToWhite(Gradient::Kind::Linear);
     gradient.end = gradient.start;
-    EXPECT_TRUE(bandAreas(gradient, Matrix(), {0, 0, 10, 10}, 1).empty());
-    EXPECT_TRUE(bandAreas(blackToWhite(Gradient::Kind::Linear), Matrix::scaling(1, 0), {0, 0, 10, 10}, 1).empty());
+    EXPECT_TRUE(bandAreas(gradient, Matrix(), {0, 0, 10, 10}, 1, 10).empty());
+    EXPECT_TRUE(bandAreas(blackToWhite(Gradient::Kind::Linear), Matrix::scaling(1, 0), {0, 0, 10, 10}, 1, 10).empty());
 }

@@ -17,7 +17,7 @@ TEST(Lengths, TakeUnits)
 
 TEST(Lengths, RefuseOtherText)
 {
-    for (const char* text : {"", "x", "1furlong", "1 in in", "nan", "inf", "1,5cm"}) {
+    for (const char* text : {"", "x", "1furlong", "1 in in", "nan", "inf", "-inf", "1e308in", "1,5cm"}) {
         EXPECT_FALSE(parseLength(text, 1)) << text;
     }
 }
@@ -45,10 +45,38 @@ TEST(Lengths, KnowPapers)
     EXPECT_FALSE(parsePaper("0x10"));
 }
 
-TEST(Lengths, KnowColors)
+TEST(Lengths, OnePaperUnitCountsForBothSides)
 {
-    EXPECT_EQ(parseColor("#102030"), (Rgb{16, 32, 48}));
-    EXPECT_EQ(parseColor("#fff"), (Rgb{255, 255, 255}));
-    EXPECT_EQ(parseColor("red"), (Rgb{255, 0, 0}));
-    EXPECT_FALSE(parseColor("#12"));
+    const double millimetre = 72 / 25.4;
+    for (const char* const text : {"100x50mm", "100mmx50", "100mmx50mm", "100X5CM"}) {
+        const PaperSize paper = parsePaper(text).value();
+        EXPECT_DOUBLE_EQ(paper.height, 50 * millimetre) << text;
+    }
+    EXPECT_DOUBLE_EQ(parsePaper("100x50mm").value().width, 100 * millimetre);
+    EXPECT_DOUBLE_EQ(parsePaper("100x50").value().width, 100);
+    EXPECT_DOUBLE_EQ(parsePaper("96pxx48px").value().width, 72);
+    EXPECT_DOUBLE_EQ(parsePaper("96x48px").value().width, 72);
+    EXPECT_DOUBLE_EQ(parsePaper("1inx10mm").value().width, 72);
+    for (const char* const text : {"100xmm", "x", "100x", "nanx10", "10xinf", "10x0mm", "1x2x3", "1e308x1e308in"}) {
+        EXPECT_FALSE(parsePaper(text)) << text;
+    }
+}
+
+TEST(Lengths, NumbersHaveLimits)
+{
+    EXPECT_EQ(parseNumber("2", 1, 3), 2);
+    EXPECT_EQ(parseNumber("+2", 1, 3), 2);
+    EXPECT_EQ(parseNumber("3", 1, 3), 3);
+    for (const char* const text : {"", "0", "nan", "inf", "-2", "+-2", "3.1", "2 ", "2mm", "1e400", "0x2"}) {
+        EXPECT_FALSE(parseNumber(text, 1, 3)) << text;
+    }
+}
+
+TEST(Lengths, MarginsMayTakeAllRoom)
+{
+    const PaperSize paper{100, 200};
+    EXPECT_TRUE(leavesRoom(paper, {49, 0, 50, 0}));
+    EXPECT_FALSE(leavesRoom(paper, {50, 0, 50, 0}));
+    EXPECT_TRUE(leavesRoom(paper, {0, 99, 0, 100}));
+    EXPECT_FALSE(leavesRoom(paper, {0, 150, 0, 51}));
 }

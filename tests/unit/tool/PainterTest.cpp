@@ -74,6 +74,21 @@ TEST_F(PainterTest, GroupsHideWhatTheyThemselvesCover)
     EXPECT_EQ(lastColor(), (Rgb{255, 128, 128}));
 }
 
+TEST_F(PainterTest, TranslucentShapesInGroupsAreComposedWithTheGroup)
+{
+    fill({0, 0, 10, 10}, solid({0, 0, 0}));
+    painter.beginGroup(0.5);
+    fill({0, 0, 10, 10}, solid({0, 255, 0}));
+    EXPECT_EQ(lastColor(), (Rgb{0, 128, 0}));
+    fill({0, 0, 10, 10}, solid({255, 0, 0}, 0.5));
+    EXPECT_EQ(lastColor(), (Rgb{64, 64, 0}));
+    painter.beginGroup(0.5);
+    fill({0, 0, 10, 10}, solid({0, 0, 255}));
+    EXPECT_EQ(lastColor(), (Rgb{32, 32, 64}));
+    painter.endGroup();
+    painter.endGroup();
+}
+
 TEST_F(PainterTest, ClipsOnlyWhatNeedsIt)
 {
     painter.pushClip({{{outlineOf({0, 0, 10, 10}), FillRule::NonZero, Matrix(), nullptr}}, nullptr});
@@ -102,11 +117,37 @@ TEST_F(PainterTest, TilesRepeat)
     auto tile = std::make_shared<Tile>();
     tile->cell = {0, 0, 10, 10};
     tile->draw = [](Canvas& canvas, const Matrix& map) {
-        canvas.fill(outlineOf({0, 0, 5, 5}), FillRule::NonZero, {Rgb{255, 0, 0}, 1}, map);
+        canvas.fill(outlineOf({1, 1, 5, 5}), FillRule::NonZero, {Rgb{255, 0, 0}, 1}, map);
     };
     fill({0, 0, 20, 20}, {std::shared_ptr<const Tile>(tile), 1});
     EXPECT_EQ(port.calls.size(), 4U);
     EXPECT_EQ(told(), "");
+}
+
+TEST_F(PainterTest, TilesThatMeetAreOneArea)
+{
+    auto tile = std::make_shared<Tile>();
+    tile->cell = {0, 0, 10, 10};
+    tile->draw = [](Canvas& canvas, const Matrix& map) {
+        canvas.fill(outlineOf({0, 0, 10, 10}), FillRule::NonZero, {Rgb{255, 0, 0}, 1}, map);
+        canvas.fill(outlineOf({2, 2, 5, 5}), FillRule::NonZero, {Rgb{0, 0, 255}, 1}, map);
+    };
+    fill({0, 0, 20, 20}, {std::shared_ptr<const Tile>(tile), 1});
+    ASSERT_EQ(port.calls.size(), 5U);
+    EXPECT_EQ(port.calls[0], "fillRectangle 0,0 2000x2000");
+    EXPECT_EQ(port.calls[4], "fillRectangle 1200,1200 500x500");
+}
+
+TEST_F(PainterTest, BandsThatHideNothingAreLeftOut)
+{
+    auto gradient = std::make_shared<Gradient>();
+    gradient->end = {10, 0};
+    gradient->stops = {{0, {0, 0, 0}, 0}, {0.5, {0, 0, 0}, 0}, {0.5, {0, 0, 0}, 1}, {1, {0, 0, 0}, 1}};
+    fill({0, 0, 5, 10}, solid({255, 0, 0}));
+    port.calls.clear();
+    fill({0, 0, 10, 10}, {std::shared_ptr<const Gradient>(gradient), 1});
+    ASSERT_EQ(port.calls.size(), 1U);
+    EXPECT_EQ(port.calls[0], "fillRectangle 500,0 500x1000");
 }
 
 TEST_F(PainterTest, LinesOfThePortWhereTheyFit)
@@ -127,7 +168,7 @@ TEST_F(PainterTest, LinesOfThePortWhereTheyFit)
 TEST_F(PainterTest, TellsOfImages)
 {
     painter.image({}, 1, Matrix());
-    EXPECT_NE(told().find("image not drawn"), std::string::npos);
+    EXPECT_NE(told().find("1 image left out: it cannot be read"), std::string::npos);
 }
 
 TEST_F(PainterTest, TranslucentGradientsOverBusyGroundBecomeOnePicture)
@@ -175,6 +216,51 @@ TEST_F(PainterTest, DrawsTextsThatStringsCannotShowAsOutlines)
     EXPECT_EQ(told(), "");
 }
 
+TEST_F(PainterTest, PaintsLettersInTheOrderAskedFor)
+{
+    if (tools.letters.find({}) == nullptr) {
+        GTEST_SKIP() << "no fonts are installed";
+    }
+    TextChunk chunk = redLetter("Helvetica");
+    chunk.spans[0].stroke = solid({0, 0, 255});
+    chunk.spans[0].strokeFirst = true;
+    painter.text(chunk, Matrix());
+    ASSERT_EQ(port.calls.size(), 2U);
+    EXPECT_EQ(lastColor(), (Rgb{255, 0, 0}));
+}
+
+TEST_F(PainterTest, ClipsAlongTheLettersOfATextThatIsSeen)
+{
+    ClipPath clip;
+    clip.outlines.push_back({{}, FillRule::NonZero, Matrix(), nullptr, nullptr, {redLetter("Helvetica")}});
+    painter.pushClip(clip);
+    fill({0, 0, 100, 100}, solid({0, 0, 255}));
+    painter.popClip();
+    if (tools.letters.find({}) == nullptr) {
+        EXPECT_TRUE(port.calls.empty());
+        EXPECT_EQ(told(), "x: warning: 1 x text in a clipPath not drawn\n");
+        return;
+    }
+    ASSERT_EQ(port.calls.size(), 1U);
+    EXPECT_EQ(port.calls[0].rfind("fill", 0), 0U);
+    EXPECT_EQ(port.calls[0].find("fillRectangle"), std::string::npos) << "no letter is a rectangle";
+    EXPECT_EQ(told(), "");
+    clip.outlines[0].texts[0].spans[0].fill = {};
+    painter.pushClip(clip);
+    fill({0, 0, 100, 100}, solid({0, 0, 255}));
+    painter.popClip();
+    EXPECT_EQ(port.calls.size(), 1U);
+}
+
+TEST_F(PainterTest, ClipsOfTooManyLettersAreTold)
+{
+    ClipPath clip;
+    clip.outlines.push_back({{}, FillRule::NonZero, Matrix(), nullptr, nullptr, {redLetter("Helvetica")}});
+    clip.outlines[0].texts[0].spans[0].text = std::string(100'001, 'H');
+    painter.pushClip(clip);
+    EXPECT_EQ(told(), "x: warning: 1 x text in a clipPath not drawn\n");
+}
+
 TEST_F(PainterTest, StretchesLettersToTheWidthOfTheKindThatWasAskedFor)
 {
     TextChunk chunk = redLetter("sans-serif");
@@ -200,7 +286,7 @@ TEST_F(PainterTest, DrawsTextsInTheFormAskedFor)
     chunk.spans[0].font.families = {"Nowhere"};
     painter.text(chunk, Matrix());
     EXPECT_NE(port.calls.back().find("String"), std::string::npos);
-    EXPECT_EQ(told(), "x: warning: 1 x font approximated\n");
+    EXPECT_EQ(told(), "x: 1 text shown in another font: no printer and no installed font has its letters\n");
 }
 
 TEST_F(PainterTest, TranslucentLettersLieOnOneGround)
@@ -230,9 +316,9 @@ TEST_F(PainterTest, TextsTooLongForOutlinesAreStrings)
     painter.text(chunk, Matrix());
     ASSERT_EQ(port.calls.size(), 1U);
     EXPECT_NE(port.calls[0].find("String"), std::string::npos);
-    EXPECT_EQ(told(), "x: warning: 1 x font approximated\n");
+    EXPECT_EQ(told(), "x: 1 text shown in another font: no printer and no installed font has its letters\n");
     tools.textForm = TextForm::Outlines;
     chunk.spans[0].text = std::string(200'001, 'H');
     painter.text(chunk, Matrix());
-    EXPECT_NE(told().find("1 x outlined text approximated"), std::string::npos);
+    EXPECT_NE(told().find("1 text kept as a string: it cannot be outlined"), std::string::npos);
 }

@@ -14,9 +14,9 @@ Pixels redAnd(std::uint8_t alpha)
     return {2, 1, {255, 0, 0, 255, 0, 0, 255, alpha}};
 }
 
-Rgb green(Point)
+Rgb overGreen(const Ink& ink, Point)
 {
-    return {0, 255, 0};
+    return blend(ink, 1, {0, 255, 0});
 }
 
 ImageObject inBox(const Box& viewport)
@@ -41,13 +41,13 @@ TEST(Picture, FitsItsViewport)
 TEST(Picture, OpaquePixelsNeedNoMask)
 {
     QsdMemoryDisplay display;
-    EXPECT_EQ(bitmapOf(display, redAnd(255), 1, green)->mask(), nullptr);
+    EXPECT_EQ(bitmapOf(display, redAnd(255), 1, overGreen)->mask(), nullptr);
 }
 
 TEST(Picture, HiddenPixelsAreMasked)
 {
     QsdMemoryDisplay display;
-    const auto bitmap = bitmapOf(display, redAnd(0), 1, green);
+    const auto bitmap = bitmapOf(display, redAnd(0), 1, overGreen);
     ASSERT_NE(bitmap->mask(), nullptr);
     EXPECT_NE(bitmap->mask()->pixels().get(0, 0), bitmap->mask()->pixels().get(1, 0));
 }
@@ -55,7 +55,7 @@ TEST(Picture, HiddenPixelsAreMasked)
 TEST(Picture, TranslucentPixelsBlendWithTheGround)
 {
     QsdMemoryDisplay display;
-    const auto bitmap = bitmapOf(display, redAnd(128), 1, green);
+    const auto bitmap = bitmapOf(display, redAnd(128), 1, overGreen);
     EXPECT_EQ(bitmap->mask(), nullptr);
     EXPECT_EQ(bitmap->pixels().get(0, 0) & 0xFFFFFFU, 0xFF0000U);
     EXPECT_EQ(bitmap->pixels().get(1, 0) & 0xFFFFFFU, 0x007F80U);

@@ -60,7 +60,7 @@ TEST(Raster, PicturesUniteUnlessMostWouldBeEmpty)
 
 TEST(Raster, GroundShowsAreasAndPicturesInTheirOrder)
 {
-    Ground ground(White, 1);
+    Ground ground(White, 1, 1);
     const RasterFrame frame{10, 0, 0, 3, 1};
     ground.add({0, 0, 20, 10}, ringsOf({0, 0, 20, 10}), FillRule::NonZero, Red);
     EXPECT_FALSE(ground.isIntricate({0, 0, 30, 10}, ground.count()));

@@ -14,9 +14,21 @@ TEST(Locale, EncodingNames)
     EXPECT_EQ(QsLocale::GetQsEncoding("CP1252"), 23U);
     EXPECT_EQ(QsLocale::GetQsEncoding("GBK"), 37U);
     EXPECT_EQ(QsLocale::GetQsEncoding("US-ASCII"), 1U);
+    EXPECT_EQ(QsLocale::GetQsEncoding("ANSI_X3.4-1968"), 1U);
     EXPECT_EQ(QsLocale::GetQsEncoding("KOI8-R"), QsEncodingUnknown);
     EXPECT_EQ(QsLocale::GetQsEncoding(""), QsEncodingUnknown);
     EXPECT_EQ(QsLocale::GetQsEncoding(nullptr), QsEncodingUnknown);
+}
+
+TEST(Locale, OfEncodingNamesOnlyCaseBlanksAndDashesDoNotCount)
+{
+    for (const char* const name : {"ISO8859-1", "iso_8859_1", " ISO 8859 - 1 ", "-i-s-o-8_8_5_9 1"}) {
+        EXPECT_EQ(QsLocale::GetQsEncoding(name), QsEncodingLatin1) << name;
+    }
+    for (const char* const name : {"ISO8859.1", "ISO:8859-1", "ISO8859-1\t", "(latin1)", "latin1\xE9", "e.u.c.j.p",
+                                   "ANSI_X34-1968", "GB2312?"}) {
+        EXPECT_EQ(QsLocale::GetQsEncoding(name), QsEncodingUnknown) << name;
+    }
 }
 
 TEST(Locale, NamesLeadBackToTheirEncodings)

@@ -30,6 +30,8 @@ TEST(Font, MeasuresTheFacesOfPrinters)
     EXPECT_DOUBLE_EQ(font("times", QsdFontItalic | QsdFontBold, 1000)->stringWidth("!", -1), 389);
     EXPECT_DOUBLE_EQ(font("mono", 0, 10)->stringWidth("il.", -1), 18);
     EXPECT_DOUBLE_EQ(font("symbol", 0, 1000)->stringWidth("a", -1), 631);
+    EXPECT_DOUBLE_EQ(font("symbol", 0, 1000)->stringWidth("\xAB\xD5", -1), 1042 + 823);
+    EXPECT_DOUBLE_EQ(font("Zapf Dingbats", 0, 1000)->stringWidth("4\xA1", -1), 846 + 732);
     EXPECT_DOUBLE_EQ(font("never heard of", 0, 1000)->stringWidth("A", -1), 667);
 }
 

@@ -13,12 +13,14 @@ namespace qsdps {
 
 struct ClipPath;
 
-/// One outline of a clip; the optional inner clip limits this outline alone.
+/// One outline of a clip, or texts that take its place; the optional clips limit this outline alone.
 struct ClipOutline {
     Path path;
     FillRule rule = FillRule::NonZero;
     Matrix toPage;
     std::shared_ptr<const ClipPath> inner;
+    std::shared_ptr<const ClipPath> around = nullptr; ///< cuts it too: the clip of what brings it in by reference
+    std::vector<TextChunk> texts = {};                ///< their letters are the outline, those of spans with a fill
 };
 
 /// The union of outlines, cut by `within` where that is set. No outline at all hides everything.

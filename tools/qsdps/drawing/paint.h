@@ -47,7 +47,7 @@ struct Gradient {
 struct Tile {
     Box cell;      ///< one tile in pattern space; width and height above 0
     Matrix toUser; ///< pattern space to the user space of the painted shape
-    /// Draws the content of one cell on a canvas, under the given map from pattern space, already cut to the cell.
+    /// Draws the content of one cell on a canvas, under the given map from pattern space; the canvas may repeat it.
     /// May be called as long as the drawing that made the tile is being drawn.
     std::function<void(Canvas&, const Matrix&)> draw;
 };

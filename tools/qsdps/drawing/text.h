@@ -24,7 +24,8 @@ struct TextSpan {
     Paint fill;
     Paint stroke;
     StrokeStyle strokeStyle;
-    double opacity = 1; ///< product of the span's own opacities, groups of the canvas not included
+    bool strokeFirst = false; ///< the fill lies on the stroke, instead of the stroke on the fill
+    double opacity = 1;       ///< product of the span's own opacities, groups of the canvas not included
     bool underline = false;
     bool overline = false;
     bool lineThrough = false;

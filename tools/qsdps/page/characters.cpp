@@ -1,5 +1,7 @@
 #include "page/characters.h"
 
+#include "toolkit/base/QsdUtf8.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -23,25 +25,8 @@ bool isIn(const Range (&ranges)[Count], char32_t c)
 
 char32_t takeCharacter(std::string_view& text, std::string_view& bytes)
 {
-    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char lead = byteAt(0);
-    std::size_t length = lead < 0x80                   ? 1
-                         : lead >= 0xC2 && lead < 0xE0 ? 2
-                         : lead >= 0xE0 && lead < 0xF0 ? 3
-                         : lead >= 0xF0 && lead < 0xF5 ? 4
-                                                       : 0;
-    char32_t character = length == 1 ? lead : lead & (0x7FU >> length);
-    for (std::size_t i = 1; i < length; ++i) {
-        if (i >= text.size() || (byteAt(i) & 0xC0) != 0x80) {
-            length = 0;
-            break;
-        }
-        character = character << 6 | (byteAt(i) & 0x3FU);
-    }
-    if (length == 0) {
-        character = 0xFFFD;
-        length = 1;
-    }
+    std::size_t length = 0;
+    const char32_t character = QsdNextUtf8(text, length);
     bytes = text.substr(0, length);
     text.remove_prefix(length);
     return character;

@@ -18,7 +18,8 @@ QsdRect limited(const QsdRect& rect, const ClipArea& outer)
 
 void ClipStack::push(const ClipPath& clip)
 {
-    push(ringsOfClip(clip));
+    KnownClips known;
+    push(ringsOfClip(clip, known));
 }
 
 void ClipStack::push(const Rings& rings)
@@ -46,20 +47,51 @@ void ClipStack::pop()
     }
 }
 
-Rings ClipStack::ringsOfClip(const ClipPath& clip) const
+// Letters may go around what they enclose either way, so each is brought into one way before they are joined.
+Rings ClipStack::ringsOfTexts(const ClipOutline& outline) const
 {
+    Rings letters;
+    for (const TextChunk& text : outline.texts) {
+        if (_lettersOf == nullptr) {
+            break;
+        }
+        for (const Path& letter : _lettersOf(text)) {
+            const Rings rings = ringsOf(flattened(letter, _pageToUnits * outline.toPage, _tolerance));
+            const Rings alike = simplified(rings, FillRule::NonZero);
+            letters.insert(letters.end(), alike.begin(), alike.end());
+        }
+    }
+    return simplified(letters, FillRule::NonZero);
+}
+
+Rings ClipStack::unlimitedRings(const ClipOutline& outline) const
+{
+    if (!outline.texts.empty()) {
+        return ringsOfTexts(outline);
+    }
+    Rings rings = ringsOf(flattened(outline.path, _pageToUnits * outline.toPage, _tolerance));
+    return asRectangle(rings) ? rings : simplified(rings, outline.rule);
+}
+
+const Rings& ClipStack::ringsOfClip(const ClipPath& clip, KnownClips& known) const
+{
+    if (const auto found = known.find(&clip); found != known.end()) {
+        return found->second;
+    }
+    const auto cut = [&](Rings& rings, const std::shared_ptr<const ClipPath>& inner) {
+        if (inner) {
+            rings = intersection(rings, FillRule::NonZero, ringsOfClip(*inner, known));
+        }
+    };
     Rings united;
     for (const ClipOutline& outline : clip.outlines) {
-        Rings rings = ringsOf(flattened(outline.path, _pageToUnits * outline.toPage, _tolerance));
-        if (!asRectangle(rings)) {
-            rings = simplified(rings, outline.rule);
-        }
-        if (outline.inner) {
-            rings = intersection(rings, FillRule::NonZero, ringsOfClip(*outline.inner));
-        }
+        Rings rings = unlimitedRings(outline);
+        cut(rings, outline.inner);
+        cut(rings, outline.around);
         united = united.empty() ? std::move(rings) : unionOf(united, rings);
     }
-    return clip.within ? intersection(united, FillRule::NonZero, ringsOfClip(*clip.within)) : united;
+    cut(united, clip.within);
+    return known.emplace(&clip, std::move(united)).first->second;
 }
 
 } // namespace qsdps

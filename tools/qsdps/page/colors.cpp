@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace qsdps {
 
@@ -85,6 +86,11 @@ std::optional<Ink> inkOf(const Paint& paint, Report& report)
         return std::nullopt;
     }
     return ink.isInvisible() ? std::nullopt : std::optional(ink);
+}
+
+int differenceOf(Rgb a, Rgb b)
+{
+    return std::max({std::abs(a.r - b.r), std::abs(a.g - b.g), std::abs(a.b - b.b)});
 }
 
 Rgb blend(const Ink& ink, double opacity, Rgb ground)

@@ -37,6 +37,8 @@ private:
 /// What a paint amounts to when it has to be one colour. None when nothing is to be seen. What that only approximates,
 /// or cannot do, is counted in `report`.
 [[nodiscard]] std::optional<Ink> inkOf(const Paint& paint, Report& report);
+/// How far two colours are apart where they differ most, 0 to 255.
+[[nodiscard]] int differenceOf(Rgb a, Rgb b);
 /// `ink` with its own and another `opacity`, laid on `ground`.
 [[nodiscard]] Rgb blend(const Ink& ink, double opacity, Rgb ground);
 

@@ -3,6 +3,8 @@
 #include "lower_case.h"
 #include "page/wide_advances.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 namespace qsdps {
@@ -68,6 +70,9 @@ constexpr FamilyName Sounds[] = {
     {"cmr", "times"},      {"mincho", "times"},
 };
 
+/// The families of the toolkit whose metrics are those of the printer's fonts.
+constexpr std::string_view MeasuredFamilies[] = {"helvetica", "times", "courier", "symbol"};
+
 Face faceOf(const FamilyName& found, std::string_view name, bool bold, Face::Likeness likeness)
 {
     constexpr double SansTallness = 1.02;
@@ -108,9 +113,17 @@ Face soundOf(const std::vector<std::string>& families, bool bold)
 
 } // namespace
 
-Face faceFor(const std::vector<std::string>& families, bool bold, const IsInstalled& isInstalled)
+Face faceFor(const std::vector<std::string>& families, bool bold, const IsInstalled& isInstalled,
+             const FindMapped& findMapped)
 {
     for (const std::string& family : families) {
+        if (const char* const mapped = findMapped ? findMapped(family) : nullptr) {
+            Face face;
+            face.family = mapped;
+            face.isMeasured = std::find(std::begin(MeasuredFamilies), std::end(MeasuredFamilies), lowerCase(mapped)) !=
+                              std::end(MeasuredFamilies);
+            return face;
+        }
         const std::string name = lowerCase(family);
         for (const FamilyName& generic : GenericNames) {
             if (name == generic.part) {

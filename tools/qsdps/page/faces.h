@@ -22,16 +22,22 @@ struct Face {
     const char* family = nullptr; ///< of the toolkit
     /// What the characters have to measure, the letters stretched to it; null: what they measure in that family.
     const Advances* advances = nullptr;
-    double narrowing = 1; ///< times that
-    double tallness = 1;  ///< of the letters, in those of the family
+    bool isMeasured = true; ///< whether the toolkit knows what the characters of the family measure
+    double narrowing = 1;   ///< times that
+    double tallness = 1;    ///< of the letters, in those of the family
 };
 
 /// Tells whether a family is installed, whatever the toolkit has.
 using IsInstalled = std::function<bool(const std::string&)>;
 
-/// The face for a list of families: the first whose letters are known or that is installed, else what a name sounds
-/// like. Those of other letters get the widths of the face that programs on free systems fall back to, so that lines
-/// end where their author saw them end.
-[[nodiscard]] Face faceFor(const std::vector<std::string>& families, bool bold, const IsInstalled& isInstalled);
+/// Gives the name by which the fonts of the printer know a family, or null where they do not.
+using FindMapped = std::function<const char*(const std::string&)>;
+
+/// The face for a list of families: the first that is mapped (with `findMapped`, which may be empty), whose letters are
+/// known or that is installed, else what a name sounds like. Those of other letters get the widths of the face that
+/// programs on free systems fall back to, so that lines end where their author saw them end. The name of a mapped
+/// family is that of `findMapped`, not a copy.
+[[nodiscard]] Face faceFor(const std::vector<std::string>& families, bool bold, const IsInstalled& isInstalled,
+                           const FindMapped& findMapped = {});
 
 } // namespace qsdps

@@ -6,9 +6,15 @@ namespace qsdps {
 
 Face FontTable::face(const FontRequest& request) const
 {
-    Face face =
-        faceFor(request.families, isBold(request), [this](const std::string& name) { return _letters.has(name); });
-    if (_encoding == QsEncodingLatin1) {
+    bool isMapped = false;
+    const auto findMapped = [&](const std::string& name) {
+        const char* const family = _findMapped ? _findMapped(name) : nullptr;
+        isMapped = family != nullptr;
+        return family;
+    };
+    Face face = faceFor(
+        request.families, isBold(request), [this](const std::string& name) { return _letters.has(name); }, findMapped);
+    if (_encoding == QsEncodingLatin1 || isMapped) {
         return face;
     }
     Face plain;

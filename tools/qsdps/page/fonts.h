@@ -12,6 +12,7 @@
 #include <map>
 #include <string>
 #include <tuple>
+#include <utility>
 
 namespace qsdps {
 
@@ -25,16 +26,18 @@ namespace qsdps {
 class FontTable {
 public:
     /// Fonts for texts in `encoding`: Japanese EUC texts have two families of their own, one upright and one plain.
-    /// `letters` tells what is installed.
-    FontTable(const QsdDisplay& display, QsEncoding encoding, LetterFonts& letters)
-        : _display(display), _encoding(encoding), _letters(letters)
+    /// `letters` tells what is installed, `findMapped` what the port has beside the families of the toolkit; it may be
+    /// empty.
+    FontTable(const QsdDisplay& display, QsEncoding encoding, LetterFonts& letters, FindMapped findMapped)
+        : _display(display), _encoding(encoding), _letters(letters), _findMapped(std::move(findMapped))
     {
     }
 
     /// The font of this size in units (1 to 65,535), owned by the table.
     [[nodiscard]] const QsdFont* get(const FontRequest& request, bool underlined, std::uint16_t size);
 
-    /// What stands for such a font; in Japanese documents that is one of their own.
+    /// What stands for such a font: the first family of the request that the port has; else, in Japanese documents, one
+    /// of their own.
     [[nodiscard]] Face face(const FontRequest& request) const;
 
 private:
@@ -43,6 +46,7 @@ private:
     const QsdDisplay& _display;
     QsEncoding _encoding;
     LetterFonts& _letters;
+    FindMapped _findMapped;
     std::map<std::tuple<std::string, std::uint16_t, std::uint16_t>, QsdHandle<const QsdFont>> _fonts;
 };
 

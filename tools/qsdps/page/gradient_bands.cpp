@@ -81,7 +81,7 @@ std::array<Point, 4> cornersOf(const QsdRect& rect, const Matrix& map)
 }
 
 std::vector<BandArea> linearAreas(const Gradient& gradient, const Matrix& toUnits, const QsdRect& bounds,
-                                  double tolerance)
+                                  double tolerance, double overlap)
 {
     const Point axis{gradient.end.x - gradient.start.x, gradient.end.y - gradient.start.y};
     const double square = axis.x * axis.x + axis.y * axis.y;
@@ -105,10 +105,13 @@ std::vector<BandArea> linearAreas(const Gradient& gradient, const Matrix& toUnit
     // The distance between lines of equal offset, one apart.
     const double across = std::fabs(frameToUnits.determinant()) / std::hypot(frameToUnits.c, frameToUnits.d);
     std::vector<BandArea> areas;
-    const std::vector<GradientBand> bands = bandsOf(gradient, low, high, BandDots * tolerance / across);
+    const double narrowest = BandDots * tolerance / across;
+    const std::vector<GradientBand> bands = bandsOf(gradient, low, high, narrowest);
     for (std::size_t i = 0; i < bands.size(); ++i) {
-        // Each band reaches under the next one.
-        const double end = i + 1 < bands.size() ? (bands[i + 1].from + bands[i + 1].to) / 2 : bands[i].to;
+        // Each band reaches under the next one, so far that no smoothed edge shows what is under both, and no farther:
+        // the edges of what it fills are smoothed twice there.
+        const double end =
+            i + 1 < bands.size() ? std::min(bands[i + 1].to, bands[i + 1].from + overlap / across) : bands[i].to;
         const double start = bands[i].from;
         Chain band{{}, true};
         for (const Point& p : {Point{start, near - margin}, Point{end, near - margin}, Point{end, far + margin},
@@ -141,7 +144,7 @@ Rings circleAt(const Gradient& gradient, double offset, const Matrix& toUnits, d
 }
 
 std::vector<BandArea> radialAreas(const Gradient& gradient, const Matrix& toUnits, const QsdRect& bounds,
-                                  double tolerance)
+                                  double tolerance, double overlap)
 {
     const double growth = gradient.endRadius - gradient.startRadius;
     if (!(growth > 0)) {
@@ -149,20 +152,25 @@ std::vector<BandArea> radialAreas(const Gradient& gradient, const Matrix& toUnit
     }
     // The offset at which the circle holds the farthest corner.
     const double shift = std::hypot(gradient.end.x - gradient.start.x, gradient.end.y - gradient.start.y);
-    double reach = 0;
+    double corner = 0;
     for (const Point& p : cornersOf(bounds, toUnits.inverse())) {
-        reach = std::max(reach, std::hypot(p.x - gradient.start.x, p.y - gradient.start.y));
+        corner = std::max(corner, std::hypot(p.x - gradient.start.x, p.y - gradient.start.y));
     }
     const double closing = std::max(growth - shift, growth * 1e-3);
-    const double high = std::max(1.0, (reach - gradient.startRadius) / closing);
+    const double high = std::max(1.0, (corner - gradient.startRadius) / closing);
     const double scale = std::max(std::hypot(toUnits.a, toUnits.b), std::hypot(toUnits.c, toUnits.d));
     const std::vector<GradientBand> bands =
         bandsOf(gradient, 0, high, BandDots * tolerance / (scale * (growth + shift)));
+    // Where its circles lie closest.
+    const double narrow = std::min(std::hypot(toUnits.a, toUnits.b), std::hypot(toUnits.c, toUnits.d));
+    const double reach = overlap / (narrow * closing);
     std::vector<BandArea> areas;
     for (std::size_t i = bands.size(); i > 0; --i) {
         const GradientBand& band = bands[i - 1];
         const bool outermost = i == bands.size();
-        areas.push_back({outermost ? ringsOf(bounds) : circleAt(gradient, band.to, toUnits, tolerance), band.ink});
+        const double hidden = band.from - reach;
+        areas.push_back({outermost ? ringsOf(bounds) : circleAt(gradient, band.to, toUnits, tolerance), band.ink,
+                         i > 1 && hidden > 0 ? circleAt(gradient, hidden, toUnits, tolerance) : Rings()});
     }
     return areas;
 }
@@ -210,14 +218,14 @@ std::vector<GradientBand> bandsOf(const Gradient& gradient, double from, double 
 }
 
 std::vector<BandArea> bandAreas(const Gradient& gradient, const Matrix& toUnits, const QsdRect& bounds,
-                                double tolerance)
+                                double tolerance, double overlap)
 {
     const double area = toUnits.determinant();
     if (!std::isfinite(area) || area == 0) {
         return {};
     }
-    return gradient.kind == Gradient::Kind::Linear ? linearAreas(gradient, toUnits, bounds, tolerance)
-                                                   : radialAreas(gradient, toUnits, bounds, tolerance);
+    return gradient.kind == Gradient::Kind::Linear ? linearAreas(gradient, toUnits, bounds, tolerance, overlap)
+                                                   : radialAreas(gradient, toUnits, bounds, tolerance, overlap);
 }
 
 } // namespace qsdps

@@ -23,12 +23,14 @@ struct GradientBand {
 struct BandArea {
     Rings area;
     Ink ink;
+    Rings inside{}; ///< what later pieces hide of the area anyway; they reach under its edge
 };
 
 /// What to lay over `bounds` to show a gradient there, in this order: each piece hides the edge of the one before, so
-/// that no seams show. `toUnits` maps the gradient's space; `tolerance`, in units, is the finest detail that shows.
-/// Nothing when the map cannot be inverted or the gradient has no extent.
+/// that no seams show. `toUnits` maps the gradient's space; `tolerance`, in units, is the finest detail that shows,
+/// `overlap` how far bands reach under their neighbours. Nothing when the map cannot be inverted or the gradient has no
+/// extent.
 [[nodiscard]] std::vector<BandArea> bandAreas(const Gradient& gradient, const Matrix& toUnits, const QsdRect& bounds,
-                                              double tolerance);
+                                              double tolerance, double overlap);
 
 } // namespace qsdps

@@ -1,8 +1,9 @@
 #include "page/ground.h"
 
+#include "page/colors.h"
+
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <utility>
 
 namespace qsdps {
@@ -12,15 +13,6 @@ namespace {
 constexpr std::size_t MostPoints = 4'000'000; ///< remembered
 constexpr std::size_t MostParts = 200;        ///< of one translucent area
 constexpr std::size_t MostWork = 60'000'000;  ///< layers looked at and points cut on a page, roughly
-
-std::size_t pointsOf(const Rings& rings)
-{
-    std::size_t count = 0;
-    for (const Ring& ring : rings) {
-        count += ring.size();
-    }
-    return count;
-}
 
 /// Twice the surface, holes counted against the rest.
 double surfaceOf(const Rings& rings)
@@ -36,16 +28,39 @@ double surfaceOf(const Rings& rings)
     return std::fabs(sum);
 }
 
-QsdPoint middleOf(const QsdRect& rect)
+/// A point well inside an area that is not empty: in the middle of its widest stretch half way down.
+QsdPoint insideOf(const Rings& rings)
 {
-    return {static_cast<std::int32_t>(rect.x + static_cast<std::int64_t>(rect.width / 2)),
-            static_cast<std::int32_t>(rect.y + static_cast<std::int64_t>(rect.height / 2))};
-}
-
-/// How far two colours are apart where they differ most.
-int differenceOf(Rgb a, Rgb b)
-{
-    return std::max({std::abs(a.r - b.r), std::abs(a.g - b.g), std::abs(a.b - b.b)});
+    struct Edge {
+        double x;
+        int turn;
+    };
+    const QsdRect bounds = boundsOf(rings);
+    const double y = bounds.y + std::floor(bounds.height / 2.0) + 0.5; // no corner lies there
+    std::vector<Edge> edges;
+    for (const Ring& ring : rings) {
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            const QsdPoint& a = ring[i];
+            const QsdPoint& b = ring[(i + 1) % ring.size()];
+            if ((a.y < y) != (b.y < y)) {
+                edges.push_back({a.x + (y - a.y) * (static_cast<double>(b.x) - a.x) / (static_cast<double>(b.y) - a.y),
+                                 a.y < y ? 1 : -1});
+            }
+        }
+    }
+    std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a.x < b.x; });
+    double widest = -1;
+    double x = bounds.x;
+    int winding = 0;
+    for (std::size_t i = 0; i + 1 < edges.size(); ++i) {
+        winding += edges[i].turn;
+        const double width = edges[i + 1].x - edges[i].x;
+        if (winding != 0 && width > widest) {
+            widest = width;
+            x = edges[i].x + width / 2;
+        }
+    }
+    return {static_cast<std::int32_t>(std::lround(x)), static_cast<std::int32_t>(std::floor(y))};
 }
 
 /// How often the rings run around a point.
@@ -153,6 +168,7 @@ const Rings& Ground::areaOf(Layer& layer)
         }
         layer.area = intersection(layer.area, layer.rule, ringsOf(layer.bounds));
         layer.rule = FillRule::NonZero;
+        layer.bounds = boundsOf(layer.area);
         layer.ready = true;
     }
     return layer.area;
@@ -170,6 +186,15 @@ bool Ground::isBare(const QsdRect& bounds, std::size_t end) const
                         [&](const Layer& layer) { return !layer.bounds.intersected(bounds).isEmpty(); });
 }
 
+Rings Ground::reaching(Rings part, const Rings& shown, const Rings& area, const Rings& open) const
+{
+    const Rings reach = intersection(grown(shown, _overlap), FillRule::NonZero, difference(area, open));
+    // Where edges cross, the reach sticks out a little, too; that is no use.
+    Rings missing = difference(reach, part);
+    std::erase_if(missing, [&](const Ring& ring) { return surfaceOf({ring}) < 8 * _overlap * _overlap; });
+    return missing.empty() ? part : unionOf(part, missing);
+}
+
 std::vector<GroundPart> Ground::visibleLayers(const Rings& area, std::size_t end)
 {
     const QsdRect bounds = boundsOf(area);
@@ -185,24 +210,34 @@ std::vector<GroundPart> Ground::visibleLayers(const Rings& area, std::size_t end
             continue;
         }
         const Rings& covering = areaOf(layer);
-        if (asRectangle(covering) && layer.bounds.intersected(bounds) == bounds) {
-            parts.push_back({area, layer.color});
+        const std::optional<QsdRect> rect = asRectangle(covering);
+        if (rect && rect->intersected(bounds) == bounds) {
+            parts.push_back({area, layer.color, i});
             return parts;
         }
         if (!spend(pointsOf(covering) + pointsOf(area) + pointsOf(open))) {
             break;
         }
-        if (surfaceOf(intersection(open, FillRule::NonZero, covering)) < least) {
+        const Rings shown = intersection(open, FillRule::NonZero, covering);
+        if (surfaceOf(shown) < least) {
             continue;
         }
-        parts.push_back({intersection(area, FillRule::NonZero, covering), layer.color});
+        Rings part = intersection(area, FillRule::NonZero, covering);
+        if (!parts.empty()) {
+            part = reaching(std::move(part), shown, area, open);
+        }
         open = difference(open, covering);
-        openBounds = boundsOf(open);
-        if (surfaceOf(open) < least) {
+        const bool isLast = surfaceOf(open) < least;
+        if (isLast && !open.empty()) {
+            part = unionOf(part, open);
+        }
+        parts.push_back({std::move(part), layer.color, i});
+        if (isLast) {
             return parts;
         }
+        openBounds = boundsOf(open);
     }
-    parts.push_back({area, i == 0 || open.empty() ? _paper : topmostColor(middleOf(openBounds), i)});
+    parts.push_back({area, i == 0 ? _paper : topmostColor(insideOf(open), i), i});
     return parts;
 }
 
@@ -216,6 +251,7 @@ std::vector<GroundPart> Ground::under(const Rings& area, std::size_t end, double
     for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
         if (!parts.empty() && differenceOf(parts.back().color, layer->color) <= colorStep) {
             parts.back().area = unionOf(parts.back().area, layer->area);
+            parts.back().newest = std::max(parts.back().newest, layer->newest);
         } else {
             parts.push_back(std::move(*layer));
         }
@@ -223,29 +259,59 @@ std::vector<GroundPart> Ground::under(const Rings& area, std::size_t end, double
     return parts;
 }
 
-Rgb Ground::topmostColor(QsdPoint point, std::size_t end) const
+std::optional<Rgb> Ground::colorOf(Layer& layer, QsdPoint point)
 {
+    if (!layer.bounds.contains(point)) {
+        return std::nullopt;
+    }
+    if (layer.picture == nullptr) {
+        return windingOf(areaOf(layer), point) != 0 ? std::optional(layer.color) : std::nullopt;
+    }
+    const std::optional<std::size_t> pixel =
+        layer.picture->frame.indexAt({static_cast<double>(point.x), static_cast<double>(point.y)});
+    const std::vector<std::uint8_t>& rgba = layer.picture->pixels.rgba;
+    if (!pixel || rgba[4 * *pixel + 3] == 0) {
+        return std::nullopt;
+    }
+    return Rgb{rgba[4 * *pixel], rgba[4 * *pixel + 1], rgba[4 * *pixel + 2]};
+}
+
+Rgb Ground::topmostColor(QsdPoint point, std::size_t end)
+{
+    constexpr std::size_t MostLooks = 5000; // points of areas
+    std::size_t looks = 0;
     for (std::size_t i = end; i > 0; --i) {
-        if (_layers[i - 1].bounds.contains(point)) {
-            return _layers[i - 1].color;
+        Layer& layer = _layers[i - 1];
+        if (!layer.bounds.contains(point)) {
+            continue;
         }
+        if (looks > MostLooks) {
+            return layer.color;
+        }
+        if (const std::optional<Rgb> color = colorOf(layer, point)) {
+            return *color;
+        }
+        looks += 1 + pointsOf(layer.area);
     }
     return _paper;
 }
 
 Rgb Ground::at(QsdPoint point, std::size_t end)
 {
-    for (std::size_t i = std::min(end, count()); i > 0 && spend(1); --i) {
+    std::size_t i = std::min(end, count());
+    for (; i > 0 && spend(1); --i) {
         Layer& layer = _layers[i - 1];
         if (!layer.bounds.contains(point)) {
             continue;
         }
-        const Rings& area = areaOf(layer);
-        if (spend(pointsOf(area)) && windingOf(area, point) != 0) {
-            return layer.color;
+        if (const std::optional<Rgb> color = colorOf(layer, point)) {
+            return *color;
+        }
+        if (!spend(pointsOf(layer.area))) {
+            break;
         }
     }
-    return _paper;
+    return topmostColor(point, i);
 }
 
 } // namespace qsdps

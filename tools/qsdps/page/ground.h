@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace qsdps {
@@ -15,6 +16,7 @@ namespace qsdps {
 struct GroundPart {
     Rings area;
     Rgb color;
+    std::size_t newest = 0; ///< number of areas up to the newest one that shows there; 0: the paper
 };
 
 /// The opaque areas painted on one page, one over the other. A device without transparency shows a translucent shape
@@ -23,12 +25,13 @@ class Ground {
 public:
     using AreaMaker = std::function<Rings()>;
 
-    /// Empty paper of one colour; what is smaller than `detail` units each way is not told apart.
-    Ground(Rgb paper, double detail) : _paper(paper), _detail(detail) {}
+    /// Empty paper of one colour; what is smaller than `detail` units each way is not told apart, and parts reach
+    /// `overlap` units under those that hide them.
+    Ground(Rgb paper, double detail, double overlap) : _paper(paper), _detail(detail), _overlap(overlap) {}
 
-    /// Lays an area inside `bounds` on top; what sticks out of them is cut off. The maker gives its rings for the
-    /// non-zero rule, and is called only when something translucent comes to lie there. Past a limit on memory areas
-    /// are not remembered.
+    /// Lays an area inside `bounds` on top; what sticks out of them is cut off, and they may be larger. The maker gives
+    /// its rings for the non-zero rule, and is called only when something translucent comes to lie there. Past a limit
+    /// on memory areas are not remembered.
     void add(const QsdRect& bounds, Rings area, FillRule rule, Rgb color);
     void add(const QsdRect& bounds, AreaMaker area, Rgb color);
 
@@ -46,8 +49,8 @@ public:
     /// What the first `end` areas look like in a frame, row by row.
     [[nodiscard]] std::vector<Rgb> pixelsOf(const RasterFrame& frame, std::size_t end);
     /// The parts of an area (non-zero rule) over the first `end` areas, in the order in which to fill them: a later
-    /// part may hide some of an earlier one, so that no seams show between them. Neighbours are one part where their
-    /// colours differ by no more than `colorStep` (of 255).
+    /// part may hide some of an earlier one, and hides a little of those beside it, so that no seams show between them.
+    /// Neighbours are one part where their colours differ by no more than `colorStep` (of 255).
     [[nodiscard]] std::vector<GroundPart> under(const Rings& area, std::size_t end, double colorStep);
     /// The colour at a point over the first `end` areas.
     [[nodiscard]] Rgb at(QsdPoint point, std::size_t end);
@@ -63,15 +66,20 @@ private:
         std::unique_ptr<RasterPicture> picture; ///< null for an area of one colour
     };
     [[nodiscard]] const Rings& areaOf(Layer& layer);
+    /// The colour that a layer has at a point; none where it does not cover it.
+    [[nodiscard]] std::optional<Rgb> colorOf(Layer& layer, QsdPoint point);
     [[nodiscard]] bool spend(std::size_t work);
+    /// A part of `area` that shows a layer at `shown`, and reaches a little under what hides it: `area` without `open`.
+    [[nodiscard]] Rings reaching(Rings part, const Rings& shown, const Rings& area, const Rings& open) const;
     /// The first layers from the top that show through `area`, top first, until nothing is left or it would take too
     /// long; then what is left counts as one colour.
     [[nodiscard]] std::vector<GroundPart> visibleLayers(const Rings& area, std::size_t end);
-    /// A guess at the colour at a point by the bounds of the first `end` areas.
-    [[nodiscard]] Rgb topmostColor(QsdPoint point, std::size_t end) const;
+    /// The colour at a point over the first `end` areas, at little expense: past that, a guess by their bounds.
+    [[nodiscard]] Rgb topmostColor(QsdPoint point, std::size_t end);
 
     Rgb _paper;
     double _detail;
+    double _overlap;
     std::vector<Layer> _layers;
     std::size_t _points = 0;
     std::size_t _work = 0;

@@ -5,7 +5,6 @@
 #include "page/picture.h"
 #include "page/polygons.h"
 #include "page/stroker.h"
-#include "page/tiling.h"
 
 #include <algorithm>
 #include <cmath>
@@ -24,14 +23,36 @@ double detailOf(const Units& units)
     return units.tolerance() * Tolerances;
 }
 
-/// What a picture under `toPixels` and an opacity shows of a frame, on that ground.
-RasterPicture sampled(const Pixels& pixels, const Matrix& toPixels, double opacity, const RasterFrame& frame,
-                      const std::vector<Rgb>& ground)
+/// How far bands of gradients and parts of translucent areas overlap: a dot of the coarsest screen, and two of a page
+/// shown a thousand dots wide.
+double overlapOf(const Units& units)
 {
-    RasterPicture shown{frame, {}};
-    shown.pixels.width = static_cast<std::uint32_t>(frame.width);
-    shown.pixels.height = static_cast<std::uint32_t>(frame.height);
-    shown.pixels.rgba.resize(4 * frame.pixels());
+    constexpr double Tolerances = 20;
+    return std::max(units.perPoint(), units.tolerance() * Tolerances);
+}
+
+/// A picture that shows nothing yet.
+RasterPicture emptyPicture(const RasterFrame& frame)
+{
+    RasterPicture picture{frame, {}};
+    picture.pixels.width = static_cast<std::uint32_t>(frame.width);
+    picture.pixels.height = static_cast<std::uint32_t>(frame.height);
+    picture.pixels.rgba.resize(4 * frame.pixels());
+    return picture;
+}
+
+void setPixel(Pixels& pixels, std::size_t index, Rgb color)
+{
+    const std::uint8_t rgba[] = {color.r, color.g, color.b, 255};
+    std::copy_n(rgba, 4, &pixels.rgba[4 * index]);
+}
+
+/// What a picture under `toPixels` and an opacity shows of a frame; `shown` gives the colour of an ink at a pixel.
+template <class Shown>
+RasterPicture sampled(const Pixels& pixels, const Matrix& toPixels, double opacity, const RasterFrame& frame,
+                      Shown shown)
+{
+    RasterPicture picture = emptyPicture(frame);
     for (std::size_t i = 0; i < frame.pixels(); ++i) {
         const Point at = toPixels.map(frame.centre(i));
         if (!(at.x >= 0 && at.y >= 0 && at.x < pixels.width && at.y < pixels.height)) {
@@ -41,12 +62,23 @@ RasterPicture sampled(const Pixels& pixels, const Matrix& toPixels, double opaci
             &pixels.rgba[4 * (static_cast<std::size_t>(at.y) * pixels.width + static_cast<std::size_t>(at.x))];
         const Ink ink{{from[0], from[1], from[2]}, from[3] / 255.0 * opacity};
         if (!ink.isInvisible()) {
-            const Rgb color = blend(ink, 1, ground[i]);
-            const std::uint8_t rgba[] = {color.r, color.g, color.b, 255};
-            std::copy_n(rgba, 4, &shown.pixels.rgba[4 * i]);
+            setPixel(picture.pixels, i, shown(ink, i));
         }
     }
-    return shown;
+    return picture;
+}
+
+/// What to fill of an area with a band. Where later bands hide some of it, that is left out when the area lies on
+/// others of its kind, or else when that makes it simpler: edges that are filled often are smoothed often, and so
+/// stand out.
+Rings cutTo(const BandArea& band, const Rings& area, bool liesOnOthers)
+{
+    Rings whole = intersection(area, FillRule::NonZero, band.area);
+    if (band.inside.empty()) {
+        return whole;
+    }
+    Rings open = difference(whole, band.inside);
+    return liesOnOthers || pointsOf(open) < pointsOf(whole) ? open : whole;
 }
 
 } // namespace
@@ -54,13 +86,9 @@ RasterPicture sampled(const Pixels& pixels, const Matrix& toPixels, double opaci
 Painter::Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, Rgb paper, PaintTools& tools,
                  Report& report)
     : _port(port), _units(units), _pageToUnits(units.fromPoints() * pageToPoints), _tools(tools), _report(report),
-      _clips(_pageToUnits, units.tolerance()), _ground(paper, detailOf(units))
+      _clips(_pageToUnits, units.tolerance(), [this](const TextChunk& chunk) { return clipLetters(chunk); }),
+      _ground(paper, detailOf(units), overlapOf(units))
 {
-}
-
-std::size_t Painter::groundEndFor(const Ink& ink, std::size_t groundEnd) const
-{
-    return ink.isOpaque() && !_groups.empty() ? _groups.back().groundEnd : groundEnd;
 }
 
 void Painter::fill(const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage)
@@ -86,7 +114,7 @@ void Painter::paintArea(std::size_t groundEnd, Rings rings, FillRule rule, const
     const auto* const gradient = std::get_if<std::shared_ptr<const Gradient>>(&paint.source);
     const auto* const tile = std::get_if<std::shared_ptr<const Tile>>(&paint.source);
     const std::optional<Ink> ink = gradient != nullptr || tile != nullptr ? std::nullopt : inkOf(paint, _report);
-    if (ink && isOpaque(*ink)) {
+    if (ink && _groups.isOpaque(*ink)) {
         fillOpaque(std::move(rings), rule, ink->color);
         return;
     }
@@ -103,46 +131,77 @@ void Painter::paintArea(std::size_t groundEnd, Rings rings, FillRule rule, const
     } else if (tile != nullptr) {
         paintTiles(rings, **tile, paint.opacity, toPage);
     } else if (ink) {
-        fillArea(std::move(rings), *ink, groundEndFor(*ink, groundEnd));
+        fillBands(rings, {{rings, *ink}}, groundEnd);
     }
 }
 
-// All bands lie on the same ground, though each hides a bit of the one before.
 void Painter::paintGradient(std::size_t groundEnd, const Rings& rings, const Gradient& gradient, double opacity,
                             const Matrix& toUnits)
 {
-    const QsdRect bounds = boundsOf(rings);
-    const std::vector<BandArea> bands = bandAreas(gradient, toUnits * gradient.toUser, bounds, _units.tolerance());
-    if (translucent(gradient, opacity) && isIntricate(rings, bands.size(), groundEnd)) {
-        std::vector<Piece> pieces;
-        pieces.reserve(bands.size());
-        for (const BandArea& band : bands) {
-            pieces.push_back({&band.area, {band.ink.color, band.ink.alpha * opacity}});
-        }
-        if (!pieces.empty() && paintPixels(rings, pieces, groundEnd)) {
-            return;
-        }
-    }
-    for (const BandArea& band : bands) {
-        const Ink ink{band.ink.color, band.ink.alpha * opacity};
-        fillArea(intersection(rings, FillRule::NonZero, band.area), ink, groundEndFor(ink, groundEnd));
-    }
+    std::vector<BandArea> bands =
+        bandAreas(gradient, toUnits * gradient.toUser, boundsOf(rings), _units.tolerance(), overlapOf(_units));
     if (bands.empty()) {
         const GradientStop& last = gradient.stops.back();
-        const Ink ink{last.color, last.opacity * opacity};
-        fillArea(rings, ink, groundEndFor(ink, groundEnd));
+        bands.push_back({rings, {last.color, last.opacity}});
     }
+    for (BandArea& band : bands) {
+        band.ink.alpha *= opacity;
+    }
+    fillBands(rings, bands, groundEnd);
 }
 
-bool Painter::translucent(const Gradient& gradient, double opacity) const
+// Where the backdrop changes, all bands are filled anew: so their edges have their own neighbours under them, not the
+// colour that a band has elsewhere, which would show as a seam.
+void Painter::fillBands(const Rings& rings, const std::vector<BandArea>& bands, std::size_t groundEnd)
 {
-    return !std::all_of(gradient.stops.begin(), gradient.stops.end(), [&](const GradientStop& stop) {
-        return isOpaque({stop.color, stop.opacity * opacity});
-    });
+    const auto isOpaque = [&](const BandArea& band) { return _groups.isOpaque(band.ink); };
+    if (std::all_of(bands.begin(), bands.end(), isOpaque)) {
+        for (const BandArea& band : bands) {
+            fillOpaque(cutTo(band, rings, false), FillRule::NonZero, band.ink.color);
+        }
+        return;
+    }
+    const Ink& faintest = std::min_element(bands.begin(), bands.end(), [](const BandArea& a, const BandArea& b) {
+                              return a.ink.alpha < b.ink.alpha;
+                          })->ink;
+    if (_ground.isIntricate(boundsOf(rings), _groups.endFor(faintest, groundEnd)) &&
+        paintPixels(rings, bands, groundEnd)) {
+        return;
+    }
+    constexpr std::size_t MostPieces = 250; // the more of them, the better pixels serve
+    const std::vector<BackdropPart> parts = _groups.under(_ground, rings, faintest, groundEnd);
+    if (bands.size() * parts.size() > MostPieces && paintPixels(rings, bands, groundEnd)) {
+        return;
+    }
+    const bool firstIsWhole = parts.front().area == rings;
+    constexpr int SameLook = 1;           // of 255
+    std::vector<std::vector<Rgb>> colors; // of the bands, part by part
+    for (const BackdropPart& part : parts) {
+        std::vector<Rgb>& shown = colors.emplace_back();
+        for (const BandArea& band : bands) {
+            shown.push_back(_groups.shown(band.ink, part.backdrop));
+        }
+        const auto isDrawnAlready = [&](std::size_t i) {
+            return bands[i].ink.isInvisible() ||
+                   (firstIsWhole && colors.size() > 1 &&
+                    std::all_of(colors.begin(), colors.end() - 1,
+                                [&](const auto& before) { return differenceOf(before[i], shown[i]) <= SameLook; }));
+        };
+        for (std::size_t i = 0; i < bands.size(); ++i) {
+            if (isDrawnAlready(i)) {
+                continue;
+            }
+            Rings area = bands.size() == 1 ? part.area : cutTo(bands[i], part.area, &part != &parts.front());
+            if (i + 1 < bands.size() && isDrawnAlready(i + 1)) {
+                area = difference(area, bands[i + 1].area);
+            }
+            fillOpaque(std::move(area), FillRule::NonZero, shown[i]);
+        }
+    }
 }
 
 // The mask keeps what is around the area as it is, also where it is no ground: texts, say.
-bool Painter::paintPixels(const Rings& rings, const std::vector<Piece>& pieces, std::size_t groundEnd)
+bool Painter::paintPixels(const Rings& rings, const std::vector<BandArea>& bands, std::size_t groundEnd)
 {
     const QsdRect whole = boundsOf(rings);
     const std::optional<QsdRect>& limit = _clips.top().rect;
@@ -153,29 +212,21 @@ bool Painter::paintPixels(const Rings& rings, const std::vector<Piece>& pieces, 
         return false;
     }
     constexpr std::size_t None = 0;
-    std::vector<std::size_t> inks(frame.pixels(), None); // number of the piece and 1
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        fillRaster(frame, pieces[i].area == nullptr ? rings : *pieces[i].area, FillRule::NonZero,
-                   [&](std::size_t p) { inks[p] = i + 1; });
+    std::vector<std::size_t> inks(frame.pixels(), None); // number of the band and 1
+    for (std::size_t i = 0; i < bands.size(); ++i) {
+        fillRaster(frame, bands[i].area, FillRule::NonZero, [&](std::size_t p) { inks[p] = i + 1; });
     }
-    const std::vector<Rgb> ground = _ground.pixelsOf(frame, groundEnd);
-    RasterPicture picture{frame, {}};
+    const std::vector<Backdrop> backdrops = _groups.pixelsOf(_ground, frame, groundEnd);
+    RasterPicture picture = emptyPicture(frame);
     Pixels& pixels = picture.pixels;
-    pixels.width = static_cast<std::uint32_t>(frame.width);
-    pixels.height = static_cast<std::uint32_t>(frame.height);
-    pixels.rgba.resize(4 * frame.pixels());
     fillRaster(frame, rings, FillRule::NonZero, [&](std::size_t p) {
-        const Ink ink = inks[p] == None ? Ink{ground[p], 1} : pieces[inks[p] - 1].ink;
-        const Rgb color = blend(ink, groupOpacity(), ground[p]);
-        std::uint8_t* const rgba = &pixels.rgba[4 * p];
-        rgba[0] = color.r;
-        rgba[1] = color.g;
-        rgba[2] = color.b;
-        rgba[3] = 255;
+        if (inks[p] != None && !bands[inks[p] - 1].ink.isInvisible()) {
+            setPixel(pixels, p, _groups.shown(bands[inks[p] - 1].ink, backdrops[p]));
+        }
     });
     hold(picture);
     const Rgb mean = meanColor(pixels);
-    _ground.add(bounds, rings, mean, std::move(picture), _groups.empty() ? 0 : _groups.back().groundEnd);
+    _ground.add(bounds, rings, mean, std::move(picture), _groups.start());
     return true;
 }
 
@@ -199,17 +250,17 @@ void Painter::drawHeld()
     const QsdRect bounds = frame.bounds();
     const bool known = std::none_of(_unknown.begin(), _unknown.end(),
                                     [&](const QsdRect& rect) { return !rect.intersected(bounds).isEmpty(); });
-    if (known) {
-        const std::vector<Rgb> ground = _ground.pixelsOf(frame, _ground.count());
-        for (std::size_t p = 0; p < ground.size(); ++p) {
-            std::uint8_t* const rgba = &_held->pixels.rgba[4 * p];
-            rgba[0] = ground[p].r;
-            rgba[1] = ground[p].g;
-            rgba[2] = ground[p].b;
-            rgba[3] = 255;
-        }
+    const std::vector<Rgb> ground = _ground.pixelsOf(frame, _ground.count());
+    for (std::size_t p = 0; known && p < ground.size(); ++p) {
+        setPixel(_held->pixels, p, ground[p]);
     }
-    const std::unique_ptr<QsdBitmap> bitmap = bitmapOf(*_port.display(), _held->pixels, 1, [](Point) { return Rgb{}; });
+    // Without a mask, as where it would have too many runs, the ground is the best there is.
+    const auto shownAt = [&](const Ink& ink, Point p) {
+        return ink.isInvisible() ? ground[static_cast<std::size_t>(p.y) * static_cast<std::size_t>(frame.width) +
+                                          static_cast<std::size_t>(p.x)]
+                                 : ink.color;
+    };
+    const std::unique_ptr<QsdBitmap> bitmap = bitmapOf(*_port.display(), _held->pixels, 1, shownAt);
     _held.reset();
     const QsdTransformer scale(frame.pixel, 0, 0, frame.pixel, 0, 0);
     const QsdPoint corner = rounded({frame.x * frame.pixel, frame.y * frame.pixel});
@@ -232,60 +283,6 @@ void Painter::drawHeldUnder(const QsdRect& bounds)
 void Painter::finish()
 {
     drawHeld();
-}
-
-// Translucent bands are cut up by what is under them; the more pieces, the better pixels serve.
-bool Painter::isIntricate(const Rings& rings, std::size_t bands, std::size_t groundEnd)
-{
-    constexpr double ColorStep = 3;
-    constexpr std::size_t MostPieces = 250;
-    return _ground.isIntricate(boundsOf(rings), groundEnd) ||
-           bands * _ground.under(rings, groundEnd, ColorStep).size() > MostPieces;
-}
-
-void Painter::paintTiles(const Rings& rings, const Tile& tile, double opacity, const Matrix& toPage)
-{
-    constexpr std::size_t MostCells = 20000;
-    const Matrix toPattern = toPage * tile.toUser;
-    const std::vector<Matrix> cells = cellsOver(boundsOf(rings), tile.cell, _pageToUnits * toPattern, MostCells);
-    _cells += cells.size();
-    if (cells.empty() || _cells > MostCells) {
-        _report.notDrawn("pattern fill");
-        return;
-    }
-    _clips.push(rings);
-    if (opacity < 1) {
-        beginGroup(opacity);
-    }
-    for (const Matrix& cell : cells) {
-        const Matrix map = toPattern * cell;
-        _clips.push(ringsOf(flattened(outlineOf(tile.cell), _pageToUnits * map, _units.tolerance())));
-        tile.draw(*this, map);
-        _clips.pop();
-    }
-    if (opacity < 1) {
-        endGroup();
-    }
-    _clips.pop();
-}
-
-void Painter::fillArea(Rings rings, const Ink& ink, std::size_t groundEnd)
-{
-    if (rings.empty()) {
-        return;
-    }
-    if (isOpaque(ink)) {
-        fillOpaque(std::move(rings), FillRule::NonZero, ink.color);
-        return;
-    }
-    if (_ground.isIntricate(boundsOf(rings), groundEnd) && paintPixels(rings, {{nullptr, ink}}, groundEnd)) {
-        return;
-    }
-    constexpr double ColorStep = 3;
-    const double shining = 1 - ink.alpha * groupOpacity();
-    for (GroundPart& part : _ground.under(rings, groundEnd, ColorStep / std::max(shining, 0.01))) {
-        fillOpaque(std::move(part.area), FillRule::NonZero, blend(ink, groupOpacity(), part.color));
-    }
 }
 
 void Painter::fillOpaque(Rings rings, FillRule rule, Rgb color)
@@ -335,8 +332,8 @@ void Painter::strokeOver(std::size_t groundEnd, const Path& path, const StrokeSt
     const Matrix toUnits = _pageToUnits * toPage;
     const double unitsPerPixel = _pageToUnits.meanScale();
     const double tolerance = _units.tolerance();
-    const auto area = [path, style, toUnits, unitsPerPixel, tolerance] {
-        return strokeArea(path, style, toUnits, unitsPerPixel, tolerance);
+    const auto area = [path, style, frame = strokeFrame(toPage), &report = _report] {
+        return strokeArea(path, style, frame, report);
     };
     const Rgb* const color = std::get_if<Rgb>(&paint.source);
     if (color != nullptr && !_clips.top().area && (toUnits.isUniform() || style.nonScaling) && style.dashes.empty()) {
@@ -347,6 +344,11 @@ void Painter::strokeOver(std::size_t groundEnd, const Path& path, const StrokeSt
         }
     }
     paintArea(groundEnd, area(), FillRule::NonZero, paint, toPage);
+}
+
+StrokeFrame Painter::strokeFrame(const Matrix& toPage) const
+{
+    return {_pageToUnits * toPage, _pageToUnits.meanScale(), _units.tolerance(), _clips.top().rect};
 }
 
 bool Painter::strokeAsLines(std::size_t groundEnd, const std::vector<Chain>& chains, const StrokeStyle& style,
@@ -361,13 +363,13 @@ bool Painter::strokeAsLines(std::size_t groundEnd, const std::vector<Chain>& cha
     const auto margin = static_cast<std::int32_t>(std::ceil(width * portMiterLimit / 2));
     bounds = {bounds.x - margin, bounds.y - margin, bounds.width + 2 * static_cast<std::uint32_t>(margin),
               bounds.height + 2 * static_cast<std::uint32_t>(margin)};
-    if (!isOpaque(ink) && !_ground.isBare(bounds, groundEndFor(ink, groundEnd))) {
+    if (!_groups.isOpaque(ink) && !_ground.isBare(bounds, _groups.endFor(ink, groundEnd))) {
         return false;
     }
     if (lines.empty() || !clipTo(bounds)) {
         return true;
     }
-    const Rgb color = blend(ink, groupOpacity(), _ground.paper());
+    const Rgb color = blend(ink, _groups.opacity(), _ground.paper());
     QsdPalette& palette = *_tools.palette;
     palette.setForeground(_tools.colors.get(color));
     palette.setLineStyle(nullptr, static_cast<std::uint16_t>(std::lround(width)));
@@ -399,15 +401,20 @@ void Painter::image(const ImageObject& image, double opacity, const Matrix& toPa
             _report.approximated("clipped image");
         }
         const std::optional<QsdRect>& limit = _clips.top().rect;
-        const RasterFrame raster = RasterFrame::around(limit ? bounds.intersected(*limit) : bounds, _units.pixel());
+        const QsdRect visible = limit ? bounds.intersected(*limit) : bounds;
+        const RasterFrame raster = RasterFrame::around(visible, _units.pixel());
         const bool rasterable = (_pixels += raster.pixels()) <= MostPixels;
-        const std::vector<Rgb> ground = rasterable ? _ground.pixelsOf(raster, _ground.count()) : std::vector<Rgb>();
-        const auto groundAt = [&](Point p) {
+        const std::vector<Backdrop> backdrops =
+            rasterable ? _groups.pixelsOf(_ground, raster, _ground.count()) : std::vector<Backdrop>();
+        const auto shownAt = [&](const Ink& ink, Point p) {
+            if (_groups.isOpaque(ink)) {
+                return ink.color;
+            }
             const std::optional<std::size_t> index = raster.indexAt(placed.map(p));
-            return index && rasterable ? ground[*index] : _ground.paper();
+            return index && rasterable ? _groups.shown(ink, backdrops[*index])
+                                       : blend(ink, _groups.opacity(), _ground.paper());
         };
-        const double total = opacity * groupOpacity();
-        const std::unique_ptr<QsdBitmap> bitmap = bitmapOf(*_port.display(), *pixels, total, groundAt);
+        const std::unique_ptr<QsdBitmap> bitmap = bitmapOf(*_port.display(), *pixels, opacity, shownAt);
         const QsdTransformer factors(placed.a, placed.c, placed.b, placed.d, 0, 0);
         const QsdPoint corner = rounded({placed.e, placed.f});
         if (bitmap->mask() != nullptr) {
@@ -416,9 +423,12 @@ void Painter::image(const ImageObject& image, double opacity, const Matrix& toPa
             _port.stretchBitmap(_tools.palette.get(), corner, bitmap.get(), factors, nullptr);
         }
         if (rasterable) {
-            RasterPicture shown = sampled(*pixels, placed.inverse(), total, raster, ground);
-            _ground.add(raster.bounds(), frame, meanColor(*pixels), std::move(shown),
-                        _groups.empty() ? 0 : _groups.back().groundEnd);
+            RasterPicture shown =
+                sampled(*pixels, placed.inverse(), opacity, raster,
+                        [&](const Ink& ink, std::size_t pixel) { return _groups.shown(ink, backdrops[pixel]); });
+            const Rgb mean = meanColor(shown.pixels);
+            _ground.add(visible, intersection(frame, FillRule::NonZero, ringsOf(visible)), mean, std::move(shown),
+                        _groups.start());
         } else {
             _unknown.push_back(bounds);
         }
@@ -440,14 +450,12 @@ void Painter::popClip()
 
 void Painter::beginGroup(double opacity)
 {
-    _groups.push_back({groupOpacity() * opacity, _ground.count()});
+    _groups.begin(opacity, _ground.count());
 }
 
 void Painter::endGroup()
 {
-    if (!_groups.empty()) {
-        _groups.pop_back();
-    }
+    _groups.end();
 }
 
 } // namespace qsdps

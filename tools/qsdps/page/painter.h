@@ -3,6 +3,7 @@
 
 #include "drawing/canvas.h"
 #include "drawing/report.h"
+#include "page/backdrop.h"
 #include "page/clip_stack.h"
 #include "page/colors.h"
 #include "page/fonts.h"
@@ -13,17 +14,21 @@
 #include "toolkit/port/QsdPort.h"
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace qsdps {
 
+struct StrokeFrame;
+
+struct BandArea;
 struct Lettering;
 
 /// What painters of several pages share, so that the port sees the same objects again.
 struct PaintTools {
-    /// For texts in `encoding`, as far as they are strings.
-    PaintTools(QsdDisplay& display, QsEncoding encoding, TextForm form = TextForm::Auto)
-        : fonts(display, encoding, letters), encoder(encoding), textForm(form),
+    /// For texts in `encoding`, as far as they are strings; `findMapped` tells what families the port has.
+    PaintTools(QsdDisplay& display, QsEncoding encoding, TextForm form = TextForm::Auto, FindMapped findMapped = {})
+        : fonts(display, encoding, letters, std::move(findMapped)), encoder(encoding), textForm(form),
           palette(QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display)))
     {
     }
@@ -43,6 +48,8 @@ public:
     /// has the colour `paper`.
     Painter(const QsdPort& port, const Units& units, const Matrix& pageToPoints, Rgb paper, PaintTools& tools,
             Report& report);
+    Painter(const Painter&) = delete;
+    Painter& operator=(const Painter&) = delete;
 
     void fill(const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage) override;
     void stroke(const Path& path, const StrokeStyle& style, const Paint& paint, const Matrix& toPage) override;
@@ -56,50 +63,38 @@ public:
     void finish();
 
 private:
-    /// A translucent group under way.
-    struct Group {
-        double opacity;        ///< its own and that of the groups around it
-        std::size_t groundEnd; ///< the areas painted before it
-    };
+    class TileCanvas;
 
-    [[nodiscard]] double groupOpacity() const { return _groups.empty() ? 1 : _groups.back().opacity; }
-    [[nodiscard]] bool isOpaque(const Ink& ink) const { return Ink{ink.color, ink.alpha * groupOpacity()}.isOpaque(); }
-    /// How many of the first `groundEnd` areas shine through an ink: opaque objects hide those of their own group.
-    [[nodiscard]] std::size_t groundEndFor(const Ink& ink, std::size_t groundEnd) const;
     /// Fill and stroke with paints that let only the first `groundEnd` areas shine through: not those of other pieces
     /// of the same object.
     void fillOver(std::size_t groundEnd, const Path& path, FillRule rule, const Paint& paint, const Matrix& toPage);
     void strokeOver(std::size_t groundEnd, const Path& path, const StrokeStyle& style, const Paint& paint,
                     const Matrix& toPage);
+    /// Where the stroke of a path of the user space that `toPage` maps goes, under the clip in force.
+    [[nodiscard]] StrokeFrame strokeFrame(const Matrix& toPage) const;
     /// Fills an area with a paint of the user space that `toPage` maps, cut by the clip in force.
     void paintArea(std::size_t groundEnd, Rings rings, FillRule rule, const Paint& paint, const Matrix& toPage);
     void paintTiles(const Rings& rings, const Tile& tile, double opacity, const Matrix& toPage);
-    /// Whether something shines through some of a gradient.
-    [[nodiscard]] bool translucent(const Gradient& gradient, double opacity) const;
-    /// Whether so many translucent bands on that ground are better painted as pixels.
-    [[nodiscard]] bool isIntricate(const Rings& rings, std::size_t bands, std::size_t groundEnd);
     void paintGradient(std::size_t groundEnd, const Rings& rings, const Gradient& gradient, double opacity,
                        const Matrix& toUnits);
-    /// A piece of paint on an area; null: everywhere on it.
-    struct Piece {
-        const Rings* area;
-        Ink ink;
-    };
-    /// Fills an area inside the clip (non-zero rule) with pieces of paint, each hiding those before, as pixels blended
-    /// with what the first `groundEnd` areas look like. False, and nothing done, when that would take too many pixels.
-    bool paintPixels(const Rings& rings, const std::vector<Piece>& pieces, std::size_t groundEnd);
+    /// Fills an area inside the clip (non-zero rule) with bands, each hiding some of those before, that let the first
+    /// `groundEnd` areas shine through.
+    void fillBands(const Rings& rings, const std::vector<BandArea>& bands, std::size_t groundEnd);
+    /// The same as pixels. False, and nothing done, when that would take too many.
+    bool paintPixels(const Rings& rings, const std::vector<BandArea>& bands, std::size_t groundEnd);
     /// Whether a text is to be outlines: as the user says, or else where strings of the port cannot show it as it
     /// should look.
     [[nodiscard]] bool wantsOutlines(const TextChunk& chunk) const;
     /// Draws a text as outlines; false, and nothing drawn, when strings do better, or it is too long.
     bool paintOutlines(const TextChunk& chunk, const Matrix& toPage);
+    /// The letters of a text that is part of a clip, in its user space; too many are left out and told.
+    [[nodiscard]] std::vector<Path> clipLetters(const TextChunk& chunk);
+    void tellShortcomings(const Lettering& lettering);
     void paintLettering(const Lettering& lettering, const Matrix& toPage);
     void paintStrings(const TextChunk& chunk, const Matrix& toPage);
     void hold(const RasterPicture& picture);
     void drawHeld();
     void drawHeldUnder(const QsdRect& bounds);
-    /// Fills an area inside the clip (non-zero rule) with an ink that lets the first `groundEnd` areas shine through.
-    void fillArea(Rings rings, const Ink& ink, std::size_t groundEnd);
     /// Fills an area with one opaque colour, cut by the clip's rectangle.
     void fillOpaque(Rings rings, FillRule rule, Rgb color);
     /// Draws a stroke as lines of the port; false, and nothing drawn, when its lines would not look right. `area` gives
@@ -116,8 +111,9 @@ private:
     Report& _report;
     ClipStack _clips;
     Ground _ground;
-    std::vector<Group> _groups;
+    GroupStack _groups;
     std::size_t _letters = 0;           ///< drawn as outlines so far
+    std::size_t _clipLetters = 0;       ///< of clips so far
     std::size_t _cells = 0;             ///< of tiles drawn so far
     std::size_t _pixels = 0;            ///< painted as such so far
     std::optional<RasterPicture> _held; ///< pixels that are not drawn yet

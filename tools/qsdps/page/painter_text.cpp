@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace qsdps {
@@ -81,15 +82,43 @@ bool Painter::paintOutlines(const TextChunk& chunk, const Matrix& toPage)
             return false;
         }
     }
-    for (std::size_t i = 0; i < lettering->missing; ++i) {
-        _report.notDrawn("character that no installed font has");
-    }
-    if (lettering->isApproximation) {
-        _report.approximated("text of letters that join, stack or change order");
-    }
+    tellShortcomings(*lettering);
     _letters += lettering->letters;
     paintLettering(*lettering, toPage);
     return true;
+}
+
+void Painter::tellShortcomings(const Lettering& lettering)
+{
+    for (std::size_t i = 0; i < lettering.missing; ++i) {
+        _report.notDrawn("character that no installed font has");
+    }
+    if (lettering.isApproximation) {
+        _report.approximated("text of letters that join, stack or change order");
+    }
+}
+
+std::vector<Path> Painter::clipLetters(const TextChunk& chunk)
+{
+    // Clips take time with each of their letters.
+    constexpr std::size_t MostLetters = 100'000;
+    _clipLetters += lettersIn(chunk);
+    std::optional<Lettering> lettering;
+    if (_clipLetters <= MostLetters) {
+        lettering = letteringOf(chunk, _tools.letters);
+    }
+    if (!lettering) {
+        _report.notDrawn("text in a clipPath");
+        return {};
+    }
+    tellShortcomings(*lettering);
+    std::vector<Path> letters;
+    for (LetteredSpan& lettered : lettering->spans) {
+        if (!lettered.span->fill.none()) {
+            std::move(lettered.letters.begin(), lettered.letters.end(), std::back_inserter(letters));
+        }
+    }
+    return letters;
 }
 
 void Painter::paintLettering(const Lettering& lettering, const Matrix& toPage)
@@ -104,13 +133,15 @@ void Painter::paintLettering(const Lettering& lettering, const Matrix& toPage)
         const Paint strokePaint = painted(span.stroke);
         for (const std::vector<Path>* const outlines : {&lettered.rules, &lettered.letters}) {
             const std::vector<Path> areas = areasOf(*outlines);
-            std::size_t groundEnd = _ground.count();
-            for (const Path& area : areas) {
-                fillOver(groundEnd, area, FillRule::NonZero, fillPaint, toPage);
-            }
-            groundEnd = _ground.count();
-            for (const Path& area : areas) {
-                strokeOver(groundEnd, area, span.strokeStyle, strokePaint, toPage);
+            for (const bool stroked : {span.strokeFirst, !span.strokeFirst}) {
+                const std::size_t groundEnd = _ground.count();
+                for (const Path& area : areas) {
+                    if (stroked) {
+                        strokeOver(groundEnd, area, span.strokeStyle, strokePaint, toPage);
+                    } else {
+                        fillOver(groundEnd, area, FillRule::NonZero, fillPaint, toPage);
+                    }
+                }
             }
         }
     }
@@ -142,8 +173,7 @@ void Painter::paintStrings(const TextChunk& chunk, const Matrix& toPage)
     }
     _unknown.push_back(bounds);
     const auto blender = [this](const Ink& ink, QsdPoint at) {
-        return isOpaque(ink) ? ink.color
-                             : blend(ink, groupOpacity(), _ground.at(at, groundEndFor(ink, _ground.count())));
+        return _groups.isOpaque(ink) ? ink.color : _groups.shown(ink, _groups.at(_ground, at, _ground.count()));
     };
     TextPainter(_port, _tools, _report, blender).paint(chunk, _pageToUnits * toPage);
 }

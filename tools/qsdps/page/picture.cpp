@@ -69,7 +69,7 @@ Matrix placementOf(const ImageObject& image, double width, double height)
 }
 
 std::unique_ptr<QsdBitmap> bitmapOf(QsdDisplay& display, const Pixels& pixels, double opacity,
-                                    const std::function<Rgb(Point)>& groundAt, std::size_t mostRuns)
+                                    const PixelBlender& blender, std::size_t mostRuns)
 {
     const PixelReader reader(pixels, opacity);
     std::unique_ptr<QsdBitmap> mask = maskOf(display, pixels, reader, mostRuns);
@@ -78,8 +78,8 @@ std::unique_ptr<QsdBitmap> bitmapOf(QsdDisplay& display, const Pixels& pixels, d
         for (std::uint32_t x = 0; x < pixels.width; ++x) {
             const Ink ink = reader.at(x, y);
             Rgb color = ink.color;
-            if (!ink.isOpaque() && (!ink.isInvisible() || mask == nullptr)) {
-                color = blend(ink, 1, groundAt({x + 0.5, y + 0.5}));
+            if (!ink.isInvisible() || mask == nullptr) {
+                color = blender(ink, {x + 0.5, y + 0.5});
             }
             data.setPixel(x, y, {color.r, color.g, color.b});
         }

@@ -3,6 +3,7 @@
 
 #include "drawing/canvas.h"
 #include "images/pixels.h"
+#include "page/colors.h"
 #include "toolkit/port/QsdBitmap.h"
 
 #include <cstddef>
@@ -17,11 +18,13 @@ namespace qsdps {
 /// How many runs of opaque pixels a masked bitmap is drawn in at most.
 inline constexpr std::size_t MostMaskRuns = 20000;
 
-/// A bitmap of the pixels, laid down with `opacity`; `groundAt` gives the colour under the middle of a pixel where it
-/// shines through. Pixels that cannot be seen are left to a mask, where that makes at most `mostRuns` runs.
+/// Gives the colour that an ink has on the page at a point of a picture.
+using PixelBlender = std::function<Rgb(const Ink&, Point)>;
+
+/// A bitmap of the pixels, laid down with `opacity`; `blender` is asked for the middles of pixels. Pixels that cannot
+/// be seen are left to a mask, where that makes at most `mostRuns` runs.
 [[nodiscard]] std::unique_ptr<QsdBitmap> bitmapOf(QsdDisplay& display, const Pixels& pixels, double opacity,
-                                                  const std::function<Rgb(Point)>& groundAt,
-                                                  std::size_t mostRuns = MostMaskRuns);
+                                                  const PixelBlender& blender, std::size_t mostRuns = MostMaskRuns);
 
 /// The mean colour of all pixels.
 [[nodiscard]] Rgb meanColor(const Pixels& pixels);

@@ -107,7 +107,7 @@ private:
         // A run takes about as many bytes as thirty pixels.
         const std::size_t mostRuns = std::max<std::size_t>(64, std::size_t{width} * strip.height / 30);
         const auto bitmap = bitmapOf(
-            *_port.display(), pixels, 1, [this](Point) { return _paper; }, mostRuns);
+            *_port.display(), pixels, 1, [this](const Ink& ink, Point) { return blend(ink, 1, _paper); }, mostRuns);
         if (bitmap->mask() != nullptr) {
             _port.drawTransparentBitmap(_tools.palette.get(), bitmap.get(), areaOf(*bitmap), at);
         } else {

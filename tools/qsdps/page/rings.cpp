@@ -134,6 +134,15 @@ Rings ringsOf(const QsdRect& rect)
     return {{{rect.x, rect.y}, {right, rect.y}, {right, bottom}, {rect.x, bottom}}};
 }
 
+std::size_t pointsOf(const Rings& rings)
+{
+    std::size_t count = 0;
+    for (const Ring& ring : rings) {
+        count += ring.size();
+    }
+    return count;
+}
+
 Rings intersection(const Rings& rings, FillRule rule, const Rings& clip)
 {
     return combined(ClipperLib::ctIntersection, rings, rule, clip);
@@ -147,6 +156,15 @@ Rings unionOf(const Rings& a, const Rings& b)
 Rings difference(const Rings& a, const Rings& b)
 {
     return combined(ClipperLib::ctDifference, a, FillRule::NonZero, b);
+}
+
+Rings grown(const Rings& rings, double distance)
+{
+    ClipperLib::ClipperOffset offset;
+    offset.AddPaths(toClipper(rings), ClipperLib::jtMiter, ClipperLib::etClosedPolygon);
+    ClipperLib::Paths result;
+    offset.Execute(result, distance);
+    return fromClipper(result);
 }
 
 Rings simplified(const Rings& rings, FillRule rule)

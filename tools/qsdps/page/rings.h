@@ -21,6 +21,7 @@ using Rings = std::vector<Ring>;
 /// The rectangle that the rings are, when they are one upright rectangle.
 [[nodiscard]] std::optional<QsdRect> asRectangle(const Rings& rings);
 [[nodiscard]] Rings ringsOf(const QsdRect& rect);
+[[nodiscard]] std::size_t pointsOf(const Rings& rings);
 
 /// The area inside `rings` by `rule`, limited to that inside `clip` (non-zero rule). The result is for the non-zero
 /// rule.
@@ -29,6 +30,8 @@ using Rings = std::vector<Ring>;
 [[nodiscard]] Rings unionOf(const Rings& a, const Rings& b);
 /// The area inside `a` and not inside `b`, both by the non-zero rule, as the result is.
 [[nodiscard]] Rings difference(const Rings& a, const Rings& b);
+/// The area (non-zero rule) made larger by a distance on all sides, corners kept sharp.
+[[nodiscard]] Rings grown(const Rings& rings, double distance);
 /// The same area for the non-zero rule.
 [[nodiscard]] Rings simplified(const Rings& rings, FillRule rule);
 

@@ -1,20 +1,17 @@
 #include "page/stroker.h"
 
+#include "page/dashes.h"
 #include "page/units.h"
 
 #include <agg2/agg_conv_curve.h>
-#include <agg2/agg_conv_dash.h>
 #include <agg2/agg_conv_stroke.h>
 #include <agg2/agg_path_storage.h>
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 namespace qsdps {
 
 namespace {
-
-constexpr double MostDashes = 50000; ///< of one stroke; a denser pattern is drawn solid
 
 agg::line_cap_e capOf(LineCap cap)
 {
@@ -41,17 +38,6 @@ agg::line_join_e joinOf(LineJoin join)
     }
     // Corners beyond the limit are cut off flat, as drawings ask for.
     return agg::miter_join_revert;
-}
-
-double lengthOf(const std::vector<Chain>& chains)
-{
-    double length = 0;
-    for (const Chain& chain : chains) {
-        for (std::size_t i = 1; i < chain.points.size(); ++i) {
-            length += std::hypot(chain.points[i].x - chain.points[i - 1].x, chain.points[i].y - chain.points[i - 1].y);
-        }
-    }
-    return length;
 }
 
 bool isDot(const Chain& chain)
@@ -107,21 +93,10 @@ void collectStroke(Source& source, const StrokeStyle& style, double width, doubl
     collect(stroke, map, areas);
 }
 
-} // namespace
-
-Rings strokeArea(const Path& path, const StrokeStyle& style, const Matrix& toUnits, double unitsPerPixel,
-                 double tolerance)
+/// The stroke of each chain as a whole.
+std::vector<Chain> areasOf(const std::vector<Chain>& chains, const StrokeStyle& style, double width, double tolerance,
+                           const Matrix& map)
 {
-    // The stroke is made in a space as large as the units but shaped like the user space.
-    const double scale = style.nonScaling ? unitsPerPixel : toUnits.meanScale();
-    if (!(scale > 0) || !std::isfinite(scale)) {
-        return {};
-    }
-    const Matrix enlarge = style.nonScaling ? toUnits : Matrix::scaling(scale, scale);
-    const Matrix map = style.nonScaling ? Matrix() : toUnits * Matrix::scaling(1 / scale, 1 / scale);
-    const double width = style.width * scale;
-    const std::vector<Chain> chains = flattened(path, enlarge, tolerance);
-
     std::vector<Chain> areas;
     agg::path_storage lines;
     for (const Chain& chain : chains) {
@@ -142,20 +117,43 @@ Rings strokeArea(const Path& path, const StrokeStyle& style, const Matrix& toUni
             lines.close_polygon();
         }
     }
-    const double period = std::accumulate(style.dashes.begin(), style.dashes.end(), 0.0) * scale;
-    if (style.dashes.empty() || !(period > 0) ||
-        lengthOf(chains) / period * static_cast<double>(style.dashes.size()) > MostDashes) {
-        collectStroke(lines, style, width, tolerance, map, areas);
-    } else {
-        agg::conv_dash<agg::path_storage> dashes(lines);
-        for (std::size_t i = 0; i + 1 < style.dashes.size(); i += 2) {
-            dashes.add_dash(style.dashes[i] * scale, style.dashes[i + 1] * scale);
-        }
-        const double offset = std::fmod(style.dashOffset * scale, period);
-        dashes.dash_start(offset < 0 ? offset + period : offset);
-        collectStroke(dashes, style, width, tolerance, map, areas);
+    collectStroke(lines, style, width, tolerance, map, areas);
+    return areas;
+}
+
+/// A rectangle in units in the space that `map` brings there; none where there is no way back.
+std::optional<Box> boxUnder(const QsdRect& rect, const Matrix& map)
+{
+    const double determinant = map.determinant();
+    if (determinant == 0 || !std::isfinite(1 / determinant)) {
+        return std::nullopt;
     }
-    return ringsOf(areas);
+    // What is rounded into the rectangle lies half a unit outside at most.
+    const Box wider{rect.x - 1.0, rect.y - 1.0, rect.width + 2.0, rect.height + 2.0};
+    return outlineOf(wider).transformed(map.inverse()).controlBox();
+}
+
+} // namespace
+
+Rings strokeArea(const Path& path, const StrokeStyle& style, const StrokeFrame& frame, Report& report)
+{
+    // The stroke is made in a space as large as the units but shaped like the user space.
+    const double scale = style.nonScaling ? frame.unitsPerPixel : frame.toUnits.meanScale();
+    if (!(scale > 0) || !std::isfinite(scale)) {
+        return {};
+    }
+    const Matrix enlarge = style.nonScaling ? frame.toUnits : Matrix::scaling(scale, scale);
+    const Matrix map = style.nonScaling ? Matrix() : frame.toUnits * Matrix::scaling(1 / scale, 1 / scale);
+    std::vector<Chain> chains = flattened(path, enlarge, frame.tolerance);
+    if (!style.dashes.empty()) {
+        const std::optional<Box> seen = frame.seen ? boxUnder(*frame.seen, map) : std::nullopt;
+        if (std::optional<std::vector<Chain>> dashes = dashesOf(chains, style, scale, seen)) {
+            chains = std::move(*dashes);
+        } else {
+            report.approximated("line of too many dashes");
+        }
+    }
+    return ringsOf(areasOf(chains, style, style.width * scale, frame.tolerance, map));
 }
 
 } // namespace qsdps

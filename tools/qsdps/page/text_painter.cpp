@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace qsdps {
 
@@ -27,6 +28,28 @@ std::string joined(const std::vector<std::string>& pieces)
         text += piece;
     }
     return text;
+}
+
+/// Puts a Latin character beyond ASCII where the font of symbols has it; false, and a question mark, where it has none.
+bool toSymbolCode(std::string& bytes)
+{
+    constexpr struct {
+        unsigned char latin;
+        unsigned char symbol;
+    } Codes[] = {{0x83, 0xA6}, {0x85, 0xBC}, {0x95, 0xB7}, {0x96, '-'},  {0xA0, ' '},  {0xAC, 0xD8},
+                 {0xB0, 0xB0}, {0xB1, 0xB1}, {0xB5, 'm'},  {0xB7, 0xD7}, {0xD7, 0xB4}, {0xF7, 0xB8}};
+    const auto code = static_cast<unsigned char>(bytes.front());
+    if (code < 0x80 || bytes.size() != 1) {
+        return true;
+    }
+    for (const auto& known : Codes) {
+        if (known.latin == code) {
+            bytes.front() = static_cast<char>(known.symbol);
+            return true;
+        }
+    }
+    bytes = "?";
+    return false;
 }
 
 } // namespace
@@ -82,6 +105,13 @@ TextPainter::Run TextPainter::runOf(const TextSpan& span, const Matrix& toUnits,
     run.userPerFontUnit = span.font.size / units;
     run.spacing = span.letterSpacing;
     run.face = _tools.fonts.face(span.font);
+    if (run.face.family != nullptr && run.face.family == std::string_view("symbol")) {
+        for (std::string& bytes : run.characters) {
+            if (!toSymbolCode(bytes)) {
+                _report.notDrawn("character that the document's encoding lacks");
+            }
+        }
+    }
     if (run.face.likeness == Face::Likeness::Another && !isBlank(span)) {
         _report.approximated("font");
     }
@@ -116,6 +146,16 @@ TextPainter::Run TextPainter::runOf(const TextSpan& span, const Matrix& toUnits,
     return run;
 }
 
+void TextPainter::reportGuessedWidths(const std::vector<Run>& runs, bool placesAll)
+{
+    for (const Run& run : runs) {
+        const bool places = placesAll || run.inPieces() || run.span->lineThrough || run.span->overline;
+        if (places && !run.face.isMeasured && !isBlank(*run.span)) {
+            _report.approximated("width of text in a mapped font");
+        }
+    }
+}
+
 void TextPainter::paint(const TextChunk& chunk, const Matrix& toUnits)
 {
     if (!(toUnits.meanScale() > 0)) {
@@ -130,6 +170,7 @@ void TextPainter::paint(const TextChunk& chunk, const Matrix& toUnits)
     }
     const double shift = chunk.anchor == TextAnchor::Middle ? -total / 2 : chunk.anchor == TextAnchor::End ? -total : 0;
     if (chunk.along) {
+        reportGuessedWidths(runs, true);
         paintAlong(*chunk.along, chunk.startOffset + shift, runs, toUnits);
         return;
     }
@@ -142,6 +183,7 @@ void TextPainter::paint(const TextChunk& chunk, const Matrix& toUnits)
                    toUnits, chunk.anchor == TextAnchor::Middle ? QsdPositionCenter : QsdPositionRight);
         return;
     }
+    reportGuessedWidths(runs, runs.size() > 1 || shift != 0);
     Point at{chunk.at.x + shift, chunk.at.y};
     for (const Run& run : runs) {
         at.x += run.span->dx;

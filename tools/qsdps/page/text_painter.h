@@ -31,6 +31,9 @@ private:
     struct Run;
 
     [[nodiscard]] Run runOf(const TextSpan& span, const Matrix& toUnits, QsdPoint ground);
+    /// Counts the runs of families whose metrics are not known, where the place of something follows from them;
+    /// `placesAll` says that it does for every run.
+    void reportGuessedWidths(const std::vector<Run>& runs, bool placesAll);
     void paintRun(const Run& run, Point at, const Matrix& toUnits);
     void paintAlong(const Path& path, double offset, const std::vector<Run>& runs, const Matrix& toUnits);
     void paintPiece(const Run& run, const std::string& bytes, Point at, double degrees, const Matrix& toUnits,

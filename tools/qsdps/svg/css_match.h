@@ -2,6 +2,7 @@
 #pragma once
 
 #include "svg/css_parser.h"
+#include "svg/sibling_places.h"
 
 #include <cstddef>
 #include <deque>
@@ -17,11 +18,16 @@ namespace qsdps::svg {
 /// All style sheets of a document, looked up by what an element must have for a rule to apply.
 class StyleSheets {
 public:
-    /// Adds a sheet behind the ones already there; keeps a copy of the text.
-    void add(std::string_view text);
+    /// The element that :root stands for.
+    void setRoot(const pugi::xml_node& root) { _root = root; }
+    /// Keeps a text that rules point into.
+    [[nodiscard]] std::string_view keep(std::string text) { return _texts.emplace_back(std::move(text)); }
+    /// Adds rules behind the ones already there.
+    void add(std::vector<RuleSet> rules);
     [[nodiscard]] bool empty() const { return _rules.empty(); }
-    /// Appends the declarations that apply to the element, weakest first.
-    void collect(const pugi::xml_node& element, std::vector<const Declaration*>& out) const;
+    /// Appends the declarations that apply to the element, weakest first. What that costs is taken from `work`; when it
+    /// comes to 0, some are missing.
+    void collect(const pugi::xml_node& element, std::vector<const Declaration*>& out, std::size_t& work) const;
 
 private:
     struct Rule {
@@ -32,6 +38,7 @@ private:
 
     void file(std::size_t rule);
 
+    pugi::xml_node _root;
     std::deque<std::string> _texts;
     std::vector<RuleSet> _sets;
     std::vector<Rule> _rules;
@@ -39,6 +46,7 @@ private:
     Index _byClass;
     Index _byTag;
     std::vector<std::size_t> _others;
+    mutable SiblingPlaces _places; ///< counted when first asked for
 };
 
 } // namespace qsdps::svg

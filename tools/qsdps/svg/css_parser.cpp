@@ -1,256 +1,159 @@
 #include "svg/css_parser.h"
 
+#include "svg/css_media.h"
 #include "svg/scanner.h"
 
 #include <algorithm>
 #include <optional>
+#include <string>
 
 namespace qsdps::svg {
 namespace {
 
-/// A selector longer than this is not something a person wrote; matching relies on the bound.
-constexpr std::size_t kMaxCompounds = 32;
+/// @media inside of @media; each level takes stack.
+constexpr int kMaxNesting = 16;
 
-/// Where `stop` comes first outside of quotes and parentheses; the size where it does not.
-std::size_t findOutside(std::string_view text, char stop)
+std::optional<Declaration> parseDeclaration(std::string_view text)
 {
-    char quote = '\0';
-    int depth = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        if (quote != '\0') {
-            if (c == quote)
-                quote = '\0';
-        } else if (c == '"' || c == '\'') {
-            quote = c;
-        } else if (c == '(') {
-            ++depth;
-        } else if (c == ')') {
-            depth = std::max(0, depth - 1);
-        } else if (c == stop && depth == 0) {
-            return i;
-        }
+    const std::size_t colon = text.find(':');
+    if (colon == text.npos)
+        return {};
+    Declaration declaration{trim(text.substr(0, colon)), trim(text.substr(colon + 1))};
+    const std::size_t mark = declaration.value.rfind('!');
+    if (mark != text.npos && equalsNoCase(trim(declaration.value.substr(mark + 1)), "important")) {
+        declaration.value = trim(declaration.value.substr(0, mark));
+        declaration.important = true;
     }
-    return text.size();
+    return declaration;
 }
 
-bool isNameChar(char c)
-{
-    return isLetter(c) || isDigit(c) || c == '-' || c == '_' || (c & 0x80) != 0;
-}
-
-class SelectorParser {
+class SheetParser {
 public:
-    explicit SelectorParser(std::string_view text) : _text(trim(text)) {}
+    explicit SheetParser(const SheetFault& tell) : _tell(tell) {}
 
-    std::optional<Selector> run()
+    void parse(std::string_view text, int nesting)
     {
-        Selector selector;
-        Combinator before = Combinator::Descendant;
-        while (!_text.empty()) {
-            auto compound = parseCompound(selector.specificity);
-            if (!compound || selector.compounds.size() == kMaxCompounds)
-                return {};
-            compound->before = before;
-            selector.compounds.push_back(std::move(*compound));
-            _text = trim(_text);
-            before = Combinator::Descendant;
-            if (_text.starts_with('>')) {
-                before = Combinator::Child;
-                _text = trim(_text.substr(1));
-                if (_text.empty())
-                    return {};
+        for (text = trim(text); !text.empty(); text = trim(text)) {
+            const bool at = text.front() == '@';
+            const std::size_t open = findOutside(text, at ? "{;" : "{");
+            const std::string_view prelude = trim(text.substr(0, open));
+            text.remove_prefix(open);
+            std::string_view block;
+            if (text.starts_with('{')) {
+                const std::size_t size = bracketSize(text);
+                block = text.substr(1, size - (text[size - 1] == '}' && size > 1 ? 2 : 1));
+                text.remove_prefix(size);
+            } else if (!text.empty()) {
+                text.remove_prefix(1);
+            } else if (!at) {
+                _tell("end of a style sheet skipped: no block follows " + quotedForMessage(prelude));
+                return;
             }
+            if (at)
+                atRule(prelude, block, nesting);
+            else
+                rule(prelude, block);
         }
-        if (selector.compounds.empty())
-            return {};
-        return selector;
     }
+
+    [[nodiscard]] StyleSheet finish() { return std::move(_sheet); }
 
 private:
-    static constexpr std::uint32_t kTagWeight = 1;
-    static constexpr std::uint32_t kClassWeight = 1 << 10;
-    static constexpr std::uint32_t kIdWeight = 1 << 20;
-
-    std::string_view name()
+    void rule(std::string_view prelude, std::string_view block)
     {
-        std::size_t n = 0;
-        while (n < _text.size() && isNameChar(_text[n]))
+        _atBeginning = false;
+        std::string fault;
+        RuleSet set;
+        auto selectors = parseSelectors(prelude, fault);
+        if (!selectors) {
+            _tell("style sheet rule skipped: " + fault);
+            return;
+        }
+        if (!fault.empty())
+            _tell("part of :is() or :where() skipped: " + fault);
+        set.selectors = std::move(*selectors);
+        parseDeclarations(block, set.declarations, _tell);
+        _sheet.rules.push_back(std::move(set));
+    }
+
+    void atRule(std::string_view prelude, std::string_view block, int nesting)
+    {
+        std::size_t n = 1;
+        while (n < prelude.size() && isNameChar(prelude[n]))
             ++n;
-        const std::string_view result = _text.substr(0, n);
-        _text.remove_prefix(n);
-        return result;
+        const std::string_view name = prelude.substr(1, n - 1);
+        const std::string_view rest = trim(prelude.substr(n));
+        if (equalsNoCase(name, "import")) {
+            import(rest);
+        } else if (equalsNoCase(name, "media")) {
+            _atBeginning = false;
+            if (nesting == kMaxNesting)
+                _tell("style sheet part skipped: '@media' nests too deep");
+            else if (mediaApplies(rest, _tell))
+                parse(block, nesting + 1);
+        } else if (!equalsNoCase(name, "charset") && !namesSvg(name, rest)) {
+            _tell("style sheet rule skipped: " + quotedForMessage(prelude.substr(0, n)) + " is not known");
+        }
     }
 
-    std::optional<Compound> parseCompound(std::uint32_t& specificity)
+    /// "@namespace url(http://www.w3.org/2000/svg)", which says what holds anyway.
+    static bool namesSvg(std::string_view name, std::string_view rest)
     {
-        Compound compound;
-        const std::size_t before = _text.size();
-        if (_text.starts_with('*')) {
-            _text.remove_prefix(1);
-        } else if (isNameChar(_text.front())) {
-            compound.tag = name();
-            specificity += kTagWeight;
-        }
-        while (!_text.empty() && std::string_view(".#[:").find(_text.front()) != std::string_view::npos) {
-            const char mark = _text.front();
-            _text.remove_prefix(1);
-            if (!parsePart(mark, compound))
-                return {};
-            specificity += mark == '#' ? kIdWeight : kClassWeight;
-        }
-        if (_text.size() == before)
-            return {};
-        return compound;
-    }
-
-    bool parsePart(char mark, Compound& compound)
-    {
-        if (mark == '[')
-            return parseAttribute(compound);
-        const std::string_view part = name();
-        if (part.empty())
+        if (!equalsNoCase(name, "namespace"))
             return false;
-        if (mark == '.')
-            compound.classes.push_back(part);
-        else if (mark == '#')
-            compound.id = part;
-        else
-            compound.firstChild = part == "first-child";
-        return mark != ':' || compound.firstChild;
+        const std::string_view url = takeUrl(rest);
+        return (url.empty() ? unquoted(rest) : url) == "http://www.w3.org/2000/svg";
     }
 
-    bool parseAttribute(Compound& compound)
+    void import(std::string_view rest)
     {
-        const std::size_t end = findOutside(_text, ']');
-        if (end == _text.size())
-            return false;
-        std::string_view body = _text.substr(0, end);
-        _text.remove_prefix(end + 1);
-        AttributeTest test;
-        const std::size_t equals = body.find('=');
-        if (equals == body.npos) {
-            test.name = trim(body);
-            compound.attributes.push_back(test);
-            return !test.name.empty();
+        if (!_atBeginning) {
+            _tell("'@import' skipped: it stands behind other rules");
+            return;
         }
-        test.value = trim(body.substr(equals + 1));
-        if (test.value.size() >= 2 && (test.value.front() == '"' || test.value.front() == '\''))
-            test.value = test.value.substr(1, test.value.size() - 2);
-        body = body.substr(0, equals);
-        test.kind = AttributeTest::Kind::Equals;
-        constexpr std::string_view kMarks = "~|^$*";
-        const std::size_t mark = body.empty() ? kMarks.npos : kMarks.find(body.back());
-        if (mark != kMarks.npos) {
-            constexpr AttributeTest::Kind kKinds[] = {AttributeTest::Kind::Word, AttributeTest::Kind::Language,
-                                                      AttributeTest::Kind::Prefix, AttributeTest::Kind::Suffix,
-                                                      AttributeTest::Kind::Contains};
-            test.kind = kKinds[mark];
-            body.remove_suffix(1);
+        const std::string_view written = rest;
+        std::string_view target = takeUrl(rest);
+        if (target.empty() && (rest.starts_with('"') || rest.starts_with('\''))) {
+            const std::size_t end = rest.find(rest.front(), 1);
+            target = trim(rest.substr(1, end - 1));
+            rest = end == rest.npos ? std::string_view() : rest.substr(end + 1);
         }
-        test.name = trim(body);
-        compound.attributes.push_back(test);
-        return !test.name.empty();
+        if (target.empty())
+            _tell("'@import' skipped: " + quotedForMessage(written) + " is not understood");
+        else if (mediaApplies(rest, _tell))
+            _sheet.imports.push_back(target);
     }
 
-    std::string_view _text;
+    const SheetFault& _tell;
+    StyleSheet _sheet;
+    bool _atBeginning = true; ///< nothing but @import and @charset so far
 };
-
-/// Behind the block that begins at the first '{'; nested blocks are passed over with it.
-std::size_t blockEnd(std::string_view text)
-{
-    int depth = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '{')
-            ++depth;
-        else if (text[i] == '}' && --depth <= 0)
-            return i + 1;
-    }
-    return text.size();
-}
-
-/// Behind an at-rule, which ends with a semicolon or with its block.
-std::size_t atRuleEnd(std::string_view text)
-{
-    const std::size_t stop = text.find_first_of("{;");
-    if (stop == text.npos)
-        return text.size();
-    return text[stop] == ';' ? stop + 1 : blockEnd(text);
-}
-
-std::vector<Selector> parseSelectors(std::string_view text)
-{
-    std::vector<Selector> selectors;
-    while (!text.empty()) {
-        const std::size_t comma = findOutside(text, ',');
-        if (auto selector = SelectorParser(text.substr(0, comma)).run())
-            selectors.push_back(std::move(*selector));
-        text.remove_prefix(std::min(text.size(), comma + 1));
-    }
-    return selectors;
-}
 
 } // namespace
 
-void parseDeclarations(std::string_view text, std::vector<Declaration>& out)
+void parseDeclarations(std::string_view text, std::vector<Declaration>& out, const SheetFault& tell)
 {
     while (!text.empty()) {
-        const std::size_t end = findOutside(text, ';');
+        const bool custom = trim(text).starts_with("--");
+        const std::size_t end = findOutside(text, custom ? ";" : ";{");
         const std::string_view item = text.substr(0, end);
-        text.remove_prefix(std::min(text.size(), end + 1));
-        const std::size_t colon = item.find(':');
-        if (colon == item.npos)
+        text.remove_prefix(end);
+        if (text.starts_with('{')) {
+            tell("style sheet rule skipped: " + quotedForMessage(item) + " stands inside of another rule");
+            text.remove_prefix(bracketSize(text));
             continue;
-        Declaration declaration{trim(item.substr(0, colon)), trim(item.substr(colon + 1))};
-        const std::size_t mark = declaration.value.rfind('!');
-        if (mark != item.npos && equalsNoCase(trim(declaration.value.substr(mark + 1)), "important")) {
-            declaration.value = trim(declaration.value.substr(0, mark));
-            declaration.important = true;
         }
-        out.push_back(declaration);
+        text.remove_prefix(std::min<std::size_t>(text.size(), 1));
+        if (const auto declaration = parseDeclaration(item))
+            out.push_back(*declaration);
     }
 }
 
-std::vector<RuleSet> parseStyleSheet(std::string_view text)
+StyleSheet parseStyleSheet(std::string_view text, const SheetFault& tell)
 {
-    std::vector<RuleSet> rules;
-    for (text = trim(text); !text.empty(); text = trim(text)) {
-        if (text.front() == '@') {
-            text.remove_prefix(atRuleEnd(text));
-            continue;
-        }
-        const std::size_t open = text.find('{');
-        if (open == text.npos)
-            break;
-        const std::size_t close = std::min(text.find('}', open), text.size());
-        RuleSet rule;
-        rule.selectors = parseSelectors(text.substr(0, open));
-        parseDeclarations(text.substr(open + 1, close - open - 1), rule.declarations);
-        if (!rule.selectors.empty())
-            rules.push_back(std::move(rule));
-        text.remove_prefix(std::min(text.size(), close + 1));
-    }
-    return rules;
-}
-
-std::string withoutComments(std::string_view text)
-{
-    text = trim(text);
-    if (text.starts_with("<!--"))
-        text.remove_prefix(4);
-    if (text.ends_with("-->"))
-        text.remove_suffix(3);
-    std::string out;
-    while (true) {
-        const std::size_t open = text.find("/*");
-        out.append(text.substr(0, open));
-        if (open == text.npos)
-            return out;
-        const std::size_t close = text.find("*/", open + 2);
-        if (close == text.npos)
-            return out;
-        text.remove_prefix(close + 2);
-    }
+    SheetParser parser(tell);
+    parser.parse(text, 0);
+    return parser.finish();
 }
 
 } // namespace qsdps::svg

@@ -24,16 +24,6 @@ pugi::xml_node following(pugi::xml_node node)
     return node ? node.next_sibling() : node;
 }
 
-std::string allText(const pugi::xml_node& element)
-{
-    std::string text;
-    for (const pugi::xml_node& child : element.children()) {
-        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
-            text += child.value();
-    }
-    return text;
-}
-
 } // namespace
 
 std::string_view localName(const pugi::xml_node& element)
@@ -41,6 +31,16 @@ std::string_view localName(const pugi::xml_node& element)
     const std::string_view name = element.name();
     const std::size_t colon = name.find(':');
     return colon == name.npos ? name : name.substr(colon + 1);
+}
+
+std::string textOf(const pugi::xml_node& element)
+{
+    std::string text;
+    for (const pugi::xml_node& child : element.children()) {
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
+            text += child.value();
+    }
+    return text;
 }
 
 std::string_view attribute(const pugi::xml_node& element, const char* name)
@@ -61,7 +61,7 @@ std::string_view href(const pugi::xml_node& element)
     return found;
 }
 
-std::unique_ptr<Document> Document::load(std::string bytes, std::string& error)
+std::unique_ptr<Document> Document::load(std::string bytes, const std::filesystem::path& baseFolder, std::string& error)
 {
     if (isGzip(bytes) && !gunzip(bytes, kMaxInflated, error))
         return nullptr;
@@ -74,6 +74,7 @@ std::unique_ptr<Document> Document::load(std::string bytes, std::string& error)
     if (!expandEntities(document->_text, kMaxEntityText, error) || !document->parse(error))
         return nullptr;
     document->index();
+    document->loadSheets(baseFolder);
     return document;
 }
 
@@ -81,7 +82,7 @@ bool Document::parse(std::string& error)
 {
     for (std::size_t at = _text.find('\n'); at != _text.npos; at = _text.find('\n', at + 1))
         _lineStarts.push_back(at + 1);
-    constexpr unsigned kOptions = pugi::parse_default | pugi::parse_ws_pcdata;
+    constexpr unsigned kOptions = pugi::parse_default | pugi::parse_ws_pcdata | pugi::parse_pi;
     const pugi::xml_parse_result result =
         _xml.load_buffer_inplace(_text.data(), _text.size(), kOptions, pugi::encoding_utf8);
     if (!result) {
@@ -112,13 +113,22 @@ void Document::index()
                 _prefixes.insert(name.substr(6));
         }
     }
-    for (pugi::xml_node node = _root; node; node = following(node)) {
-        if (node.type() != pugi::node_element || tag(node) != Tag::Style)
-            continue;
-        const std::string_view type = attribute(node, "type");
-        if (type.empty() || equalsNoCase(type, "text/css"))
-            _styleSheets.add(allText(node));
+}
+
+void Document::loadSheets(const std::filesystem::path& baseFolder)
+{
+    _styleSheets.setRoot(_root);
+    SheetLoader loader(_styleSheets, baseFolder, _sheetMessages);
+    const pugi::xml_node outermost = _xml.document_element();
+    for (pugi::xml_node node = _xml.first_child(); node && node != outermost; node = node.next_sibling()) {
+        if (node.type() == pugi::node_pi && node.name() == std::string_view("xml-stylesheet"))
+            loader.addInstruction(node.value(), line(node));
     }
+    for (pugi::xml_node node = _root; node; node = following(node)) {
+        if (tag(node) == Tag::Style)
+            loader.addElement(textOf(node), attribute(node, "type"), attribute(node, "media"), line(node));
+    }
+    _sheetBytes = loader.bytesRead();
 }
 
 pugi::xml_node Document::byId(std::string_view id) const

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "svg/css_match.h"
+#include "svg/sheet_loader.h"
 #include "svg/tags.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -18,6 +20,8 @@ namespace qsdps::svg {
 
 /// The element's name without its prefix.
 [[nodiscard]] std::string_view localName(const pugi::xml_node& element);
+/// The text directly inside the element, whatever comments part it.
+[[nodiscard]] std::string textOf(const pugi::xml_node& element);
 /// The attribute's value; empty where there is none.
 [[nodiscard]] std::string_view attribute(const pugi::xml_node& element, const char* name);
 /// The target of href, or of xlink:href under whatever prefix; empty where there is none.
@@ -25,11 +29,19 @@ namespace qsdps::svg {
 
 class Document {
 public:
-    /// Parses a file, compressed or not; null with a reason in `error` ("line N: ..." where known).
-    [[nodiscard]] static std::unique_ptr<Document> load(std::string bytes, std::string& error);
+    /// Parses a file, compressed or not, and the style sheets that it names inside `baseFolder` (empty: none); null
+    /// with a reason in `error` ("line N: ..." where known).
+    [[nodiscard]] static std::unique_ptr<Document> load(std::string bytes, const std::filesystem::path& baseFolder,
+                                                        std::string& error);
 
     [[nodiscard]] const pugi::xml_node& root() const { return _root; }
+    /// How many bytes the text has.
+    [[nodiscard]] std::size_t size() const { return _text.size(); }
     [[nodiscard]] const StyleSheets& styleSheets() const { return _styleSheets; }
+    /// What of the style sheets was left out.
+    [[nodiscard]] const std::vector<SheetMessage>& sheetMessages() const { return _sheetMessages; }
+    /// How many bytes of style sheets were read from files.
+    [[nodiscard]] std::size_t sheetBytes() const { return _sheetBytes; }
     /// The first element with this id; null where there is none.
     [[nodiscard]] pugi::xml_node byId(std::string_view id) const;
     /// The element that href names inside this file; null for other files and missing ids.
@@ -42,12 +54,15 @@ public:
 private:
     bool parse(std::string& error);
     void index();
+    void loadSheets(const std::filesystem::path& baseFolder);
     [[nodiscard]] int lineAt(std::ptrdiff_t offset) const;
 
     std::string _text;
     pugi::xml_document _xml;
     pugi::xml_node _root;
     StyleSheets _styleSheets;
+    std::vector<SheetMessage> _sheetMessages;
+    std::size_t _sheetBytes = 0;
     std::vector<std::size_t> _lineStarts;
     std::unordered_map<std::string_view, pugi::xml_node> _ids;
     std::unordered_set<std::string_view> _prefixes; ///< bound to the SVG namespace

@@ -102,31 +102,6 @@ void appendUtf8(std::string& out, char32_t c)
     }
 }
 
-char32_t nextUtf8(std::string_view text, std::size_t& at)
-{
-    const unsigned lead = byteAt(text, at++);
-    if (lead < 0x80)
-        return lead;
-    const std::size_t more = lead >= 0xF0 && lead < 0xF5   ? 3
-                             : lead >= 0xE0 && lead < 0xF0 ? 2
-                             : lead >= 0xC2 && lead < 0xE0 ? 1
-                                                           : 0;
-    if (more == 0 || at + more > text.size())
-        return kReplacement;
-    char32_t c = lead & (0x3Fu >> more);
-    for (std::size_t i = 0; i < more; ++i) {
-        const unsigned byte = byteAt(text, at + i);
-        if ((byte & 0xC0) != 0x80)
-            return kReplacement;
-        c = c << 6 | (byte & 0x3F);
-    }
-    const bool tooLong = (more == 2 && c < 0x800) || (more == 3 && c < 0x10000);
-    if (tooLong || c > 0x10FFFF || (c >= 0xD800 && c < 0xE000))
-        return kReplacement;
-    at += more;
-    return c;
-}
-
 std::string toUtf8(std::string bytes)
 {
     const std::string_view view = bytes;

@@ -8,8 +8,6 @@ namespace qsdps::svg {
 
 /// Appends one character in UTF-8; U+FFFD in place of what is no character.
 void appendUtf8(std::string& out, char32_t c);
-/// Reads one character of UTF-8 text and moves `at` behind it; U+FFFD for a byte that belongs to none.
-[[nodiscard]] char32_t nextUtf8(std::string_view text, std::size_t& at);
 /// Turns a file in UTF-16 (by its mark or first characters), Latin-1 or Windows-1252 (as declared) into UTF-8;
 /// anything else is taken to be UTF-8 and only loses its byte order mark.
 [[nodiscard]] std::string toUtf8(std::string bytes);

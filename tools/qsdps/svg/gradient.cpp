@@ -71,7 +71,7 @@ void placeLinear(Gradient& gradient, const Coordinates& read)
 
 void placeRadial(Gradient& gradient, const Coordinates& read)
 {
-    constexpr Length kHalf{50, Unit::Percent};
+    const Length kHalf{50, Unit::Percent};
     gradient.kind = Gradient::Kind::Radial;
     gradient.end = {read.get("cx", Axis::Horizontal, kHalf), read.get("cy", Axis::Vertical, kHalf)};
     gradient.endRadius = read.get("r", Axis::Diagonal, kHalf);
@@ -108,6 +108,8 @@ Paint solid(const GradientStop& stop)
 Paint makeGradient(Scene& scene, const pugi::xml_node& node, const LengthBase& base, const BoundsOf& bounds)
 {
     const ReferenceChain chain(scene.document(), node, isGradient);
+    if (chain.endsEarly())
+        scene.badInput("gradient refers to itself, or through too many others", node);
     const auto owner = std::find_if(chain.nodes().begin(), chain.nodes().end(), [&](const pugi::xml_node& candidate) {
         return hasStops(scene.document(), candidate);
     });
@@ -137,7 +139,7 @@ Paint makeGradient(Scene& scene, const pugi::xml_node& node, const LengthBase& b
     if (const std::string_view text = chain.get("gradientTransform"); !text.empty()) {
         const auto transform = parseTransform(text);
         if (!transform)
-            scene.badInput("bad value of gradientTransform", node);
+            scene.badInput(badValue(text, "gradientTransform"), node);
         gradient->toUser = gradient->toUser * transform.value_or(Matrix{});
     }
     if (isDegenerate(*gradient))

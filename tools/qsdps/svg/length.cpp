@@ -1,5 +1,6 @@
 #include "svg/length.h"
 
+#include "svg/calc.h"
 #include "svg/scanner.h"
 
 #include <cmath>
@@ -13,26 +14,24 @@ struct UnitName {
     Unit unit;
 };
 
+// The first name of a unit is the one it is written with.
 constexpr UnitName kUnits[] = {
-    {"px", Unit::User}, {"em", Unit::Em}, {"ex", Unit::Ex}, {"rem", Unit::Rem}, {"in", Unit::In}, {"cm", Unit::Cm},
-    {"mm", Unit::Mm},   {"q", Unit::Q},   {"pt", Unit::Pt}, {"pc", Unit::Pc},   {"vw", Unit::Vw}, {"vh", Unit::Vh},
+    {"px", Unit::User}, {"", Unit::User}, {"em", Unit::Em}, {"ex", Unit::Ex},     {"rem", Unit::Rem},
+    {"in", Unit::In},   {"cm", Unit::Cm}, {"mm", Unit::Mm}, {"q", Unit::Q},       {"pt", Unit::Pt},
+    {"pc", Unit::Pc},   {"vw", Unit::Vw}, {"vh", Unit::Vh}, {"%", Unit::Percent},
 };
 
 std::optional<Length> scanLength(Scanner& scanner)
 {
+    if (const auto sum = scanCalc(scanner))
+        return sum->asLength();
     const auto value = scanner.number();
     if (!value)
         return {};
     if (scanner.take('%'))
         return Length{*value, Unit::Percent};
-    const std::string_view unit = scanner.word();
-    if (unit.empty())
-        return Length{*value, Unit::User};
-    for (const UnitName& known : kUnits) {
-        if (equalsNoCase(unit, known.name))
-            return Length{*value, known.unit};
-    }
-    return {};
+    const auto unit = unitByName(scanner.word());
+    return unit ? std::optional(Length{*value, *unit}) : std::nullopt;
 }
 
 double percentBase(Axis axis, const Size& viewport)
@@ -48,7 +47,58 @@ double percentBase(Axis axis, const Size& viewport)
     return std::hypot(viewport.width, viewport.height) / std::numbers::sqrt2;
 }
 
+double resolveUnit(double value, Unit unit, double whole, const LengthBase& base)
+{
+    switch (unit) {
+    case Unit::User:
+        break;
+    case Unit::Percent:
+        return value / 100 * whole;
+    case Unit::Em:
+        return value * base.fontSize;
+    case Unit::Ex:
+        return value * base.fontSize / 2;
+    case Unit::Rem:
+        return value * base.rootFontSize;
+    case Unit::In:
+        return value * base.dpi;
+    case Unit::Cm:
+        return value * base.dpi / 2.54;
+    case Unit::Mm:
+        return value * base.dpi / 25.4;
+    case Unit::Q:
+        return value * base.dpi / 101.6;
+    case Unit::Pt:
+        return value * base.dpi / 72;
+    case Unit::Pc:
+        return value * base.dpi / 6;
+    case Unit::Vw:
+        return value / 100 * base.viewport.width;
+    case Unit::Vh:
+        return value / 100 * base.viewport.height;
+    }
+    return value;
+}
+
 } // namespace
+
+std::optional<Unit> unitByName(std::string_view name)
+{
+    for (const UnitName& known : kUnits) {
+        if (equalsNoCase(name, known.name))
+            return known.unit;
+    }
+    return {};
+}
+
+std::string_view nameOf(Unit unit)
+{
+    for (const UnitName& known : kUnits) {
+        if (unit == known.unit)
+            return known.name;
+    }
+    return {};
+}
 
 std::optional<Length> parseLength(std::string_view text)
 {
@@ -71,37 +121,28 @@ std::optional<std::vector<Length>> parseLengthList(std::string_view text)
     return lengths;
 }
 
+bool hasPercent(const Length& length)
+{
+    if (length.sum)
+        return (*length.sum)[static_cast<std::size_t>(Unit::Percent)] != 0;
+    return length.unit == Unit::Percent;
+}
+
 double resolve(const Length& length, Axis axis, const LengthBase& base)
 {
-    switch (length.unit) {
-    case Unit::User:
-        break;
-    case Unit::Percent:
-        return length.value / 100 * percentBase(axis, base.viewport);
-    case Unit::Em:
-        return length.value * base.fontSize;
-    case Unit::Ex:
-        return length.value * base.fontSize / 2;
-    case Unit::Rem:
-        return length.value * base.rootFontSize;
-    case Unit::In:
-        return length.value * base.dpi;
-    case Unit::Cm:
-        return length.value * base.dpi / 2.54;
-    case Unit::Mm:
-        return length.value * base.dpi / 25.4;
-    case Unit::Q:
-        return length.value * base.dpi / 101.6;
-    case Unit::Pt:
-        return length.value * base.dpi / 72;
-    case Unit::Pc:
-        return length.value * base.dpi / 6;
-    case Unit::Vw:
-        return length.value / 100 * base.viewport.width;
-    case Unit::Vh:
-        return length.value / 100 * base.viewport.height;
+    return resolve(length, percentBase(axis, base.viewport), base);
+}
+
+double resolve(const Length& length, double whole, const LengthBase& base)
+{
+    double value = 0;
+    if (length.sum) {
+        for (std::size_t i = 0; i < kUnitCount; ++i)
+            value += (*length.sum)[i] == 0 ? 0 : resolveUnit((*length.sum)[i], static_cast<Unit>(i), whole, base);
+    } else {
+        value = resolveUnit(length.value, length.unit, whole, base);
     }
-    return length.value;
+    return length.neverNegative && value < 0 ? 0 : value;
 }
 
 } // namespace qsdps::svg

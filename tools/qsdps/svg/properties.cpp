@@ -1,9 +1,11 @@
 #include "svg/properties.h"
 
+#include "svg/css_text.h"
 #include "svg/scanner.h"
 
 #include <algorithm>
 #include <iterator>
+#include <string>
 #include <unordered_map>
 #include <utility>
 
@@ -57,8 +59,11 @@ bool applySpacing(Length& to, std::string_view text)
 /// A reference to an element of the file, or "none".
 bool applyReference(std::string_view& to, std::string_view text)
 {
-    to = parseUrl(text);
-    return !to.empty() || text == "none";
+    const std::string_view id = parseUrl(text);
+    if (id.empty() && text != "none")
+        return false;
+    to = id;
+    return true;
 }
 
 /// A colour by itself, as the fallback of a reference too.
@@ -154,12 +159,11 @@ bool applyFontSize(Style& style, std::string_view text, const StyleBase& base)
     }
     if (applyKeyword(style.fontSize, text, kFontSizes))
         return true;
-    const auto length = parseLength(text);
+    auto length = parseLength(text);
     if (!length || length->value < 0)
         return false;
-    style.fontSize = length->unit == Unit::Percent
-                         ? length->value / 100 * parent
-                         : resolve(*length, Axis::Diagonal, {{}, parent, base.rootFontSize, base.dpi});
+    length->neverNegative = true;
+    style.fontSize = resolve(*length, parent, {{}, parent, base.rootFontSize, base.dpi});
     return true;
 }
 
@@ -184,19 +188,22 @@ bool applyFontWeight(Style& style, std::string_view text, const StyleBase& base)
 }
 
 /// The shorthand: style, variant and weight in any order, then the size, then the families.
-bool applyFont(Style& style, std::string_view text, const StyleBase& base)
+bool applyFont(Style& to, std::string_view text, const StyleBase& base)
 {
+    Style style = to;
     style.italic = false;
     style.fontWeight = 400;
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find_first_of(" \t\r\n"), text.size());
-        std::string_view word = text.substr(0, end);
+        const std::size_t end = findOutside(text, " \t\r\n\f");
+        const std::string_view word = text.substr(0, end);
         text = trim(text.substr(end));
-        const std::size_t slash = word.find('/');
+        const std::size_t slash = findOutside(word, "/");
         if (applyFontSize(style, word.substr(0, slash), base) && !parseNumber(word)) {
             if (text.starts_with('/'))
                 text = trim(text.substr(std::min(text.find_first_of(" \t\r\n", 2), text.size())));
             style.fontFamily = text;
+            if (!text.empty())
+                to = style;
             return !text.empty();
         }
         if (!applyKeyword(style.italic, word, kFontStyles))
@@ -228,11 +235,13 @@ bool applyPaintOrder(Style& style, std::string_view text)
     return true;
 }
 
-bool applyDecoration(Style& style, std::string_view text)
+/// Lines of the elements around go on through what is inside.
+bool applyDecoration(Style& style, std::string_view text, const Style& parent)
 {
-    style.underline |= text.find("underline") != text.npos;
-    style.overline |= text.find("overline") != text.npos;
-    style.lineThrough |= text.find("line-through") != text.npos;
+    const auto has = [text](std::string_view line) { return text.find(line) != text.npos; };
+    style.underline = parent.underline || has("underline");
+    style.overline = parent.overline || has("overline");
+    style.lineThrough = parent.lineThrough || has("line-through");
     return true;
 }
 
@@ -242,6 +251,22 @@ bool applyStrokeWidth(Style& style, std::string_view text)
     if (!width || width->value < 0)
         return false;
     style.strokeWidth = *width;
+    style.strokeWidth.neverNegative = true;
+    return true;
+}
+
+bool applyDashArray(Style& style, std::string_view text)
+{
+    if (equalsNoCase(text, "none")) {
+        style.dashArray = {};
+        return true;
+    }
+    // The text is read for every stroke; no person writes a pattern this long.
+    constexpr std::size_t kLongest = 16384;
+    const auto dashes = text.size() <= kLongest ? parseLengthList(text) : std::nullopt;
+    if (!dashes || std::any_of(dashes->begin(), dashes->end(), [](const Length& dash) { return dash.value < 0; }))
+        return false;
+    style.dashArray = text;
     return true;
 }
 
@@ -264,13 +289,13 @@ bool applyColor(Style& style, std::string_view text)
 
 bool applyStopColor(OwnStyle& own, std::string_view text)
 {
-    own.stopCurrent = equalsNoCase(text, "currentcolor");
-    if (own.stopCurrent)
-        return true;
+    const bool current = equalsNoCase(text, "currentcolor");
     const auto color = parseColor(text.substr(0, text.find("icc-color")));
-    if (color)
-        own.stopColor = *color;
-    return color.has_value();
+    if (!color && !current)
+        return false;
+    own.stopCurrent = current;
+    own.stopColor = color.value_or(own.stopColor);
+    return true;
 }
 
 using Base = const StyleBase&;
@@ -309,9 +334,10 @@ constexpr Property kProperties[] = {
      copyMembers<&Style::fontFamily, &Style::fontSize, &Style::fontWeight, &Style::italic>},
     {"marker", false,
      [](Style& s, Text t, Base) {
-         const bool valid = applyReference(s.markerStart, t);
+         if (!applyReference(s.markerStart, t))
+             return false;
          s.markerMid = s.markerEnd = s.markerStart;
-         return valid;
+         return true;
      },
      copyMembers<&Style::markerStart, &Style::markerMid, &Style::markerEnd>},
     {"color", true, [](Style& s, Text t, Base) { return applyColor(s, t); }, copyMembers<&Style::color>},
@@ -334,10 +360,7 @@ constexpr Property kProperties[] = {
     {"stroke-miterlimit", true, [](Style& s, Text t, Base) { return applyMiterLimit(s, t); },
      copyMembers<&Style::miterLimit>},
     {"stroke-dasharray", true,
-     [](Style& s, Text t, Base) {
-         s.dashArray = equalsNoCase(t, "none") ? Text() : t;
-         return true;
-     },
+     [](Style& s, Text t, Base) { return applyDashArray(s, t); },
      copyMembers<&Style::dashArray>},
     {"stroke-dashoffset", true, [](Style& s, Text t, Base) { return applyLength(s.dashOffset, t); },
      copyMembers<&Style::dashOffset>},
@@ -382,9 +405,9 @@ constexpr Property kProperties[] = {
      copyMembers<&Style::vertical>},
     {"direction", true, [](Style& s, Text t, Base) { return applyKeyword(s.rightToLeft, t, kDirections); },
      copyMembers<&Style::rightToLeft>},
-    {"text-decoration", true, [](Style& s, Text t, Base) { return applyDecoration(s, t); },
+    {"text-decoration", true, [](Style& s, Text t, Base b) { return applyDecoration(s, t, b.parent); },
      copyMembers<&Style::underline, &Style::overline, &Style::lineThrough>},
-    {"text-decoration-line", true, [](Style& s, Text t, Base) { return applyDecoration(s, t); },
+    {"text-decoration-line", true, [](Style& s, Text t, Base b) { return applyDecoration(s, t, b.parent); },
      copyMembers<&Style::underline, &Style::overline, &Style::lineThrough>},
     {"display", true,
      [](Style& s, Text t, Base) {
@@ -412,8 +435,9 @@ constexpr Property kProperties[] = {
      copyOwn<&OwnStyle::blend>},
     {"overflow", true,
      [](Style& s, Text t, Base) {
-         s.own.overflowSet = applyKeyword(s.own.overflowShown, t, kOverflows);
-         return s.own.overflowSet;
+         const bool valid = applyKeyword(s.own.overflowShown, t, kOverflows);
+         s.own.overflowSet |= valid;
+         return valid;
      },
      copyOwn<&OwnStyle::overflowShown, &OwnStyle::overflowSet>},
     {"stop-color", true, [](Style& s, Text t, Base) { return applyStopColor(s.own, t); },
@@ -454,7 +478,12 @@ std::optional<std::size_t> propertyIndex(std::string_view name)
             index.emplace(kProperties[i].name, i);
         return index;
     }();
-    const auto found = kIndex.find(name);
+    auto found = kIndex.find(name);
+    if (found == kIndex.end() && std::any_of(name.begin(), name.end(), [](char c) { return c != toLower(c); })) {
+        std::string lower(name);
+        std::transform(lower.begin(), lower.end(), lower.begin(), toLower);
+        found = kIndex.find(lower);
+    }
     if (found == kIndex.end())
         return {};
     return found->second;

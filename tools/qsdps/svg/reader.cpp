@@ -8,9 +8,25 @@
 
 namespace qsdps {
 
+namespace {
+
+/// A text without white space at its ends, and with a blank for each run of it elsewhere.
+std::string collapsed(std::string_view text)
+{
+    std::string result;
+    for (const char c : svg::trim(text)) {
+        const bool isSpace = svg::isSpace(c);
+        if (!isSpace || result.back() != ' ')
+            result += isSpace ? ' ' : c;
+    }
+    return result;
+}
+
+} // namespace
+
 std::unique_ptr<SvgDrawing> SvgDrawing::load(std::string bytes, const SvgOptions& options, std::string& error)
 {
-    auto document = svg::Document::load(std::move(bytes), error);
+    auto document = svg::Document::load(std::move(bytes), options.baseFolder, error);
     if (!document)
         return nullptr;
     return std::unique_ptr<SvgDrawing>(new SvgDrawing(std::move(document), options));
@@ -31,7 +47,7 @@ std::string SvgDrawing::title() const
 {
     for (const pugi::xml_node& child : _document->root().children()) {
         if (_document->tag(child) == svg::Tag::Title)
-            return std::string(svg::trim(child.child_value()));
+            return collapsed(svg::textOf(child));
     }
     return {};
 }

@@ -18,7 +18,7 @@ class Document;
 
 struct SvgOptions {
     std::string fileName;                        ///< for messages
-    std::filesystem::path baseFolder;            ///< images beside the drawing are read inside it only; empty: none
+    std::filesystem::path baseFolder;            ///< images and style sheets are read inside it only; empty: none
     double dpi = 96;                             ///< CSS pixels in an inch of the drawing, above 0
     Box fallbackViewport{0, 0, 300, 150};        ///< what percentages are of, where the drawing has no size at all
     std::vector<std::string> languages = {"en"}; ///< that the user reads, most wanted first
@@ -38,7 +38,7 @@ public:
     /// The drawing's own size in CSS pixels: from width and height, else from viewBox, else from what is drawn.
     [[nodiscard]] double width() const { return _width; }
     [[nodiscard]] double height() const { return _height; }
-    /// The content of the title element; empty where there is none.
+    /// The text of the title element, blanks for line ends and runs of white space; empty where there is none.
     [[nodiscard]] std::string title() const;
     /// Draws everything in painting order; what cannot be drawn as asked is counted in `report`.
     void draw(Canvas& canvas, Report& report) const;

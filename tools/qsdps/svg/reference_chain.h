@@ -18,7 +18,11 @@ public:
             _nodes.push_back(node);
             node = document.target(node);
         }
+        _endsEarly = node && accepts(document.tag(node));
     }
+
+    /// True when there would be more, as in a circle, or behind more elements than anyone writes.
+    [[nodiscard]] bool endsEarly() const { return _endsEarly; }
 
     /// The attribute of the first element that has it; empty where none has.
     [[nodiscard]] std::string_view get(const char* name) const
@@ -44,6 +48,7 @@ private:
     }
 
     std::vector<pugi::xml_node> _nodes;
+    bool _endsEarly = false;
 };
 
 } // namespace qsdps::svg

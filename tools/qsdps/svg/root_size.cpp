@@ -15,7 +15,7 @@ namespace {
 std::optional<double> absolute(std::string_view text, const LengthBase& base)
 {
     const auto length = parseLength(text);
-    if (!length || length->unit == Unit::Percent || length->value < 0)
+    if (!length || hasPercent(*length) || length->value < 0)
         return {};
     const double value = resolve(*length, Axis::Diagonal, base);
     return std::isfinite(value) ? std::optional(value) : std::nullopt;

@@ -1,6 +1,7 @@
 // Reading of the small languages inside attributes: blanks, commas, numbers, words. Never depends on the locale.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -38,7 +39,7 @@ public:
     [[nodiscard]] bool atEnd() const { return _at >= _text.size(); }
     /// The next character, NUL at the end.
     [[nodiscard]] char peek() const { return atEnd() ? '\0' : _text[_at]; }
-    void advance() { ++_at; }
+    void advance(std::size_t count = 1) { _at += count; }
     void skipSpace();
     /// Skips white space with at most one comma in it; true when there was a comma.
     bool skipSeparator();

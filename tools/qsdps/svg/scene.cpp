@@ -5,15 +5,25 @@
 namespace qsdps::svg {
 
 Scene::Scene(const Document& document, const SvgOptions& options, Report& report, Budget& budget, Size page)
-    : _document(document), _options(options), _report(report), _budget(budget), _page(page)
+    : _document(document), _options(options), _report(report), _budget(budget), _page(page), _texts(budget.styleWork)
 {
+    // Large drawings have many elements to style.
+    budget.styleWork += document.size();
+    for (const SheetMessage& message : document.sheetMessages())
+        report.badInput(message.what, message.line);
     _rootFontSize = styleOf(document.root()).fontSize;
 }
 
 Element Scene::resolve(const pugi::xml_node& node, const Style& parent)
 {
-    return resolveElement(_document, node, {parent, _rootFontSize, _options.dpi},
-                          [&](std::string_view name) { badInput("bad value of " + std::string(name), node); });
+    const Element element =
+        resolveElement(_document, node, {parent, _rootFontSize, _options.dpi}, {_budget.styleWork, _texts},
+                       [&](const std::string& what) { badInput(what, node); });
+    if (_budget.styleWork == 0 && !_budget.styleWorkReported) {
+        badInput("style sheets ask for too much work, further rules not applied", node);
+        _budget.styleWorkReported = true;
+    }
+    return element;
 }
 
 const Style& Scene::styleOf(const pugi::xml_node& node)
@@ -52,14 +62,23 @@ bool Scene::spendMeasuring(std::size_t cost)
 {
     const bool enough = cost <= _budget.measured;
     _budget.measured -= std::min(cost, _budget.measured);
+    if (!enough && !_budget.measuringReported) {
+        _report.approximated("bounding box (too much in it)");
+        _budget.measuringReported = true;
+    }
     return enough;
 }
 
 void Scene::reportDepth(const pugi::xml_node& node)
 {
     if (!_budget.depthReported)
-        badInput("elements nested too deep, inner ones not drawn", node);
+        badInput("elements left out: they are nested too deep", node);
     _budget.depthReported = true;
+}
+
+void Scene::notDrawn(std::string_view kind, const pugi::xml_node& node)
+{
+    _report.notDrawn(kind, _document.line(node));
 }
 
 void Scene::badInput(std::string_view what, const pugi::xml_node& node)

@@ -20,8 +20,11 @@ struct Budget {
     std::size_t references = 500'000;              ///< elements drawn through use, markers and nested tiles
     std::size_t measured = 2'000'000;              ///< elements gone through for bounding boxes
     std::size_t imageBytes = std::size_t{2} << 30; ///< of all images read, decoded from text
+    std::size_t styleWork = 50'000'000;            ///< elements compared with selectors, values put together
     int embedded = 0;                              ///< how many drawings deep
     bool depthReported = false;
+    bool measuringReported = false;
+    bool styleWorkReported = false;
 };
 
 /// Elements nested deeper than this are not drawn; every level of the walk takes stack.
@@ -46,11 +49,13 @@ public:
     template <typename Make>
     [[nodiscard]] const std::vector<GradientStop>& stops(const pugi::xml_node& gradient, Make make);
 
-    /// Takes `cost` from what references may draw; false, reported once, when it is used up.
+    /// Takes `cost` from what references may draw, or from what is gone through for bounding boxes; false, reported
+    /// once, when it is used up.
     [[nodiscard]] bool spendReferences(std::size_t cost);
     [[nodiscard]] bool spendMeasuring(std::size_t cost);
     void reportDepth(const pugi::xml_node& node);
     void badInput(std::string_view what, const pugi::xml_node& node);
+    void notDrawn(std::string_view kind, const pugi::xml_node& node);
 
     /// Marks an element as being expanded while it lives; `cyclic` when it already was.
     class Expansion {
@@ -74,6 +79,7 @@ private:
     Report& _report;
     Budget& _budget;
     Size _page;
+    ValueTexts _texts;
     double _rootFontSize = 16;
     bool _budgetReported = false;
     std::vector<pugi::xml_node> _expanding;

@@ -13,9 +13,10 @@ using Fault = std::function<void(std::string_view)>;
 
 std::optional<double> radius(std::string_view text, Axis axis, const LengthBase& base)
 {
-    const auto length = parseLength(text);
+    auto length = parseLength(text);
     if (!length || length->value < 0)
         return {};
+    length->neverNegative = true;
     return resolve(*length, axis, base);
 }
 
@@ -53,7 +54,7 @@ Path rectPath(const Element& element, const LengthBase& base, const Fault& fault
                   lengthOr(element.get(Geometry::Width), Axis::Horizontal, base, 0),
                   lengthOr(element.get(Geometry::Height), Axis::Vertical, base, 0)};
     if (box.width < 0 || box.height < 0)
-        fault("negative size of a rect");
+        fault("rect element left out: its size is negative");
     if (!(box.width > 0) || !(box.height > 0))
         return {};
     const Size corner = radii(element, base);
@@ -93,7 +94,7 @@ Path polyPath(const Element& element, const Fault& fault)
 {
     const std::vector<double> values = parseNumberList(attribute(element.node, "points"));
     if (values.size() % 2 != 0)
-        fault("odd number of coordinates in points");
+        fault("last number of points ignored: it has no partner");
     Path path;
     for (std::size_t i = 0; i + 1 < values.size(); i += 2) {
         const Point p{values[i], values[i + 1]};
@@ -123,7 +124,7 @@ Path shapePath(const Element& element, const LengthBase& base, const Fault& faul
     case Tag::Path: {
         PathData data = parsePathData(attribute(element.node, "d"));
         if (!data.complete)
-            fault("fault in path data, drawn up to it");
+            fault("path drawn up to a fault in its data");
         return std::move(data.path);
     }
     case Tag::Rect:

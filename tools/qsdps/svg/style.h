@@ -6,9 +6,11 @@
 #include "svg/color.h"
 #include "svg/document.h"
 #include "svg/length.h"
+#include "svg/variables.h"
 
 #include <array>
 #include <functional>
+#include <memory>
 #include <string_view>
 
 namespace qsdps::svg {
@@ -68,7 +70,7 @@ struct Style {
     std::string_view markerEnd;
     bool visible = true;
     bool smoothImages = true;
-    std::string_view fontFamily;
+    std::string_view fontFamily = "Times New Roman, serif"; ///< as browsers begin
     double fontSize = 16;
     int fontWeight = 400;
     bool italic = false;
@@ -79,6 +81,7 @@ struct Style {
     bool preserveSpace = false;
     bool vertical = false;
     bool rightToLeft = false;
+    std::shared_ptr<const CustomProperties> variables; ///< null: none
     // Not inherited, but a decoration goes on through the text inside.
     bool underline = false;
     bool overline = false;
@@ -107,10 +110,16 @@ struct StyleBase {
     double dpi = 96;
 };
 
+/// What resolving elements costs, and the texts that come of it; styles point into them.
+struct StyleTools {
+    std::size_t& work; ///< what rules and variables may still cost; 0 when some were left out for it
+    ValueTexts& texts;
+};
+
 /// Resolves one element below a parent whose properties are known. Faulty values are left out;
-/// `fault` is called with the name of each such property.
+/// `fault` is called with a message for each.
 [[nodiscard]] Element resolveElement(const Document& document, const pugi::xml_node& node, const StyleBase& base,
-                                     const std::function<void(std::string_view)>& fault);
+                                     const StyleTools& tools, const SheetFault& fault);
 /// The id in "url(#id)"; empty for other files and other text.
 [[nodiscard]] std::string_view parseUrl(std::string_view text);
 

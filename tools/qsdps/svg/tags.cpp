@@ -35,6 +35,7 @@ Tag tagByName(std::string_view localName)
         {"text", Tag::Text},
         {"textPath", Tag::TextPath},
         {"title", Tag::Title},
+        {"tref", Tag::Tref},
         {"tspan", Tag::Tspan},
         {"use", Tag::Use},
     };

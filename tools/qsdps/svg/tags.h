@@ -35,6 +35,7 @@ enum class Tag : unsigned char {
     Text,
     TextPath,
     Title,
+    Tref,
     Tspan,
     Use,
 };

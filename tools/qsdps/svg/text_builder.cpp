@@ -2,6 +2,7 @@
 
 #include "svg/encoding.h"
 #include "svg/scanner.h"
+#include "toolkit/base/QsdUtf8.h"
 
 #include <string>
 
@@ -47,7 +48,7 @@ void TextBuilder::add(std::string_view text)
 {
     for (std::size_t i = 0; i < text.size();) {
         const std::size_t from = i;
-        const char32_t c = nextUtf8(text, i);
+        const char32_t c = QsdNextUtf8(text, i);
         if (c < 0x80 && isSpace(static_cast<char>(c))) {
             if (!_preserveSpace && _afterSpace)
                 continue;
@@ -56,7 +57,7 @@ void TextBuilder::add(std::string_view text)
             continue;
         }
         _afterSpace = false;
-        if (c == 0xFFFD) {
+        if (c == QsdReplacementCharacter) {
             // The bytes may not have been UTF-8 at all.
             std::string replacement;
             appendUtf8(replacement, c);

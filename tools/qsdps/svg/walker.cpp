@@ -9,6 +9,7 @@
 
 #include <cstring>
 #include <string>
+#include <utility>
 
 namespace qsdps::svg {
 namespace {
@@ -77,15 +78,18 @@ void Walker::drawRoot(const Matrix& toPage)
 bool Walker::spend(const pugi::xml_node& node, const State& state)
 {
     if (measuring())
-        return _scene.spendMeasuring(1);
-    if (!state.referenced)
-        return true;
+        return _scene.spendMeasuring(costOf(node));
+    return !state.referenced || _scene.spendReferences(costOf(node));
+}
+
+std::size_t Walker::costOf(const pugi::xml_node& node)
+{
     // Attributes are read anew each time they are referred to; long ones cost more than the element.
     constexpr std::size_t kShortText = 512;
     std::size_t size = 0;
     for (const pugi::xml_attribute& text : node.attributes())
         size += std::strlen(text.value());
-    return _scene.spendReferences(1 + size / kShortText);
+    return 1 + size / kShortText;
 }
 
 void Walker::drawElement(const pugi::xml_node& node, const State& parent, const Element* use)
@@ -108,6 +112,9 @@ void Walker::drawElement(const pugi::xml_node& node, const State& parent, const 
     ++state.depth;
     if (!applyTransform(element, state))
         return;
+    // What cuts a use is moved with it.
+    if (tag == Tag::Use)
+        state.toPage = state.toPage * shiftOfUse(element, state);
     if (measuring()) {
         drawContent(element, state, use);
         return;
@@ -117,8 +124,13 @@ void Walker::drawElement(const pugi::xml_node& node, const State& parent, const 
         return;
 
     reportEffects(element);
-    const BoundsOf bounds = [&] { return boundsOf(element, state, use); };
-    const Clip clip = own.clipPath.empty() ? nullptr : makeClip(own.clipPath, state, bounds);
+    const BoundsOf bounds = [&, known = false, box = std::optional<Box>()]() mutable {
+        if (!std::exchange(known, true))
+            box = boundsOf(element, state, use);
+        return box;
+    };
+    ClipMemo memo;
+    const Clip clip = own.clipPath.empty() ? nullptr : makeClip(own.clipPath, state, bounds, memo);
     const Clip mask = own.mask.empty() ? nullptr : makeMaskClip(own.mask, state, bounds);
     if ((clip && clip->outlines.empty()) || (mask && mask->outlines.empty()))
         return;
@@ -185,15 +197,23 @@ void Walker::drawGroup(const pugi::xml_node& parent, State state)
     endGroup(group);
 }
 
+// What cannot be drawn gives way to the alternatives behind it, and is told when there are none.
 void Walker::drawSwitch(const pugi::xml_node& node, const State& state)
 {
+    pugi::xml_node preferred;
     for (const pugi::xml_node& child : node.children()) {
-        const bool candidate = child.type() == pugi::node_element && _scene.document().tag(child) != Tag::Unknown;
-        if (candidate && conditionsHold(child, _scene.options().languages)) {
+        const Tag tag = _scene.document().tag(child);
+        if (!isDrawn(tag) || !conditionsHold(child, _scene.options().languages))
+            continue;
+        if (tag != Tag::ForeignObject && tag != Tag::FlowRoot) {
             drawElement(child, state);
             return;
         }
+        if (!preferred)
+            preferred = child;
     }
+    if (preferred)
+        drawElement(preferred, state);
 }
 
 void Walker::drawUse(const Element& element, State state)
@@ -201,18 +221,14 @@ void Walker::drawUse(const Element& element, State state)
     const pugi::xml_node target = _scene.document().target(element.node);
     if (!target) {
         if (!measuring())
-            _scene.badInput("use refers to nothing in this file", element.node);
+            _scene.badInput("use element left out: it refers to nothing in this file", element.node);
         return;
     }
     const Scene::Expansion expansion(_scene, target);
     if (expansion.cyclic() || isInside(element.node, target)) {
-        _scene.badInput("use refers to itself", element.node);
+        _scene.badInput("use element left out: it refers to itself", element.node);
         return;
     }
-    const LengthBase base = baseOf(state);
-    const double x = lengthOr(element.get(Geometry::X), Axis::Horizontal, base, 0);
-    const double y = lengthOr(element.get(Geometry::Y), Axis::Vertical, base, 0);
-    state.toPage = state.toPage * Matrix::translation(x, y);
     state.referenced = true;
     if (isFinite(state.toPage))
         drawElement(target, state, &element);
@@ -255,6 +271,13 @@ void Walker::drawViewport(const Element& element, State state, const Element* us
         _canvas.popClip();
 }
 
+Matrix Walker::shiftOfUse(const Element& use, const State& state) const
+{
+    const LengthBase base = baseOf(state);
+    return Matrix::translation(lengthOr(use.get(Geometry::X), Axis::Horizontal, base, 0),
+                               lengthOr(use.get(Geometry::Y), Axis::Vertical, base, 0));
+}
+
 bool Walker::applyTransform(const Element& element, State& state)
 {
     const std::string_view text = element.style.own.transform;
@@ -263,7 +286,7 @@ bool Walker::applyTransform(const Element& element, State& state)
     const auto transform = parseTransform(text);
     if (!transform) {
         if (!measuring())
-            _scene.badInput("bad value of transform", element.node);
+            _scene.badInput(badValue(text, "transform"), element.node);
         return true;
     }
     state.toPage = state.toPage * *transform;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawing/canvas.h"
+#include "svg/clip_memo.h"
 #include "svg/gradient.h"
 #include "svg/scene.h"
 #include "svg/style.h"
@@ -55,19 +56,23 @@ private:
     void drawSwitch(const pugi::xml_node& node, const State& state);
     void drawUse(const Element& element, State state);
     void drawViewport(const Element& element, State state, const Element* use);
+    [[nodiscard]] Matrix shiftOfUse(const Element& use, const State& state) const;
     [[nodiscard]] bool applyTransform(const Element& element, State& state);
     [[nodiscard]] bool beginGroup(State& state, bool needed);
     void endGroup(bool begun);
     void reportEffects(const Element& element);
     [[nodiscard]] bool spend(const pugi::xml_node& node, const State& state);
+    [[nodiscard]] static std::size_t costOf(const pugi::xml_node& node);
     [[nodiscard]] std::optional<Box> boundsOf(const Element& element, const State& state, const Element* use);
 
     // walker_clip.cpp
-    using Clip = std::shared_ptr<const ClipPath>;
-    [[nodiscard]] Clip makeClip(std::string_view id, const State& state, const BoundsOf& bounds);
+    using Clip = ClipMemo::Clip;
+    [[nodiscard]] Clip makeClip(std::string_view id, const State& state, const BoundsOf& bounds, ClipMemo& memo);
+    [[nodiscard]] Clip makeClipAt(const ClipMemo::Place& place, const State& state, ClipMemo& memo);
+    [[nodiscard]] bool fitsBox(pugi::xml_node clip);
     [[nodiscard]] Clip makeMaskClip(std::string_view id, const State& state, const BoundsOf& bounds);
-    void addOutline(const Element& element, State state, ClipPath& clip);
-    void addClipChild(const pugi::xml_node& child, const State& state, ClipPath& clip);
+    void addOutline(const Element& element, const State& state, ClipPath& clip, ClipMemo& memo);
+    void addClipChild(const pugi::xml_node& child, const State& state, ClipPath& clip, ClipMemo& memo);
     [[nodiscard]] bool isPlainMask(const pugi::xml_node& mask, const Style& style);
     void pushBoxClip(const Box& box, const Matrix& toPage);
 
@@ -88,6 +93,8 @@ private:
     // walker_text.cpp
     class TextPass;
     void drawText(const Element& element, State state);
+    [[nodiscard]] std::vector<TextChunk> clipTexts(const Element& element, State state);
+    void reportVertical(const Element& text);
 
     // walker_image.cpp
     void drawImage(const Element& element, State state);

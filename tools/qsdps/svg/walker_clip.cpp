@@ -1,8 +1,11 @@
 // Clipping: clipPath elements, and masks that are nothing but an outline.
+#include "svg/bounds_canvas.h"
 #include "svg/path_metrics.h"
 #include "svg/scanner.h"
 #include "svg/shapes.h"
 #include "svg/walker.h"
+
+#include <utility>
 
 namespace qsdps::svg {
 namespace {
@@ -23,49 +26,83 @@ void Walker::pushBoxClip(const Box& box, const Matrix& toPage)
     _canvas.pushClip(clip);
 }
 
-Walker::Clip Walker::makeClip(std::string_view id, const State& state, const BoundsOf& bounds)
+/// True when the clip, or one that cuts it, is fitted to the object.
+bool Walker::fitsBox(pugi::xml_node clip)
+{
+    for (int levels = 0; _scene.document().tag(clip) == Tag::ClipPath && levels < kMaxDepth; ++levels) {
+        if (attribute(clip, "clipPathUnits") == "objectBoundingBox")
+            return true;
+        clip = _scene.document().byId(_scene.styleOf(clip).own.clipPath);
+    }
+    return false;
+}
+
+Walker::Clip Walker::makeClip(std::string_view id, const State& state, const BoundsOf& bounds, ClipMemo& memo)
 {
     const pugi::xml_node node = _scene.document().byId(id);
     if (_scene.document().tag(node) != Tag::ClipPath)
         return nullptr;
     const Scene::Expansion expansion(_scene, node);
     if (expansion.cyclic()) {
-        _scene.badInput("clipPath refers to itself", node);
+        _scene.badInput("clipPath element ignored: it refers to itself", node);
         return nullptr;
     }
+    if (state.depth + 1 >= kMaxDepth) {
+        _scene.reportDepth(node);
+        return nullptr;
+    }
+    ClipMemo::Place place{node, state.toPage, state.viewport, {}};
+    if (fitsBox(node)) {
+        place.box = bounds().value_or(Box{});
+        if (!(place.box->width > 0) || !(place.box->height > 0))
+            return std::make_shared<ClipPath>();
+    }
+    if (const Clip* known = memo.find(place))
+        return *known;
+    // The first clip of each object is free, so that ordinary drawings are never short of budget.
+    if (memo.count() > 0 && !_scene.spendReferences(1))
+        return nullptr;
+    if (!memo.begin()) {
+        _scene.report().notDrawn("clip path inside a clip path (too many)");
+        return nullptr;
+    }
+    Clip clip = makeClipAt(place, state, memo);
+    memo.add(place, clip);
+    return clip;
+}
+
+Walker::Clip Walker::makeClipAt(const ClipMemo::Place& place, const State& state, ClipMemo& memo)
+{
+    const pugi::xml_node& node = place.node;
+    const bool outermost = memo.count() == 1;
     const Style& style = _scene.styleOf(node);
     auto clip = std::make_shared<ClipPath>();
     State inner = state;
-    inner.style = &style;
     inner.opacity = 1;
     ++inner.depth;
-    if (inner.depth >= kMaxDepth)
-        return nullptr;
-    if (attribute(node, "clipPathUnits") == "objectBoundingBox") {
-        const Box box = bounds().value_or(Box{});
-        if (!(box.width > 0) || !(box.height > 0))
-            return clip;
-        inner.toPage = inner.toPage * boxMatrix(box);
+    if (!style.own.clipPath.empty())
+        clip->within = makeClip(
+            style.own.clipPath, inner, [&] { return place.box; }, memo);
+    inner.style = &style;
+    if (place.box && attribute(node, "clipPathUnits") == "objectBoundingBox") {
+        inner.toPage = inner.toPage * boxMatrix(*place.box);
         inner.viewport = {1, 1};
     }
     Element element{node, Tag::ClipPath, style, {}};
     if (!applyTransform(element, inner))
         return clip;
-    if (!style.own.clipPath.empty())
-        clip->within = makeClip(style.own.clipPath, state, bounds);
-    std::size_t children = 0;
+    bool free = outermost;
     for (const pugi::xml_node& child : node.children()) {
-        // The first outline of each use of a clip is free, so that ordinary drawings are never short of budget.
         if (child.type() != pugi::node_element)
             continue;
-        if (children++ > 0 && !_scene.spendReferences(1))
+        if (!std::exchange(free, false) && !_scene.spendReferences(outermost ? 1 : costOf(child)))
             break;
-        addClipChild(child, inner, *clip);
+        addClipChild(child, inner, *clip, memo);
     }
     return clip;
 }
 
-void Walker::addClipChild(const pugi::xml_node& child, const State& state, ClipPath& clip)
+void Walker::addClipChild(const pugi::xml_node& child, const State& state, ClipPath& clip, ClipMemo& memo)
 {
     const Tag tag = _scene.document().tag(child);
     if (!isShape(tag) && tag != Tag::Use && tag != Tag::Text)
@@ -76,57 +113,49 @@ void Walker::addClipChild(const pugi::xml_node& child, const State& state, ClipP
     if (!element.style.own.display || !applyTransform(element, inner))
         return;
     if (tag != Tag::Use) {
-        addOutline(element, inner, clip);
+        addOutline(element, inner, clip, memo);
         return;
     }
     const pugi::xml_node target = _scene.document().target(child);
     const Tag targetTag = _scene.document().tag(target);
     if (!isShape(targetTag) && targetTag != Tag::Text)
         return;
-    const LengthBase base = baseOf(inner);
-    inner.toPage = inner.toPage * Matrix::translation(lengthOr(element.get(Geometry::X), Axis::Horizontal, base, 0),
-                                                      lengthOr(element.get(Geometry::Y), Axis::Vertical, base, 0));
+    inner.toPage = inner.toPage * shiftOfUse(element, inner);
     const Element used = _scene.resolve(target, element.style);
     const std::size_t before = clip.outlines.size();
     State usedState = inner;
     usedState.style = &used.style;
     if (!used.style.own.display || !applyTransform(used, usedState))
         return;
-    addOutline(used, usedState, clip);
+    addOutline(used, usedState, clip, memo);
     if (clip.outlines.size() == before || element.style.own.clipPath.empty())
         return;
-    // A clip on the use cuts the outline in addition to one that the outline has itself.
-    const Clip outer = makeClip(element.style.own.clipPath, inner, [] { return std::optional<Box>(); });
-    if (!outer)
-        return;
-    auto both = std::make_shared<ClipPath>(*outer);
-    ClipOutline& outline = clip.outlines.back();
-    if (outline.inner) {
-        auto deepest = std::make_shared<ClipPath>(*outline.inner);
-        if (!deepest->within) {
-            deepest->within = both;
-            outline.inner = deepest;
-        }
-    } else {
-        outline.inner = both;
-    }
+    const BoundsOf bounds = [&] {
+        BoundsCanvas canvas(inner.toPage.inverse(), false);
+        Walker(_scene, canvas, Purpose::Measure).drawContent(used, usedState, nullptr);
+        return canvas.box();
+    };
+    clip.outlines.back().around = makeClip(element.style.own.clipPath, inner, bounds, memo);
 }
 
-void Walker::addOutline(const Element& element, State state, ClipPath& clip)
+void Walker::addOutline(const Element& element, const State& state, ClipPath& clip, ClipMemo& memo)
 {
-    if (!element.style.visible)
+    if (!element.style.visible && element.tag != Tag::Text)
         return;
+    ClipOutline outline{{}, element.style.clipRule, state.toPage, nullptr};
     if (element.tag == Tag::Text) {
-        _scene.report().notDrawn("text in a clipPath");
-        return;
+        outline.texts = clipTexts(element, state);
+        if (outline.texts.empty())
+            return;
+    } else {
+        outline.path = shapePath(element, baseOf(state), faultsOf(element.node));
+        if (outline.path.empty() || !isFinite(outline.path, state.toPage))
+            return;
     }
-    Path path = shapePath(element, baseOf(state), faultsOf(element.node));
-    if (path.empty() || !isFinite(path, state.toPage))
-        return;
-    Clip inner;
+    const BoundsOf bounds = [&] { return boundsOf(element, state, nullptr); };
     if (!element.style.own.clipPath.empty())
-        inner = makeClip(element.style.own.clipPath, state, [&] { return pathBounds(path); });
-    clip.outlines.push_back({std::move(path), element.style.clipRule, state.toPage, std::move(inner)});
+        outline.inner = makeClip(element.style.own.clipPath, state, bounds, memo);
+    clip.outlines.push_back(std::move(outline));
 }
 
 /// True when everything in the mask is fully there or not at all, so that it is the same as a clip.
@@ -191,6 +220,7 @@ Walker::Clip Walker::makeMaskClip(std::string_view id, const State& state, const
     };
     const Box region{get("x", Axis::Horizontal, -0.1), get("y", Axis::Vertical, -0.1),
                      get("width", Axis::Horizontal, 1.2), get("height", Axis::Vertical, 1.2)};
+    ClipMemo memo;
     auto limits = std::make_shared<ClipPath>();
     limits->outlines.push_back(
         {outlineOf(region), FillRule::NonZero, regionOfBox ? state.toPage * boxMatrix(box) : state.toPage, nullptr});
@@ -205,7 +235,7 @@ Walker::Clip Walker::makeMaskClip(std::string_view id, const State& state, const
         if (!_scene.spendReferences(1))
             break;
         const std::size_t before = clip->outlines.size();
-        addClipChild(child, inner, *clip);
+        addClipChild(child, inner, *clip, memo);
         // A mask is painted, so it is the fill rule that counts.
         if (clip->outlines.size() > before) {
             const Element element = _scene.resolve(child, style);

@@ -1,7 +1,7 @@
 // Images: raster files are handed on as they are, drawings inside of the drawing are drawn.
 #include "svg/image_size.h"
-#include "svg/image_source.h"
 #include "svg/inflate.h"
+#include "svg/linked_file.h"
 #include "svg/path_metrics.h"
 #include "svg/root_size.h"
 #include "svg/scanner.h"
@@ -60,11 +60,10 @@ void Walker::drawImage(const Element& element, State state)
     if (source.empty())
         return;
     std::size_t& budget = _scene.budget().imageBytes;
-    auto bytes = readImage(source, _scene.options().baseFolder, std::min(budget, kMaxImage));
+    auto bytes = readLinked(source, _scene.options().baseFolder, std::min(budget, kMaxImage));
     if (!bytes) {
         if (!measuring()) {
-            _scene.report().notDrawn("image");
-            _scene.badInput("image that cannot be read", element.node);
+            _scene.notDrawn("image", element.node);
         }
         return;
     }
@@ -95,12 +94,13 @@ void Walker::drawEmbedded(std::string bytes, const Element& element, Box viewpor
     constexpr std::size_t kDrawingCost = 16;
     budget.imageBytes -= std::min(budget.imageBytes, bytes.size() * kDrawingCost);
     std::string error;
-    const auto document = budget.embedded < kMaxEmbedded ? Document::load(std::move(bytes), error) : nullptr;
+    const auto document =
+        budget.embedded < kMaxEmbedded ? Document::load(std::move(bytes), _scene.options().baseFolder, error) : nullptr;
     if (!document) {
-        _scene.report().notDrawn("image");
-        _scene.badInput("embedded drawing that cannot be read", element.node);
+        _scene.notDrawn("image", element.node);
         return;
     }
+    budget.imageBytes -= std::min(budget.imageBytes, document->sheetBytes() * kDrawingCost);
     ++budget.embedded;
     drawDocument(*document, element, viewport, state);
     --budget.embedded;

@@ -79,8 +79,10 @@ void Walker::drawMarker(const pugi::xml_node& marker, Point at, double angle, bo
     if (state.depth >= kMaxDepth || !_scene.spendReferences(1))
         return;
     const Scene::Expansion expansion(_scene, marker);
-    if (expansion.cyclic())
+    if (expansion.cyclic()) {
+        _scene.badInput("marker refers to itself", marker);
         return;
+    }
     const Style& style = _scene.styleOf(marker);
     if (!style.own.display)
         return;

@@ -89,6 +89,8 @@ Paint Walker::makeReference(const PaintSpec& wanted, const State& state, const B
 Paint Walker::makeTile(const pugi::xml_node& node, const State& state, const BoundsOf& bounds)
 {
     const ReferenceChain chain(_scene.document(), node, [](Tag tag) { return tag == Tag::Pattern; });
+    if (chain.endsEarly())
+        _scene.badInput("pattern refers to itself, or through too many others", node);
     const auto content = std::find_if(chain.nodes().begin(), chain.nodes().end(), hasElements);
     if (content == chain.nodes().end() || state.depth >= kMaxDepth)
         return {};
@@ -143,7 +145,7 @@ void Walker::drawTile(const pugi::xml_node& content, const State& state, const B
 {
     const Scene::Expansion expansion(_scene, content);
     if (expansion.cyclic()) {
-        _scene.badInput("pattern refers to itself", content);
+        _scene.badInput("tile of a pattern left out: the pattern refers to itself", content);
         return;
     }
     const Style& style = _scene.styleOf(content);

@@ -20,9 +20,7 @@ bool hasMarkers(const Element& element)
 
 std::vector<double> dashLengths(std::string_view text, const LengthBase& base)
 {
-    // The text is read for every stroke; no person writes a pattern this long.
-    constexpr std::size_t kLongest = 16384;
-    const auto lengths = text.size() <= kLongest ? parseLengthList(text) : std::nullopt;
+    const auto lengths = parseLengthList(text);
     if (!lengths)
         return {};
     std::vector<double> dashes;
@@ -80,7 +78,7 @@ void Walker::drawShape(const Element& element, State state)
         return;
     if (!isFinite(path, state.toPage)) {
         if (!measuring())
-            _scene.badInput("coordinates out of range", element.node);
+            _scene.badInput("shape left out: its coordinates are out of range", element.node);
         return;
     }
     StrokeStyle stroke = strokeStyle(style, state);

@@ -56,6 +56,13 @@ TextAnchor anchorOf(const Style& style)
     return style.textAnchor == TextAnchor::Start ? TextAnchor::End : TextAnchor::Start;
 }
 
+bool strokeFirst(const Style& style)
+{
+    const auto& order = style.paintOrder;
+    return std::find(order.begin(), order.end(), PaintStep::Stroke) <
+           std::find(order.begin(), order.end(), PaintStep::Fill);
+}
+
 bool isTextChild(Tag tag)
 {
     return tag == Tag::Tspan || tag == Tag::A || tag == Tag::TextPath || tag == Tag::Switch;
@@ -66,7 +73,13 @@ bool isTextChild(Tag tag)
 /// Goes once through a text element and gathers its chunks.
 class Walker::TextPass {
 public:
-    TextPass(Walker& walker, const BoundsOf& bounds) : _walker(walker), _bounds(bounds) {}
+    enum class Purpose : unsigned char { Paint, Clip };
+
+    /// A clip takes the outlines of what is visible, whatever its paint: spans have any fill or none.
+    TextPass(Walker& walker, const BoundsOf& bounds, Purpose purpose = Purpose::Paint)
+        : _walker(walker), _bounds(bounds), _purpose(purpose)
+    {
+    }
 
     void element(const Element& element, const State& state, double shift, double opacity)
     {
@@ -106,6 +119,8 @@ private:
     {
         Scene& scene = _walker._scene;
         const Tag tag = scene.document().tag(node);
+        if (tag == Tag::Tref && !_walker.measuring())
+            scene.report().notDrawn("tref");
         if (!isTextChild(tag))
             return false;
         if (parent.depth >= kMaxDepth) {
@@ -133,12 +148,21 @@ private:
 
     void chooseFrom(const pugi::xml_node& node, const State& state, double shift, double opacity)
     {
+        Scene& scene = _walker._scene;
+        pugi::xml_node tref;
         for (const pugi::xml_node& child : node.children()) {
-            if (child.type() == pugi::node_element && conditionsHold(child, _walker._scene.options().languages)) {
+            const Tag tag = scene.document().tag(child);
+            if (!conditionsHold(child, scene.options().languages))
+                continue;
+            if (isTextChild(tag)) {
                 inner(child, state, shift, opacity);
                 return;
             }
+            if (tag == Tag::Tref)
+                tref = child;
         }
+        if (tref)
+            inner(tref, state, shift, opacity);
     }
 
     void onPath(const Element& textPath, const State& state, double shift, double opacity)
@@ -147,6 +171,11 @@ private:
         const pugi::xml_node target = scene.document().target(textPath.node);
         if (!isShape(scene.document().tag(target)))
             return;
+        // The path is read, measured and walked anew for each text along it.
+        constexpr std::size_t kPasses = 4;
+        const std::size_t cost = kPasses * Walker::costOf(target);
+        if (!(_walker.measuring() ? scene.spendMeasuring(cost) : scene.spendReferences(cost)))
+            return;
         const Element shape = scene.resolve(target, scene.styleOf(target.parent()));
         Path path = shapePath(shape, _walker.baseOf(state), [](std::string_view) {});
         double scale = 1;
@@ -154,9 +183,7 @@ private:
         if (const auto stated = parseNumber(attribute(target, "pathLength")); stated && *stated > 0)
             scale = length / *stated;
         const Length offset = parseLength(attribute(textPath.node, "startOffset")).value_or(Length{});
-        const double start = offset.unit == Unit::Percent
-                                 ? offset.value / 100 * length
-                                 : svg::resolve(offset, Axis::Horizontal, _walker.baseOf(state)) * scale;
+        const double start = svg::resolve(offset, scale > 0 ? length / scale : 0, _walker.baseOf(state)) * scale;
         const auto transform = parseTransform(shape.style.own.transform);
         if (transform)
             path = path.transformed(*transform);
@@ -174,7 +201,7 @@ private:
             std::vector<double> values;
             const auto lengths = parseLengthList(text);
             if (!lengths && !_walker.measuring())
-                _walker._scene.badInput("bad value in a list of text positions", element.node);
+                _walker._scene.badInput(badValue(text, "a list of text positions"), element.node);
             for (const Length& length : lengths.value_or(std::vector<Length>{}))
                 values.push_back(svg::resolve(length, axis, base));
             return values;
@@ -217,9 +244,7 @@ private:
         const auto length = parseLength(text);
         if (!length)
             return 0;
-        if (length->unit == Unit::Percent)
-            return length->value / 100 * style.fontSize;
-        return svg::resolve(*length, Axis::Vertical, _walker._scene.lengthBase(style, {}));
+        return svg::resolve(*length, style.fontSize, _walker._scene.lengthBase(style, {}));
     }
 
     TextSpan makeSpan(const Style& style, const State& state, double shift, double opacity)
@@ -228,7 +253,10 @@ private:
         TextSpan span;
         span.font = {familyList(style.fontFamily), style.fontSize, style.fontWeight, style.italic};
         span.strokeStyle = _walker.strokeStyle(style, state);
-        if (style.visible && !_walker.measuring()) {
+        span.strokeFirst = strokeFirst(style);
+        if (style.visible && _purpose == Purpose::Clip) {
+            span.fill = {Rgb{}, 1};
+        } else if (style.visible && !_walker.measuring()) {
             span.fill = _walker.makePaint(style.fill, style.fillOpacity, state, _bounds);
             if (span.strokeStyle.width > 0)
                 span.stroke = _walker.makePaint(style.stroke, style.strokeOpacity, state, _bounds);
@@ -246,13 +274,30 @@ private:
 
     Walker& _walker;
     const BoundsOf& _bounds;
+    Purpose _purpose;
     TextBuilder _builder;
 };
 
+void Walker::reportVertical(const Element& text)
+{
+    if (!measuring() && text.style.vertical)
+        _scene.report().approximated("vertical text");
+}
+
+std::vector<TextChunk> Walker::clipTexts(const Element& element, State state)
+{
+    reportVertical(element);
+    // Long texts count each time that the clip is used.
+    state.referenced = true;
+    const BoundsOf noBounds = [] { return std::optional<Box>(); };
+    TextPass pass(*this, noBounds, TextPass::Purpose::Clip);
+    pass.element(element, state, 0, 1);
+    return pass.finish();
+}
+
 void Walker::drawText(const Element& element, State state)
 {
-    if (!measuring() && element.style.vertical)
-        _scene.report().approximated("vertical text");
+    reportVertical(element);
     // The box is only a guess: how wide the text comes out is known to the painter alone.
     const BoundsOf bounds = [&]() -> std::optional<Box> {
         _scene.report().approximated("paint fitted to text");

@@ -1,4 +1,5 @@
 // qsdps-window: a window of the X screen as a picture file, for qsdps.
+#include "standard_files.h"
 #include "window/picture_file.h"
 #include "window/window_pixels.h"
 #include "window/window_search.h"
@@ -43,6 +44,9 @@ int writeWindow(const std::string& what, bool isQuiet)
 
 int main(int argc, char** argv)
 {
+    if (!qsdps::openStandardFiles()) {
+        return 1;
+    }
     const std::string_view option = argc > 2 ? argv[1] : "";
     const bool isQuiet = option == "-q";
     if (argc != (option.empty() ? 2 : 3) || !(isQuiet || option.empty() || option == "--")) {

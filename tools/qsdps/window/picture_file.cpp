@@ -52,12 +52,12 @@ bool writePicture(const WindowPixels& pixels, const std::string& title, std::FIL
     }
     header += std::to_string(pixels.width) + " " + std::to_string(pixels.height) + "\n";
     header += kind == Kind::Bits ? "" : "255\n";
-    std::fwrite(header.data(), 1, header.size(), file);
-    for (std::uint32_t y = 0; y < pixels.height; ++y) {
+    bool isWritten = std::fwrite(header.data(), 1, header.size(), file) == header.size();
+    for (std::uint32_t y = 0; isWritten && y < pixels.height; ++y) {
         const std::vector<std::uint8_t> row = packed(&pixels.rgb[Components * pixels.width * y], pixels.width, kind);
-        std::fwrite(row.data(), 1, row.size(), file);
+        isWritten = std::fwrite(row.data(), 1, row.size(), file) == row.size();
     }
-    return std::fflush(file) == 0 && std::ferror(file) == 0;
+    return isWritten && std::fflush(file) == 0;
 }
 
 } // namespace qsdps

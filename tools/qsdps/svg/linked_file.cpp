@@ -1,4 +1,4 @@
-#include "svg/image_source.h"
+#include "svg/linked_file.h"
 
 #include "svg/scanner.h"
 
@@ -74,7 +74,7 @@ std::string base64Decoded(std::string_view text)
     return out;
 }
 
-std::optional<ImageBytes> fromDataUri(std::string_view uri)
+std::optional<LinkedFile> fromDataUri(std::string_view uri)
 {
     const std::size_t comma = uri.find(',');
     if (comma == uri.npos)
@@ -82,8 +82,8 @@ std::optional<ImageBytes> fromDataUri(std::string_view uri)
     const std::string_view type = trim(uri.substr(0, comma));
     const std::string_view body = uri.substr(comma + 1);
     if (type.ends_with("base64"))
-        return ImageBytes{base64Decoded(body.find('%') == body.npos ? body : percentDecoded(body)), "data URI"};
-    return ImageBytes{percentDecoded(body), "data URI"};
+        return LinkedFile{base64Decoded(body.find('%') == body.npos ? body : percentDecoded(body)), "data URI"};
+    return LinkedFile{percentDecoded(body), "data URI"};
 }
 
 bool isInside(const fs::path& file, const fs::path& folder)
@@ -92,7 +92,7 @@ bool isInside(const fs::path& file, const fs::path& folder)
     return inFolder == folder.end() && inFile != file.end();
 }
 
-std::optional<ImageBytes> fromFile(const std::string& name, const fs::path& baseFolder, std::size_t limit)
+std::optional<LinkedFile> fromFile(const std::string& name, const fs::path& baseFolder, std::size_t limit)
 {
     std::error_code error;
     const fs::path folder = fs::canonical(baseFolder, error);
@@ -105,16 +105,16 @@ std::optional<ImageBytes> fromFile(const std::string& name, const fs::path& base
     const std::uintmax_t size = fs::file_size(file, error);
     if (error || size > limit)
         return {};
-    ImageBytes image{std::string(static_cast<std::size_t>(size), '\0'), name};
+    LinkedFile linked{std::string(static_cast<std::size_t>(size), '\0'), name};
     std::ifstream in(file, std::ios::binary);
-    in.read(image.data.data(), static_cast<std::streamsize>(size));
-    image.data.resize(static_cast<std::size_t>(in.gcount()));
-    return image;
+    in.read(linked.data.data(), static_cast<std::streamsize>(size));
+    linked.data.resize(static_cast<std::size_t>(in.gcount()));
+    return linked;
 }
 
 } // namespace
 
-std::optional<ImageBytes> readImage(std::string_view href, const fs::path& baseFolder, std::size_t limit)
+std::optional<LinkedFile> readLinked(std::string_view href, const fs::path& baseFolder, std::size_t limit)
 {
     if (equalsNoCase(href.substr(0, 5), "data:")) {
         if (href.size() > limit)
