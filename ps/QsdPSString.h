@@ -7,7 +7,7 @@
 #include <iosfwd>
 
 /// The encoding of the texts of the document under way, taken from the global context when it is opened.
-extern QSD_API QSD_API QsEncoding CurrentEncoding;
+extern QSD_API QsEncoding CurrentEncoding;
 
 /// Writes what stands between the parentheses of a string literal for `length` bytes of `text` (negative: up to the
 /// terminating zero) in CurrentEncoding: escaped for Latin texts, split into runs for the composite font for Japanese
