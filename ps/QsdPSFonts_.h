@@ -59,8 +59,9 @@ public:
     /// knows.
     bool loadValue(QsdPSFontNames_* record, char* key, char* value);
 
-    /// Number of records, and of slots allocated for them.
+    /// Number of records.
     [[nodiscard]] std::uint32_t count() const { return _count; }
+    /// Number of slots allocated for records.
     [[nodiscard]] std::uint32_t capacity() const { return _capacity; }
 
 private:

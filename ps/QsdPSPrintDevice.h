@@ -30,6 +30,7 @@ struct QsdPSTile;
 /// than 1 and 2 are taken as 3.
 class QSD_API QsdPSPrintDevice : public QsdPSDevice {
 public:
+    /// A device without an open document. The display is not owned and must outlive it.
     QsdPSPrintDevice(QsdDisplay* display, QsdPSColorModel model);
     ~QsdPSPrintDevice() override;
 
@@ -39,6 +40,7 @@ public:
     /// Whether the tiles of patterns lie as in a window: upright, in rows and columns from the port's origin (true),
     /// or where QsdPSDevice puts them (false, as at first).
     void setScreenPatterns(bool screenPatterns);
+    /// Whether tiles lie as in a window.
     [[nodiscard]] bool screenPatterns() const { return _screenPatterns; }
 
     /// An encoder for the images and patterns of which the device's own makes more text (owned by the device; null:

@@ -16,7 +16,9 @@ public:
     /// A locale with an encoding of the caller's choice.
     QsLocale(const char* name, QsEncoding encoding);
 
+    /// The name that it was made with.
     [[nodiscard]] const char* getName() const { return _name.c_str(); }
+    /// The encoding of texts in this locale.
     [[nodiscard]] QsEncoding getEncoding() const { return _encoding; }
     /// The largest number of bytes of one character: 1, 2 or (Japanese EUC) 3.
     [[nodiscard]] int getMaxCharSize() const;

@@ -18,5 +18,6 @@ QSD_API void QsFree(void* block) noexcept;
 
 /// Deleter for std::unique_ptr over buffers of QsMalloc.
 struct QsFreeDeleter {
+    /// Frees the block; null is allowed.
     void operator()(void* block) const noexcept { QsFree(block); }
 };

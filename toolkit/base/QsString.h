@@ -14,17 +14,22 @@ public:
     QsString() = default;
     /// Copies the zero-terminated `text`; null gives an empty string.
     QsString(const char* text);
+    /// Copies `text`.
     QsString(std::string_view text);
 
     /// The bytes, zero-terminated; valid until the string changes. Never null.
     [[nodiscard]] const char* c_str() const { return _text.c_str(); }
+    /// The bytes without the terminating zero; valid until the string changes.
     [[nodiscard]] std::string_view view() const { return _text; }
     /// Number of bytes before the terminating zero.
     [[nodiscard]] std::size_t length() const { return _text.size(); }
+    /// Whether there are no bytes.
     [[nodiscard]] bool isEmpty() const { return _text.empty(); }
 
+    /// Appends `text`.
     QsString& operator+=(std::string_view text);
 
+    /// Equality of the bytes.
     friend bool operator==(const QsString&, const QsString&) = default;
 
 private:

@@ -11,6 +11,7 @@ public:
     /// The one context of the process.
     [[nodiscard]] static QsdGlobalContext& GetInstance();
 
+    /// The locale in force.
     [[nodiscard]] const QsLocale& getLocale() const { return _locale; }
     /// Replaces the locale; documents opened afterwards use its encoding.
     void setLocale(const QsLocale& locale);

@@ -13,6 +13,7 @@ public:
     QsdPointArray() = default;
     /// Copies `count` points; `points` may be null when `count` is 0.
     QsdPointArray(unsigned long count, const QsdPoint* points);
+    /// Takes `points` over.
     explicit QsdPointArray(std::vector<QsdPoint> points);
 
     /// Appends a point of its own.

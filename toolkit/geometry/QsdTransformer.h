@@ -9,6 +9,7 @@
 class QSD_API QsdTransformer {
 public:
     QsdTransformer() = default;
+    /// The map of these factors and offsets.
     QsdTransformer(double x11, double x12, double x21, double x22, double x0, double y0);
     /// The map that takes the rectangle `from` onto `to` without turning it; a side of `from` of length 0 is taken
     /// as 1.
@@ -46,6 +47,7 @@ public:
     /// The inverse map; the identity for a singular one.
     [[nodiscard]] QsdTransformer inverted() const;
 
+    /// Equality of all six numbers.
     friend bool operator==(const QsdTransformer&, const QsdTransformer&) = default;
 
 private:

@@ -17,8 +17,11 @@ public:
     QsdColorPattern(std::uint16_t width, std::uint16_t height, std::uint16_t depth, const unsigned char* data,
                     unsigned long size);
 
+    /// Width in pixels.
     [[nodiscard]] std::uint16_t width() const { return _width; }
+    /// Height in pixels.
     [[nodiscard]] std::uint16_t height() const { return _height; }
+    /// Bits of a pixel, as given.
     [[nodiscard]] std::uint16_t depth() const { return _depth; }
     /// A new copy of the pixels; `size` is set to their length in bytes. Release it with QsFree.
     [[nodiscard]] unsigned char* getBitmapData(unsigned long& size) const;

@@ -28,12 +28,15 @@ public:
 
     /// The family, null when the font has none.
     [[nodiscard]] const char* getFamily() const { return _family ? _family->c_str() : nullptr; }
+    /// The bits of QsdFontStyle that it was made with.
     [[nodiscard]] std::uint16_t style() const { return _style; }
+    /// Whether texts get a line below.
     [[nodiscard]] bool isUnderlined() const { return (_style & QsdFontUnderlined) != 0; }
     /// Size in units; 0: only ascent and descent tell.
     [[nodiscard]] std::uint16_t size() const { return _size; }
-    /// Units from the baseline to the top of the tallest letters, and to the bottom of the lowest.
+    /// Units from the baseline to the top of the tallest letters.
     [[nodiscard]] std::uint16_t ascent() const { return _ascent; }
+    /// Units from the baseline to the bottom of the lowest letters.
     [[nodiscard]] std::uint16_t descent() const { return _descent; }
     /// The advance of `length` bytes of `text` (negative: up to its terminating zero) in units. Single-byte texts are
     /// measured character by character; two-byte characters count as one size, half-width ones as half of it.

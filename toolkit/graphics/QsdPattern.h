@@ -17,8 +17,11 @@ public:
     /// `bits` gives a tile of cleared bits. Owned by the caller.
     [[nodiscard]] static QsdPattern* FromXBM(std::uint16_t width, std::uint16_t height, const unsigned char* bits);
 
+    /// Width in pixels.
     [[nodiscard]] std::uint16_t width() const { return _width; }
+    /// Height in pixels.
     [[nodiscard]] std::uint16_t height() const { return _height; }
+    /// Bits of a pixel: 1.
     [[nodiscard]] std::uint16_t depth() const { return 1; }
     /// A new copy of the rows; `size` is set to their length in bytes. Release it with QsFree.
     [[nodiscard]] unsigned char* getBitmapData(unsigned long& size) const;

@@ -17,6 +17,7 @@ public:
 
     /// The bytes, 4 * width a row; valid as long as the object.
     [[nodiscard]] const unsigned char* data() const { return _data.data(); }
+    /// The same bytes, to be changed.
     [[nodiscard]] unsigned char* data() { return _data.data(); }
 
 private:

@@ -35,7 +35,9 @@ public:
 
     [[nodiscard]] unsigned short depth() const override { return _pixels.depth(); }
     [[nodiscard]] bool isABitmap() const override { return true; }
+    /// The pixels; valid as long as the bitmap.
     [[nodiscard]] const QsdPixels& pixels() const { return _pixels; }
+    /// The same, to be changed.
     [[nodiscard]] QsdPixels& pixels() { return _pixels; }
 
     /// The mask of opaque pixels; null: all are. Where the mask is smaller than the bitmap, the rest is transparent.

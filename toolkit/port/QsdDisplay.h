@@ -70,11 +70,15 @@ public:
                                          const QsdFont* font, const QsdLineStyle* lineStyle, unsigned short lineWidth,
                                          unsigned short fillStyle, unsigned short arcMode, unsigned short fillRule,
                                          unsigned short alpha, unsigned short antialiasing) const;
-    /// The objects that stand for "nothing special"; owned by the display.
+    /// The pattern without gaps. This and the next four stand for "nothing special"; the display owns them.
     [[nodiscard]] const QsdPattern* solidPattern() const { return _solidPattern.get(); }
+    /// The line without dashes.
     [[nodiscard]] const QsdLineStyle* solidLineStyle() const { return _solidLineStyle.get(); }
+    /// The font of palettes that were given none.
     [[nodiscard]] const QsdFont* defaultFont() const { return _defaultFont.get(); }
+    /// Black, the foreground of palettes that were given none.
     [[nodiscard]] const QsdColor* black() const { return _black.get(); }
+    /// White, the background of palettes that were given none.
     [[nodiscard]] const QsdColor* white() const { return _white.get(); }
 
     /// A font of this display. The caller owns the reference.

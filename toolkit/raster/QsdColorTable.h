@@ -19,6 +19,7 @@ public:
     /// A cube of six levels a component and a ramp of forty greys.
     [[nodiscard]] static QsdColorTable Cube();
 
+    /// Number of colours.
     [[nodiscard]] std::size_t size() const { return _colors.size(); }
     /// The colour of an index; black beyond the table.
     [[nodiscard]] QsdRGB color(std::size_t index) const { return index < _colors.size() ? _colors[index] : QsdRGB{}; }

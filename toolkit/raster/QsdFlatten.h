@@ -7,9 +7,10 @@
 
 /// A position between the pixels' corners.
 struct QSD_API QsdRealPoint {
-    double x = 0;
-    double y = 0;
+    double x = 0; ///< from left to right
+    double y = 0; ///< from top to bottom
 
+    /// Equality of both coordinates.
     friend bool operator==(const QsdRealPoint&, const QsdRealPoint&) = default;
 };
 

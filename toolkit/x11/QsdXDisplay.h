@@ -73,7 +73,9 @@ public:
     [[nodiscard]] _XDisplay* xDisplay() const;
     /// What the toolkit's X classes share.
     [[nodiscard]] const std::shared_ptr<QsdXConnection>& connection() const { return _connection; }
+    /// The colour cells of the screen.
     [[nodiscard]] QsdXColors& xColors() const { return *_colors; }
+    /// The fonts that have been loaded.
     [[nodiscard]] QsdXFontCache& xFonts() const { return *_fonts; }
 
 private:

@@ -14,6 +14,7 @@ enum QsdXModifiers : std::uint16_t { QsdXShift = 1, QsdXControl = 2, QsdXAlt = 4
 
 /// One event of a window, or of the connection as a whole.
 struct QSD_API QsdXEvent {
+    /// What happened.
     enum Kind {
         Resized,        ///< the window has another size, and what is new of it is white: draw it again
         KeyPressed,     ///< `key` and `text` tell which
@@ -25,7 +26,7 @@ struct QSD_API QsdXEvent {
         ConnectionLost  ///< there is no server any more; `window` is null
     };
 
-    Kind kind = ConnectionLost;
+    Kind kind = ConnectionLost;   ///< what happened
     QsdXWindow* window = nullptr; ///< not owned
     QsdPoint at;                  ///< from the window's top left corner
     std::uint16_t button = 0;     ///< from 1

@@ -100,7 +100,9 @@ protected:
     virtual void setDamaged() const {}
     /// Changes the size: what lies in both is kept, the rest becomes white.
     void setSize(std::uint32_t width, std::uint32_t height);
+    /// The display, as what it is.
     [[nodiscard]] QsdXDisplay& xDisplay() const { return _xDisplay; }
+    /// The graphics contexts that it draws with.
     [[nodiscard]] QsdXGraphics& graphics() const { return *_graphics; }
 
 private:

@@ -14,11 +14,13 @@ public:
     QsdXWindow(QsdXDisplay* display, std::uint32_t width, std::uint32_t height, const char* title);
     ~QsdXWindow() override;
 
-    /// Puts the window on the screen, or takes it off.
+    /// Puts the window on the screen.
     void show();
+    /// Takes the window off the screen.
     void hide();
-    /// Asks for another place or size; the window manager has the last word. The size that it gets is told by an event.
+    /// Asks for another place; the window manager has the last word, as in resize.
     void move(const QsdPoint& to);
+    /// Asks for another size, in pixels, 1 to 32,767 each. The size that it gets is told by an event.
     void resize(std::uint32_t width, std::uint32_t height);
     /// The title, in UTF-8.
     void setTitle(const char* title);
