@@ -61,6 +61,8 @@ function(dravonset_library name)
         VISIBILITY_INLINES_HIDDEN ON)
     if(BUILD_SHARED_LIBS)
         target_link_options(${target} PRIVATE LINKER:-z,defs)
+        # The libraries lie beside each other, wherever that is.
+        set_target_properties(${target} PROPERTIES INSTALL_RPATH "\$ORIGIN")
     endif()
     dravonset_target_defaults(${target})
 endfunction()

@@ -34,8 +34,9 @@ int main(int, char** argv)
         const int height = Sales.at(static_cast<std::size_t>(i));
         const QsdRect bar{Left + i * Step + 10, Bottom - height, Step - 20, static_cast<std::uint32_t>(height)};
         device.fillRectangle(bars.get(), bar);
-        device.drawString(ink.get(), {bar.x + 25, Bottom + 20}, ("Q" + std::to_string(i + 1)).c_str(), -1,
-                          QsdPositionCenter);
+        std::string quarter = "Q";
+        quarter += std::to_string(i + 1);
+        device.drawString(ink.get(), {bar.x + 25, Bottom + 20}, quarter.c_str(), -1, QsdPositionCenter);
     }
     device.end();
     return device.writeFailed() ? 1 : 0;
