@@ -1,5 +1,7 @@
 // A document into another program, here gzip: a derived device opens a stream of its own.
 #include <cstdio>
+#include <cstdlib>
+#include <memory>
 #include <ostream>
 #include <ps/QsdPSPrintDevice.h>
 #include <streambuf>
@@ -43,7 +45,8 @@ public:
 
     std::ostream* openStream(const char* fileName) override
     {
-        _buffer = std::make_unique<PipeBuffer>("gzip -n >'" + std::string(fileName) + "'");
+        setenv("DOCUMENT", fileName, 1); // so that the shell takes no letter of the name for its own
+        _buffer = std::make_unique<PipeBuffer>("gzip -n >\"$DOCUMENT\"");
         return _buffer->isOpen() ? new std::ostream(_buffer.get()) : nullptr;
     }
     void closeStream(std::ostream* stream) override

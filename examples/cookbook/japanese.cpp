@@ -1,5 +1,4 @@
-// Japanese text: the locale says that strings are in EUC; the printer has the fonts, or its interpreter stands others
-// in.
+// Japanese text: the locale says that strings are in EUC. The printer has the fonts, or its interpreter takes others.
 #include <ps/QsdPSPrintDevice.h>
 #include <toolkit/base/QsdGlobalContext.h>
 #include <toolkit/memory/QsdMemoryDisplay.h>

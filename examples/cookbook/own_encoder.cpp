@@ -1,5 +1,5 @@
-// An encoder of image data of one's own: hexadecimal whose lines are numbered by nobody but end after 32 bytes. The
-// decoder text tells the interpreter how to read it back; a filter needs its end mark.
+// An encoder of image data of one's own: hexadecimal in upper case, 32 bytes a line. The decoder text tells the
+// interpreter how to read it back; a filter needs its end mark.
 #include <ostream>
 #include <ps/QsdPSPrintDevice.h>
 #include <toolkit/encoder/QsdPostScriptEncoder.h>
