@@ -1,5 +1,4 @@
 // A bar chart: areas, lines, texts that are centred and ended at a point.
-#include <algorithm>
 #include <array>
 #include <ps/QsdPSPrintDevice.h>
 #include <string>
@@ -7,7 +6,12 @@
 
 int main(int, char** argv)
 {
-    constexpr std::array<int, 6> Sales = {120, 180, 90, 240, 210, 300};
+    struct Month {
+        const char* name;
+        int sales;
+    };
+    constexpr std::array<Month, 6> Months = {
+        {{"Jan", 120}, {"Feb", 180}, {"Mar", 90}, {"Apr", 240}, {"May", 210}, {"Jun", 300}}};
     constexpr int Left = 100;
     constexpr int Bottom = 500;
     constexpr int Step = 70;
@@ -30,13 +34,12 @@ int main(int, char** argv)
         device.drawString(ink.get(), {Left - 8, Bottom - value + 5}, std::to_string(value).c_str(), -1,
                           QsdPositionRight);
     }
-    for (int i = 0; i < 6; ++i) {
-        const int height = Sales.at(static_cast<std::size_t>(i));
-        const QsdRect bar{Left + i * Step + 10, Bottom - height, Step - 20, static_cast<std::uint32_t>(height)};
-        device.fillRectangle(bars.get(), bar);
-        std::string quarter = "Q";
-        quarter += std::to_string(i + 1);
-        device.drawString(ink.get(), {bar.x + 25, Bottom + 20}, quarter.c_str(), -1, QsdPositionCenter);
+    int left = Left + 10;
+    for (const Month& month : Months) {
+        device.fillRectangle(bars.get(),
+                             {left, Bottom - month.sales, Step - 20, static_cast<std::uint32_t>(month.sales)});
+        device.drawString(ink.get(), {left + 25, Bottom + 20}, month.name, -1, QsdPositionCenter);
+        left += Step;
     }
     device.end();
     return device.writeFailed() ? 1 : 0;

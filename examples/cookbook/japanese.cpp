@@ -1,4 +1,5 @@
-// Japanese text: the locale says that strings are in EUC. The printer has the fonts, or its interpreter takes others.
+// Japanese text: the locale says that strings are in EUC. The printer has to have the font that the document names;
+// Ghostscript needs a Japanese font on the machine.
 #include <ps/QsdPSPrintDevice.h>
 #include <toolkit/base/QsdGlobalContext.h>
 #include <toolkit/memory/QsdMemoryDisplay.h>

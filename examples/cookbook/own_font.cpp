@@ -16,10 +16,12 @@ int main(int argc, char** argv)
         return 1;
     }
     const auto palette = QsdMake<QsdPalette>(&display);
+    int baseline = 100;
     for (const int style : {int{QsdFontPlain}, int{QsdFontBold}, int{QsdFontItalic}, QsdFontBold | QsdFontItalic}) {
         const auto font = QsdMake<QsdFont>("house", static_cast<std::uint16_t>(style), 24);
         palette->setFont(font.get());
-        device.drawString(palette.get(), {72, 100 + style * 20}, "The house's own letters", -1, QsdPositionNone);
+        device.drawString(palette.get(), {72, baseline}, "The house's own letters", -1, QsdPositionNone);
+        baseline += 30;
     }
     device.end();
     return device.writeFailed() ? 1 : 0;
