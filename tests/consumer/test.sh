@@ -21,6 +21,7 @@ done
 cmp "$work/cmake.ps" "$work/pkg-config.ps"
 
 # A program that holds the libraries finds the data beside itself, wherever that is.
+mkdir -p "$work/moved/bin"
 cp "$work/cmake/consumer-data" "$work/moved/bin"
 "$work/moved/bin/consumer-data" "$work/data.ps"
 grep -q MovedFont "$work/data.ps" || fail "a program does not find the data beside itself"
