@@ -17,8 +17,9 @@ int main(int argc, char** argv)
         if (page > 1) {
             device.newPage();
         }
-        const std::string number = std::to_string(page);
-        device.drawString(palette.get(), {297, 800}, number.c_str(), -1, QsdPositionCenter);
+        std::string label = "Page ";
+        label += std::to_string(page);
+        device.drawString(palette.get(), {297, 800}, label.c_str(), -1, QsdPositionCenter);
         if (device.writeFailed()) {
             break; // no use in going on with a full disk
         }

@@ -16,7 +16,7 @@ recipe-gzip-stream) "$program" "$work/page.gz"; gzip -dc "$work/page.gz" >"$docu
 esac
 
 "$checker" "$document"
-gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=inkcov -r20 -sOutputFile="$work/ink" "$document"
+gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=inkcov -r36 -sOutputFile="$work/ink" "$document"
 [ "$(wc -l <"$work/ink")" -eq "$pages" ] || { echo "not $pages pages" >&2; exit 1; }
 if grep -q ' 0.00000  0.00000  0.00000  0.00000 ' "$work/ink"; then
     echo "an empty page" >&2

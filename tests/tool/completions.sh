@@ -28,8 +28,7 @@ for program in "$@"; do
     completions=$source/tools/completions
     grep -oE -- '--[a-z][a-z-]*' "$completions/bash/$name" >"$work/found"
     compare "$completions/bash/$name"
-    grep -oE -- "(['{,])(--[a-z][a-z-]*)" "$completions/zsh/_$name" | cut -c2- >"$work/found"
-    grep -oE -- "\*--[a-z][a-z-]*" "$completions/zsh/_$name" | cut -c2- >>"$work/found" || true
+    grep -oE -- "['{,)*]--[a-z][a-z-]*" "$completions/zsh/_$name" | cut -c2- >"$work/found"
     compare "$completions/zsh/_$name"
     sed -nE 's/^complete -c [a-z-]+ (.* )?-l ([a-z-]+) .*/--\2/p' "$completions/fish/$name.fish" >"$work/found"
     compare "$completions/fish/$name.fish"
