@@ -34,7 +34,8 @@ fs::path folderOfThisCode()
 {
 #ifdef DRAVONSET_SHARED
     Dl_info info{};
-    const char* const name = dladdr(reinterpret_cast<const void*>(&QsdFindDataFile), &info) != 0 ? info.dli_fname : nullptr;
+    const char* const name =
+        dladdr(reinterpret_cast<const void*>(&QsdFindDataFile), &info) != 0 ? info.dli_fname : nullptr;
     const fs::path file(name == nullptr ? "" : name);
 #else
     const fs::path file("/proc/self/exe");
