@@ -16,11 +16,13 @@ public:
     /// given: standard output, a pipe, memory. Null: to files again.
     void setTarget(std::ostream* target) { _target = target; }
 
+    /// Opens the stream of the base and puts the block in front of it.
     std::ostream* openStream(const char* fileName) override
     {
         _bulk = _target == nullptr ? new QsdPSBulkStream(fileName) : new QsdPSBulkStream(*_target);
         return _bulk;
     }
+    /// Hands over what the block still holds and closes the stream of the base.
     void closeStream(std::ostream* stream) override
     {
         _bulk = nullptr;
@@ -28,6 +30,7 @@ public:
     }
 
 protected:
+    /// Writes the end of the document and hands over what the block holds.
     void writeTrailer() override
     {
         Device::writeTrailer();

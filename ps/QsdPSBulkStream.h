@@ -1,13 +1,15 @@
 // A stream for documents of millions of lines.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
+
 #include <memory>
 #include <ostream>
 
 /// Collects what is written in a block of 64 KiB and hands it on when that is full. Flushing it does nothing, so a
 /// device may flush each line as it promises; finish() is what completes the output. Once something could not be
 /// written the stream has failed and takes nothing more.
-class QsdPSBulkStream : public std::ostream {
+class QSD_API QsdPSBulkStream : public std::ostream {
 public:
     /// Opens a file for writing, emptying it; the stream fails when that cannot be done. Null stands for no name.
     explicit QsdPSBulkStream(const char* fileName);

@@ -5,6 +5,7 @@
 #include "ps/QsdPSFontNames_.h"
 #include "ps/QsdPSFonts_.h"
 #include "ps/QsdPSGlyphs.h"
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/port/QsdPort.h"
 
 #include <cstdint>
@@ -25,7 +26,7 @@ enum class QsdPSUse : std::uint8_t;
 /// false. Every line written ends with a newline and a flush of the stream. Drawing without an open document is
 /// reported with the message "&QsdMsg015101" through QsdFatalError and writes nothing. One document at a time in a
 /// process.
-class QsdPSDevice : public QsdPort {
+class QSD_API QsdPSDevice : public QsdPort {
 public:
     /// A device for `display` (not owned), which is asked for the resources "paperWidth" and "paperHeight" (points
     /// above 0, else 595 and 842) and, process-wide, for the font scales: environment QSDPSFONTSCALE or resource
@@ -42,7 +43,7 @@ public:
     /// is encapsulated and clipped to it. False, after QsdFatalError with the message "&QsdMsg015100", when the file
     /// cannot be opened. A document still open is abandoned, not closed: call end first. When memory runs out,
     /// std::bad_alloc passes, the document is closed again and has failed.
-    bool initDevice(const char* fileName, QsdRect* bbox) override;
+    bool initDevice(const char* fileName, QsdRect* bbox = nullptr) override;
     /// Finishes the last page and the document and closes its stream. When some of it could not be written, for want
     /// of memory too, that is reported once, through QsdFatalError with the message "&QsdMsg015102". Nothing happens
     /// when none is open.
@@ -153,21 +154,27 @@ public:
     void setPaperWidth(unsigned long width);
     /// Sets the paper height in points for the next document and makes the page transformer a flip about it.
     void setPaperHeight(unsigned long height);
+    /// The paper width in points.
     [[nodiscard]] unsigned long getPaperWidth() const { return _paperWidth; }
+    /// The paper height in points.
     [[nodiscard]] unsigned long getPaperHeight() const { return _paperHeight; }
+    /// The map from device coordinates to those of the page, in points.
     [[nodiscard]] const QsdTransformer& getPageTransformer() const { return _pageTransformer; }
 
     /// Sets how colours and images are written from now on.
     void setColorModel(QsdPSColorModel model);
+    /// The colour model in force.
     [[nodiscard]] QsdPSColorModel getColorModel() const { return _colorModel; }
     /// Sets the language level (1 or 2; others are kept as given) and installs the level's encoder. Takes effect with
     /// the next document, whose prolog depends on it.
     void setPostScriptLevel(unsigned long level);
+    /// The language level, as it was given.
     [[nodiscard]] unsigned long getPostScriptLevel() const { return _level; }
     /// Gives the device an encoder of image data, which it owns from now on; the one before is deleted first,
     /// unless it is the same. At level 1 the argument is deleted and hexadecimal data stays. Null is allowed at other
     /// levels: then draw no images.
     void setEncoder(QsdPostScriptEncoder* encoder);
+    /// The encoder of image data; it stays the device's. Null when null was given.
     [[nodiscard]] QsdPostScriptEncoder* getEncoder() const { return _encoder.get(); }
 
     /// Writes whether the widths of the lines that follow grow with the drawing (true, as at the start of a document)
@@ -190,16 +197,18 @@ public:
     /// Whether some of the open document, or of the last one, could not be written (a full disk, say).
     [[nodiscard]] bool writeFailed() const;
 
-    /// Kept for programs that call them: there is no prefix; null, and nothing.
+    /// Null: there is no prefix. This and SetPrefix are kept for programs that call them.
     [[nodiscard]] static const char* GetPrefix();
+    /// Does nothing.
     static void SetPrefix(const char* prefix);
 
     /// Font scale in percent of ordinary fonts, for every device of the process.
     static int _PSFontScale;
     /// Font scale in percent of the Latin part of Japanese composite fonts, for every device of the process.
     static int _EUCFontScale;
-    /// Texts of the scales when no setting is found.
+    /// Text of the scale of ordinary fonts when no setting is found.
     static const char* const _DefaultPSFontScale;
+    /// The same of the Latin part of Japanese composite fonts.
     static const char* const _DefaultEUCFontScale;
 
 protected:
@@ -207,9 +216,11 @@ protected:
     [[nodiscard]] std::ostream* stream() const { return _stream; }
     /// The rectangle last given to initDevice or initClip, device coordinates; all zero before.
     [[nodiscard]] const QsdRect& boundingBox() const { return _boundingBox; }
+    /// Keeps the rectangle that boundingBox() tells; nothing is written.
     void setBoundingBox(const QsdRect& rect) { _boundingBox = rect; }
-    /// The clip and the transformer that operations are written under.
+    /// The clip that operations are written under.
     [[nodiscard]] const QsdRegion& currentClip() const { return _clipCache; }
+    /// The transformer that operations are written under.
     [[nodiscard]] const QsdTransformer& currentTransformer() const { return _currentTransformer; }
     /// Sends what is written from now on, samples included, to `stream` (not owned) in the place of the document's
     /// own. The device closes its own stream wherever it was sent to.

@@ -3,6 +3,7 @@
 
 #include "ps/QsdPSFontNames_.h"
 #include "toolkit/base/Qs_AList.h"
+#include "toolkit/base/QsdExport.h"
 
 #include <cstdint>
 #include <iosfwd>
@@ -13,7 +14,7 @@
 /// Several threads may read at once: GetInstance, getPSFontNames, getDefaultFontNames, count, capacity, and what they
 /// lead to. Nothing is locked, so meanwhile no thread may call another operation, nor begin or draw a document, which
 /// loads the font map and marks the faces that it brings.
-class QsdPSFonts_ {
+class QSD_API QsdPSFonts_ {
 public:
     /// The registry of the process, made on first use.
     [[nodiscard]] static QsdPSFonts_* GetInstance();
@@ -58,8 +59,9 @@ public:
     /// knows.
     bool loadValue(QsdPSFontNames_* record, char* key, char* value);
 
-    /// Number of records, and of slots allocated for them.
+    /// Number of records.
     [[nodiscard]] std::uint32_t count() const { return _count; }
+    /// Number of slots allocated for records.
     [[nodiscard]] std::uint32_t capacity() const { return _capacity; }
 
 private:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ps/QsdPSDevice.h"
+#include "toolkit/base/QsdExport.h"
 
 #include <cstdint>
 #include <functional>
@@ -28,8 +29,9 @@ struct QsdPSTile;
 ///
 /// An encoder whose decoder is a filter must write the filter's end mark, since images are read up to it. Levels other
 /// than 1 and 2 are taken as 3.
-class QsdPSPrintDevice : public QsdPSDevice {
+class QSD_API QsdPSPrintDevice : public QsdPSDevice {
 public:
+    /// A device without an open document. The display is not owned and must outlive it.
     QsdPSPrintDevice(QsdDisplay* display, QsdPSColorModel model);
     ~QsdPSPrintDevice() override;
 
@@ -39,6 +41,7 @@ public:
     /// Whether the tiles of patterns lie as in a window: upright, in rows and columns from the port's origin (true),
     /// or where QsdPSDevice puts them (false, as at first).
     void setScreenPatterns(bool screenPatterns);
+    /// Whether tiles lie as in a window.
     [[nodiscard]] bool screenPatterns() const { return _screenPatterns; }
 
     /// An encoder for the images and patterns of which the device's own makes more text (owned by the device; null:
@@ -47,7 +50,7 @@ public:
     /// encoder stays when the level is set, and must suit it.
     void setSecondEncoder(std::unique_ptr<QsdPostScriptEncoder> encoder);
 
-    bool initDevice(const char* fileName, QsdRect* bbox) override;
+    bool initDevice(const char* fileName, QsdRect* bbox = nullptr) override;
     /// Always true. A document with a bounding box that gets a second page is no longer called encapsulated.
     bool newPage() const override;
     /// What is no finite number counts as 0, and the others are held between 1e-30 and 1e20 in size.

@@ -1,26 +1,32 @@
 #!/bin/sh
-# Installs the project into a fresh folder, builds a program against it, once by CMake and once by pkg-config, and runs it:
-# test.sh BUILD_FOLDER SOURCE_FOLDER
+# Installs the project, moves the copy, runs the tool there, and builds programs against it by CMake and by pkg-config:
+# test.sh BUILD_FOLDER SOURCE_FOLDER LIBRARIES, those separated by ";".
 set -eu
 
 build=$1
 source=$2
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+libraries=$3
+. "$source/tests/consumer/lib.sh"
 
-cmake --install "$build" --prefix "$work/usr" >/dev/null
-cmake -S "$source/tests/consumer" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/usr" \
-    -DCMAKE_CXX_FLAGS="${CONSUMER_FLAGS:-}" >/dev/null
-cmake --build "$work/build" >/dev/null
-"$work/build/consumer" "$work/page.ps"
-tail -n 1 "$work/page.ps" | grep -q '^%%EOF$'
+install_and_move "$build" "$work/moved"
+check_places "$work/moved" "$build"
 
-pc=$(find "$work/usr" -name dravonset.pc)
-# The flags are words to be split.
-# shellcheck disable=SC2046
-PKG_CONFIG_PATH=$(dirname "$pc") g++ ${CONSUMER_FLAGS:-} "$source/tests/consumer/main.cpp" -o "$work/second" \
-    $(PKG_CONFIG_PATH=$(dirname "$pc") pkg-config --define-variable=prefix="$work/usr" --cflags --libs dravonset)
-"$work/second" "$work/second.ps"
-sed 's/^%%Date:.*//' "$work/page.ps" >"$work/a"
-sed 's/^%%Date:.*//' "$work/second.ps" >"$work/b"
-cmp "$work/a" "$work/b"
+build_by_cmake "$work/moved" "$libraries" "$work/cmake"
+build_by_pkg_config "$work/moved" "$libraries" "$work/pkg-config"
+run_all "$work/cmake"
+run_all "$work/pkg-config"
+for way in cmake pkg-config; do
+    sed 's/^%%Date:.*//' "$work/$way/consumer-ps.ps" >"$work/$way.ps"
+done
+cmp "$work/cmake.ps" "$work/pkg-config.ps"
+
+# A program that holds the libraries finds the data beside itself, wherever that is.
+mkdir -p "$work/moved/bin"
+cp "$work/cmake/consumer-data" "$work/moved/bin"
+"$work/moved/bin/consumer-data" "$work/data.ps"
+grep -q MovedFont "$work/data.ps" || fail "a program does not find the data beside itself"
+if [ -e "$work/moved/bin/qsdps" ]; then
+    printf '<svg width="99" height="9"><text font-family="moved">Hello</text></svg>' >"$work/text.svg"
+    "$work/moved/bin/qsdps" "$work/text.svg" -o "$work/text.ps"
+    grep -q MovedFont "$work/text.ps" || fail "the tool does not find the data beside itself"
+fi

@@ -3,9 +3,10 @@
 
 #include "toolkit/base/QsEncoding.h"
 #include "toolkit/base/QsString.h"
+#include "toolkit/base/QsdExport.h"
 
 /// Names a language and the encoding in which its texts are given to the toolkit.
-class QsLocale {
+class QSD_API QsLocale {
 public:
     /// The "C" locale, whose encoding is ASCII.
     QsLocale();
@@ -15,7 +16,9 @@ public:
     /// A locale with an encoding of the caller's choice.
     QsLocale(const char* name, QsEncoding encoding);
 
+    /// The name that it was made with.
     [[nodiscard]] const char* getName() const { return _name.c_str(); }
+    /// The encoding of texts in this locale.
     [[nodiscard]] QsEncoding getEncoding() const { return _encoding; }
     /// The largest number of bytes of one character: 1, 2 or (Japanese EUC) 3.
     [[nodiscard]] int getMaxCharSize() const;
@@ -35,4 +38,4 @@ private:
 };
 
 /// The largest number of bytes of one character in the locale of the global context.
-[[nodiscard]] int _QsdGetMaxCharSize();
+[[nodiscard]] QSD_API int _QsdGetMaxCharSize();

@@ -1,13 +1,15 @@
 // Association list of untyped pointers.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
+
 #include <cstddef>
 #include <utility>
 #include <vector>
 
 /// Pairs of pointer keys and pointer values in order of entry. Keys are compared by address and kept unique by the
 /// caller; neither keys nor values are owned.
-class Qs_AList {
+class QSD_API Qs_AList {
 public:
     /// The value of the first pair with `key`, or null.
     [[nodiscard]] void* get(const void* key) const;

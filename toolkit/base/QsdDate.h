@@ -2,7 +2,8 @@
 #pragma once
 
 #include "toolkit/base/QsString.h"
+#include "toolkit/base/QsdExport.h"
 
 /// The current date and time in UTC as "YYYY-MM-DDThh:mm:ssZ". When the environment variable SOURCE_DATE_EPOCH holds
 /// a number of seconds since 1970, that moment is used, so that builds can be repeated byte for byte.
-[[nodiscard]] QsString QsdGetCurrentDate();
+[[nodiscard]] QSD_API QsString QsdGetCurrentDate();

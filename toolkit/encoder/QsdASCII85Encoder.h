@@ -1,12 +1,13 @@
 // Base-85 image data.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/encoder/QsdPostScriptEncoder.h"
 
 #include <cstddef>
 
 /// Writes five characters for four bytes ("z" for four zero bytes) and the end mark "~>".
-class QsdASCII85Encoder : public QsdPostScriptEncoder {
+class QSD_API QsdASCII85Encoder : public QsdPostScriptEncoder {
 public:
     /// Writes to `stream` (not owned, may be null).
     explicit QsdASCII85Encoder(std::ostream* stream);

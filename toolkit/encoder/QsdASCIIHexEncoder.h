@@ -1,12 +1,13 @@
 // Hexadecimal image data.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/encoder/QsdPostScriptEncoder.h"
 
 #include <cstddef>
 
 /// Writes two hexadecimal digits a byte.
-class QsdASCIIHexEncoder : public QsdPostScriptEncoder {
+class QSD_API QsdASCIIHexEncoder : public QsdPostScriptEncoder {
 public:
     /// Writes to `stream` (not owned, may be null). With `endMark` the data ends with ">", as the ASCIIHexDecode
     /// filter wants it; without, exactly the digits of the bytes are written, as readhexstring wants them.

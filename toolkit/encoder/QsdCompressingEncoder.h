@@ -1,6 +1,7 @@
 // What encoders that compress have in common.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/encoder/QsdASCII85Encoder.h"
 
 #include <cstddef>
@@ -12,7 +13,7 @@
 /// which the interpreter would then take for the program. So the decoder text of these encoders reads the document line
 /// by line, and what a derived class writes in finish() brings the last byte of the data and the end of the data on one
 /// line: whoever got that byte has read the whole line.
-class QsdCompressingEncoder : public QsdPostScriptEncoder {
+class QSD_API QsdCompressingEncoder : public QsdPostScriptEncoder {
 public:
     void putByte(unsigned char byte) override;
     void putBytes(unsigned long count, const unsigned char* bytes) override;

@@ -1,6 +1,7 @@
 // LZW compression of image data.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/encoder/QsdCompressingEncoder.h"
 
 #include <cstdint>
@@ -8,7 +9,7 @@
 
 /// Writes codes of 9 to 12 bits for strings of bytes that came before, in base 85. An interpreter of language level 2
 /// or above reads it; the device stays at level 2. Holds a table of 32 KiB.
-class QsdLZWEncoder : public QsdCompressingEncoder {
+class QSD_API QsdLZWEncoder : public QsdCompressingEncoder {
 public:
     /// Writes to `stream` (not owned, may be null). Throws std::bad_alloc when there is no memory for the table.
     explicit QsdLZWEncoder(std::ostream* stream);

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "toolkit/base/QsString.h"
+#include "toolkit/base/QsdExport.h"
 
 #include <iosfwd>
 
 /// An encoder of image data. One image is one bracket of startData, any number of bytes, and endData.
 /// Lines stay under 80 columns, and none begins with "%%" or "%!", which document managers would take for a comment.
-class QsdPostScriptEncoder {
+class QSD_API QsdPostScriptEncoder {
 public:
     virtual ~QsdPostScriptEncoder() = default;
 

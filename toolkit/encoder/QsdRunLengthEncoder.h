@@ -1,11 +1,12 @@
 // Run length compression of image data.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/encoder/QsdCompressingEncoder.h"
 
 /// Writes runs of equal bytes as two, in base 85: for drawings of few colours. An interpreter of language level 2 or
 /// above reads it; the device stays at level 2. Needs no memory beyond the object.
-class QsdRunLengthEncoder : public QsdCompressingEncoder {
+class QSD_API QsdRunLengthEncoder : public QsdCompressingEncoder {
 public:
     /// Writes to `stream` (not owned, may be null).
     explicit QsdRunLengthEncoder(std::ostream* stream);

@@ -1,17 +1,19 @@
 // The points of one sub-path.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdPoint.h"
 
 #include <vector>
 
 /// A list of points: its own, or, when it has none, those of another array that it refers to (not owned; the other
 /// array must outlive the reference). References are followed one after the other, but never in a circle.
-class QsdPointArray {
+class QSD_API QsdPointArray {
 public:
     QsdPointArray() = default;
     /// Copies `count` points; `points` may be null when `count` is 0.
     QsdPointArray(unsigned long count, const QsdPoint* points);
+    /// Takes `points` over.
     explicit QsdPointArray(std::vector<QsdPoint> points);
 
     /// Appends a point of its own.

@@ -1,13 +1,15 @@
 // Affine transformations of the plane.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdPoint.h"
 #include "toolkit/geometry/QsdRect.h"
 
 /// Maps (x, y) to (x11*x + x12*y + x0, x21*x + x22*y + y0). The identity by default.
-class QsdTransformer {
+class QSD_API QsdTransformer {
 public:
     QsdTransformer() = default;
+    /// The map of these factors and offsets.
     QsdTransformer(double x11, double x12, double x21, double x22, double x0, double y0);
     /// The map that takes the rectangle `from` onto `to` without turning it; a side of `from` of length 0 is taken
     /// as 1.
@@ -45,6 +47,7 @@ public:
     /// The inverse map; the identity for a singular one.
     [[nodiscard]] QsdTransformer inverted() const;
 
+    /// Equality of all six numbers.
     friend bool operator==(const QsdTransformer&, const QsdTransformer&) = default;
 
 private:

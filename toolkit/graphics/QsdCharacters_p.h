@@ -1,6 +1,8 @@
 // The characters of a text in the encoding of the process.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
+
 #include <cstddef>
 #include <functional>
 
@@ -12,4 +14,4 @@ struct QsdCharacter {
 };
 
 /// Calls `use` with each character of `length` bytes of `text` (negative: up to its terminating zero; null: none).
-void QsdForEachCharacter(const char* text, int length, const std::function<void(const QsdCharacter&)>& use);
+QSD_API void QsdForEachCharacter(const char* text, int length, const std::function<void(const QsdCharacter&)>& use);

@@ -1,13 +1,15 @@
 // Counted objects that several holders share.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
+
 #include <cstdint>
 #include <utility>
 
 /// Base of every shared graphic object (colours, fonts, line styles, patterns, palettes). An object lives as long as
 /// somebody holds a reference, so while it is held its address identifies it and nothing else.
 /// A new object has one reference, which belongs to whoever made it. Not for use from several threads at once.
-class QsdResource {
+class QSD_API QsdResource {
 public:
     QsdResource(const QsdResource&) = delete;
     QsdResource& operator=(const QsdResource&) = delete;
@@ -46,8 +48,11 @@ public:
         handle._resource = resource;
         return handle;
     }
+    /// Holds the same resource by a reference of its own.
     QsdHandle(const QsdHandle& other) : QsdHandle(other._resource) {}
+    /// Takes the reference of `other`, which is null then.
     QsdHandle(QsdHandle&& other) noexcept : _resource(std::exchange(other._resource, nullptr)) {}
+    /// Gives back its reference and takes that of `other`.
     QsdHandle& operator=(QsdHandle other) noexcept
     {
         std::swap(_resource, other._resource);
@@ -60,11 +65,32 @@ public:
         }
     }
 
+    /// The resource, which stays the handle's; null when there is none.
     [[nodiscard]] Resource* get() const { return _resource; }
+    /// The resource, for calls of its functions.
     Resource* operator->() const { return _resource; }
+    /// The resource, which must be there.
     Resource& operator*() const { return *_resource; }
+    /// Whether there is a resource.
     explicit operator bool() const { return _resource != nullptr; }
 
 private:
     Resource* _resource = nullptr;
 };
+
+// Constructors take numbers of 16 bits. Beyond the template a literal is an int like any other, so that compilers would
+// warn of each.
+#ifdef __GNUC__
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wconversion"
+#endif
+/// Makes a resource and holds it: `QsdMake<QsdColor>(0, 0, 65535)`. The handle owns the only reference. Passes on what
+/// the constructor throws.
+template <class Resource, class... Arguments>
+[[nodiscard]] QsdHandle<Resource> QsdMake(Arguments&&... arguments)
+{
+    return QsdHandle<Resource>::Adopt(new Resource(std::forward<Arguments>(arguments)...));
+}
+#ifdef __GNUC__
+#pragma GCC diagnostic pop
+#endif

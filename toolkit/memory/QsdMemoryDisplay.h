@@ -1,12 +1,13 @@
 // The embedded display.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/port/QsdDisplay.h"
 
 #include <cstdint>
 
 /// A display without a window system, whose drawables are bitmaps in memory.
-class QsdMemoryDisplay : public QsdDisplay {
+class QSD_API QsdMemoryDisplay : public QsdDisplay {
 public:
     /// A display of `screenDepth` bits a pixel: 1 (white and black), 2 to 7 (greys), 8 (a cube of colours and a ramp of
     /// greys) or above (direct colour). 0 is taken for 1.

@@ -1,6 +1,7 @@
 // Bitmaps in memory.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/port/QsdSystemPort.h"
 #include "toolkit/raster/QsdPixels.h"
 
@@ -16,7 +17,7 @@ class QsdBitmapPath;
 /// follow the scale of the transformer. Texts are drawn with a plain alphabet of lines for Latin letters, whatever the
 /// family, in the advances of the palette's font; a character of several bytes is drawn as a box. Alpha and
 /// antialiasing of palettes do not count. A null bitmap, or null pixels, draw nothing.
-class QsdBitmap : public QsdSystemPort {
+class QSD_API QsdBitmap : public QsdSystemPort {
 public:
     /// A bitmap of zero pixels; `depth` is 1, or anything else for the screen depth of `display`. Throws std::bad_alloc
     /// when there is no memory for the pixels.
@@ -34,7 +35,9 @@ public:
 
     [[nodiscard]] unsigned short depth() const override { return _pixels.depth(); }
     [[nodiscard]] bool isABitmap() const override { return true; }
+    /// The pixels; valid as long as the bitmap.
     [[nodiscard]] const QsdPixels& pixels() const { return _pixels; }
+    /// The same, to be changed.
     [[nodiscard]] QsdPixels& pixels() { return _pixels; }
 
     /// The mask of opaque pixels; null: all are. Where the mask is smaller than the bitmap, the rest is transparent.

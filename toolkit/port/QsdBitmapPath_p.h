@@ -1,6 +1,7 @@
 // The chains of points that a drawing call names.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdPoint.h"
 #include "toolkit/geometry/QsdRect.h"
 #include "toolkit/geometry/QsdTransformer.h"
@@ -9,7 +10,7 @@
 #include <vector>
 
 /// Chains under a transformer, with curves as lines.
-class QsdBitmapPath {
+class QSD_API QsdBitmapPath {
 public:
     /// Where a point of whole coordinates lies: in the middle of the pixel that it names, as lines have it, or on the
     /// pixel's top left corner, as areas have it.

@@ -4,6 +4,9 @@
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+#ifdef DRAVONSET_SHARED
+#include <dlfcn.h>
+#endif
 
 namespace {
 
@@ -24,6 +27,28 @@ bool leadsUpwards(const fs::path& path)
         }
     }
     return false;
+}
+
+/// The folder of the file that this code was loaded from; empty where the system does not tell.
+fs::path folderOfThisCode()
+{
+#ifdef DRAVONSET_SHARED
+    Dl_info info{};
+    const char* const name =
+        dladdr(reinterpret_cast<const void*>(&QsdFindDataFile), &info) != 0 ? info.dli_fname : nullptr;
+    const fs::path file(name == nullptr ? "" : name);
+#else
+    const fs::path file("/proc/self/exe");
+#endif
+    std::error_code error;
+    return fs::canonical(file, error).parent_path();
+}
+
+/// The data folder beside the program or library, so that an installation can be moved as a whole.
+fs::path installedFolder()
+{
+    const fs::path folder = folderOfThisCode();
+    return folder.empty() ? folder : (folder / DRAVONSET_RELATIVE_DATA_DIR).lexically_normal();
 }
 
 } // namespace
@@ -48,9 +73,9 @@ std::string QsdFindDataFile(const char* name)
             rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
         }
     }
-    for (const char* const folder : {DRAVONSET_DATA_DIR, DRAVONSET_SOURCE_DATA_DIR}) {
-        if (isFile(fs::path(folder) / wanted)) {
-            return (fs::path(folder) / wanted).string();
+    for (const fs::path& folder : {installedFolder(), fs::path(DRAVONSET_DATA_DIR)}) {
+        if (!folder.empty() && isFile(folder / wanted)) {
+            return (folder / wanted).string();
         }
     }
     return {};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/base/QsString.h"
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdRect.h"
 #include "toolkit/port/QsdPalette.h"
 #include "toolkit/raster/QsdColorTable.h"
@@ -16,7 +17,7 @@ class QsdSystemPort;
 
 /// A display: the embedded one in memory (QsdMemoryDisplay) or one of a window system. Ports and palettes refer to
 /// their display without owning it.
-class QsdDisplay {
+class QSD_API QsdDisplay {
 public:
     virtual ~QsdDisplay();
     QsdDisplay(const QsdDisplay&) = delete;
@@ -37,8 +38,9 @@ public:
     [[nodiscard]] const char* getMessage(const char* key) const;
 
     /// Looks for the file `name` (a relative path) in the folders of the data path: those of the environment variable
-    /// QSDPATH (separated by ':'), the installed data folder, the data folder of the source tree. Returns the path of
-    /// the first one that is there, empty when there is none. With `warn`, a missing file is reported as a warning.
+    /// QSDPATH (separated by ':'), the data folder beside the installed program or library, the one that the library
+    /// was configured for. Returns the path of the first one that is there, empty when there is none. With `warn`, a
+    /// missing file is reported as a warning.
     [[nodiscard]] QsString findInPath(const char* name, bool warn) const;
 
     /// Fills three arrays with the components (0 to 65535) of the first `count` colour table entries; entries beyond
@@ -68,11 +70,15 @@ public:
                                          const QsdFont* font, const QsdLineStyle* lineStyle, unsigned short lineWidth,
                                          unsigned short fillStyle, unsigned short arcMode, unsigned short fillRule,
                                          unsigned short alpha, unsigned short antialiasing) const;
-    /// The objects that stand for "nothing special"; owned by the display.
+    /// The pattern without gaps. This and the next four stand for "nothing special"; the display owns them.
     [[nodiscard]] const QsdPattern* solidPattern() const { return _solidPattern.get(); }
+    /// The line without dashes.
     [[nodiscard]] const QsdLineStyle* solidLineStyle() const { return _solidLineStyle.get(); }
+    /// The font of palettes that were given none.
     [[nodiscard]] const QsdFont* defaultFont() const { return _defaultFont.get(); }
+    /// Black, the foreground of palettes that were given none.
     [[nodiscard]] const QsdColor* black() const { return _black.get(); }
+    /// White, the background of palettes that were given none.
     [[nodiscard]] const QsdColor* white() const { return _white.get(); }
 
     /// A font of this display. The caller owns the reference.

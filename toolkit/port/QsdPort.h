@@ -1,6 +1,7 @@
 // The abstract surface on which the toolkit draws.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdPoint.h"
 #include "toolkit/geometry/QsdPointArray.h"
 #include "toolkit/geometry/QsdRect.h"
@@ -34,7 +35,7 @@ enum QsdMarkerType {
 /// degrees, 0 along +x, positive ranges counter-clockwise as seen. A palette, and every array of points with its stated
 /// count, must be there; lengths of texts count bytes (wide characters in the wide forms), a negative length of a
 /// narrow text means up to its terminating zero.
-class QsdPort {
+class QSD_API QsdPort {
 public:
     virtual ~QsdPort();
     QsdPort(const QsdPort&) = delete;
@@ -44,8 +45,9 @@ public:
     [[nodiscard]] virtual bool isADevice() const;
     /// Whether the port cannot be drawn on now.
     [[nodiscard]] virtual bool isBad() const;
-    /// Opens a document; only devices have any. False when that fails or the port has none.
-    virtual bool initDevice(const char* fileName, QsdRect* bbox);
+    /// Opens a document; only devices have any. With `bbox`, in device coordinates, it is one to be placed in others.
+    /// False when that fails or the port has none.
+    virtual bool initDevice(const char* fileName, QsdRect* bbox = nullptr);
     /// Finishes the document of initDevice.
     virtual void end();
     /// Goes on to the next page of a document; false when the port has no pages.
@@ -56,11 +58,16 @@ public:
     virtual void send(const char* text) const;
     /// Sets the clip of what is drawn from now on, besides that of the palettes; null: none.
     virtual void clip(const QsdRect* rect) const;
+    /// The same by a region.
     virtual void clip(const QsdRegion* region) const;
 
-    virtual void drawPoint(const QsdPalette* palette, const QsdPoint& point) const = 0;
-    virtual void drawPoints(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const = 0;
-    virtual void drawLine(const QsdPalette* palette, const QsdPoint& from, const QsdPoint& to) const = 0;
+    virtual void
+    drawPoint(const QsdPalette* palette,
+              const QsdPoint& point) const = 0; ///< draws the pixel, or the dot of the line width, at `point`
+    virtual void drawPoints(const QsdPalette* palette, unsigned long count,
+                            const QsdPoint* points) const = 0; ///< draws `count` separate points
+    virtual void drawLine(const QsdPalette* palette, const QsdPoint& from,
+                          const QsdPoint& to) const = 0; ///< draws a line in the palette's foreground, dashes and width
     /// Draws `count` separate lines, the i-th from starts[i] to ends[i].
     virtual void drawSegments(const QsdPalette* palette, unsigned long count, const QsdPoint* starts,
                               const QsdPoint* ends) const = 0;
@@ -72,10 +79,13 @@ public:
     /// Fills the polygon of `count` points (at least one); `convex` promises that it is convex.
     virtual void fillPolyLine(const QsdPalette* palette, unsigned long count, const QsdPoint* points,
                               bool convex) const = 0;
+    /// The same, given by steps as for drawPolyLine.
     virtual void fillPolyLine(const QsdPalette* palette, const QsdPoint& origin, unsigned long count,
                               const QsdDeltaPoint* deltas, bool convex) const = 0;
-    virtual void drawRectangle(const QsdPalette* palette, const QsdRect& rect) const = 0;
-    virtual void fillRectangle(const QsdPalette* palette, const QsdRect& rect) const = 0;
+    virtual void drawRectangle(const QsdPalette* palette,
+                               const QsdRect& rect) const = 0; ///< draws the outline of `rect`
+    virtual void fillRectangle(const QsdPalette* palette,
+                               const QsdRect& rect) const = 0; ///< fills `rect` with the palette's colour or pattern
     /// Draws the arc of the ellipse inside `rect` from `start` over `range` degrees.
     virtual void drawArc(const QsdPalette* palette, const QsdRect& rect, float start, float range) const = 0;
     /// Fills it as a pie slice or a chord, by the palette's arc mode.
@@ -90,6 +100,7 @@ public:
     /// Draws a whole bitmap under the four factors of `t`, its origin at `at`; `clip` (null: none) limits it.
     virtual void stretchBitmap(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
                                const QsdTransformer& t, const QsdRect* clip) const = 0;
+    /// The same for set bits, or pixels inside the mask of a colour bitmap, alone.
     virtual void stretchTransparentBitmap(const QsdPalette* palette, const QsdPoint& at, const QsdBitmap* bitmap,
                                           const QsdTransformer& t, const QsdRect* clip) const = 0;
     /// Draws a text whose baseline starts, is centred or ends at `at`.
@@ -107,6 +118,7 @@ public:
     /// Draws a whole bitmap so that it fills `dest`.
     virtual void stretchBitmap(const QsdPalette* palette, const QsdRect& dest, const QsdBitmap* bitmap,
                                const QsdRect* clip) const = 0;
+    /// The same for set bits, or pixels inside the mask of a colour bitmap, alone.
     virtual void stretchTransparentBitmap(const QsdPalette* palette, const QsdRect& dest, const QsdBitmap* bitmap,
                                           const QsdRect* clip) const = 0;
     /// Places a bitmap inside `dest` by `position`, at its natural size, limited to `dest` and to `clip` (null: none);
@@ -119,6 +131,7 @@ public:
     /// Draws a wide text; it is converted by the C library's locale.
     virtual void drawWChar(const QsdPalette* palette, const QsdPoint& at, const wchar_t* text, int length,
                            QsdPosition position) const = 0;
+    /// The same on a box in the background colour.
     virtual void drawIWChar(const QsdPalette* palette, const QsdPoint& at, const wchar_t* text, int length,
                             QsdPosition position) const = 0;
     /// Draws cubic curves through points[0], [3], [6], ... with the points between as control points; one point left
@@ -126,11 +139,15 @@ public:
     virtual void drawBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const = 0;
     /// The same, closed back to points[0].
     virtual void drawClosedBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const = 0;
-    virtual void fillBezier(const QsdPalette* palette, unsigned long count, const QsdPoint* points) const = 0;
+    virtual void fillBezier(const QsdPalette* palette, unsigned long count,
+                            const QsdPoint* points) const = 0; ///< fills the area inside drawClosedBezier
+    /// Draws a bidirectional text in the order in which it is seen.
     virtual void drawString(const QsdPalette* palette, const QsdPoint& at, const QsdBidiString* text, int length,
                             QsdPosition position) const = 0;
+    /// The same on a box in the background colour.
     virtual void drawIString(const QsdPalette* palette, const QsdPoint& at, const QsdBidiString* text, int length,
                              QsdPosition position) const = 0;
+    /// The same as for other texts, in the order in which it is seen.
     virtual void drawTransformedString(const QsdPalette* palette, const QsdBidiString* text, int length,
                                        const QsdTransformer& t, const QsdRegion* clip) const = 0;
     /// Draws the area `from` of pixels in memory stretched into `dest`; `smooth` asks ports that can for smoothing.
@@ -143,6 +160,7 @@ public:
     virtual void clear(const QsdPalette* palette) const;
     /// Draws and fills a rectangle whose corners are quarter circles of `radius` (at most half the shorter side).
     virtual void drawRoundRectangle(const QsdPalette* palette, const QsdRect& rect, unsigned short radius) const;
+    /// Fills such a rectangle.
     virtual void fillRoundRectangle(const QsdPalette* palette, const QsdRect& rect, unsigned short radius) const;
     /// Draws a line with a filled head that points from `from` to `to` and whose tip lies at the part `at` (0 to 1) of
     /// the way.
@@ -150,12 +168,14 @@ public:
     /// Draws a marker of `size` units, corner to corner, centred on `at`.
     virtual void drawMarker(const QsdPalette* palette, const QsdPoint& at, QsdMarkerType type,
                             unsigned short size) const;
+    /// Draws the same marker on each of `count` points.
     virtual void drawMarkers(const QsdPalette* palette, unsigned long count, const QsdPoint* points, QsdMarkerType type,
                              unsigned short size) const;
-    /// Draws a rectangle or diamond that seems to stand out of the page: `face` fills it, `light` draws the upper and
-    /// left edges (of a diamond the two upper ones) and `dark` the others, `thickness` units wide.
+    /// Draws a rectangle that seems to stand out of the page: `face` fills it, `light` draws the upper and
+    /// left edges and `dark` the others, `thickness` units wide.
     virtual void drawReliefRectangle(const QsdPalette* face, const QsdPalette* light, const QsdPalette* dark,
                                      const QsdRect& rect, unsigned short thickness) const;
+    /// The same of the diamond inside `rect`, whose two upper edges are light.
     virtual void drawReliefDiamond(const QsdPalette* face, const QsdPalette* light, const QsdPalette* dark,
                                    const QsdRect& rect, unsigned short thickness) const;
     /// Draws a groove: a dark line over a light one, each `thickness` units wide.
@@ -176,14 +196,18 @@ public:
 
     /// The display that the port was made for; never null.
     [[nodiscard]] QsdDisplay* display() const { return _display; }
+    /// Width in coordinate units.
     [[nodiscard]] unsigned long width() const { return _width; }
+    /// Height in coordinate units.
     [[nodiscard]] unsigned long height() const { return _height; }
 
 protected:
     /// A port of `display`, which is not owned and must outlive it.
     QsdPort(QsdDisplay* display, unsigned long width, unsigned long height);
 
+    /// Changes the width that width() tells; nothing is drawn.
     void setWidth(unsigned long width) { _width = width; }
+    /// Changes the height that height() tells; nothing is drawn.
     void setHeight(unsigned long height) { _height = height; }
 
 private:

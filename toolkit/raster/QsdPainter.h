@@ -1,6 +1,7 @@
 // Puts colour on the pixels that shapes cover.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdRegion.h"
 #include "toolkit/raster/QsdFlatten.h"
 #include "toolkit/raster/QsdPixels.h"
@@ -11,7 +12,7 @@
 #include <vector>
 
 /// What covered pixels become: one value, or those of a tile that repeats from the top left corner of the pixels.
-struct QsdPaint {
+struct QSD_API QsdPaint {
     QsdPixels::Value color = 0;                 ///< where there is no tile, or its bit is set
     std::optional<QsdPixels::Value> background; ///< where the tile's bit is not set; none: left alone
     const QsdPixels* tile = nullptr;            ///< one bit deep, or as deep as the pixels; not owned; null: none
@@ -19,7 +20,7 @@ struct QsdPaint {
 
 /// Paints shapes on pixels inside a clip. Coordinates are those of the pixels' corners: the pixel in column x of row y
 /// covers the unit square from (x, y). Coordinates of any size, also such as are no numbers, are safe.
-class QsdPainter {
+class QSD_API QsdPainter {
 public:
     /// Paints on `pixels`, which must outlive the painter, inside `clip`.
     QsdPainter(QsdPixels& pixels, const QsdRegion& clip, const QsdPaint& paint);

@@ -1,6 +1,7 @@
 // Pixels in the layout that displays hand out.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdRect.h"
 #include "toolkit/graphics/QsdBitmapData.h"
 
@@ -13,23 +14,32 @@ class QsdColorTable;
 /// A rectangle of pixels of one depth: at 1, eight pixels a byte, the leftmost in the most significant bit, rows of
 /// whole bytes; up to 8, one byte a pixel, an index into a colour table; above, four bytes a pixel with red, green and
 /// blue in bytes 1 to 3. A pixel's value is its bit, its index, or its components as 0xRRGGBB.
-class QsdPixels {
+class QSD_API QsdPixels {
 public:
+    /// The value of a pixel.
     using Value = std::uint32_t;
 
     /// Pixels of value 0. Throws std::bad_alloc when there is no memory for them.
     QsdPixels(std::uint32_t width, std::uint32_t height, std::uint16_t depth);
 
+    /// Number of columns.
     [[nodiscard]] std::uint32_t width() const { return _width; }
+    /// Number of rows.
     [[nodiscard]] std::uint32_t height() const { return _height; }
+    /// Bits of a pixel.
     [[nodiscard]] std::uint16_t depth() const { return _depth; }
+    /// Bytes of a row.
     [[nodiscard]] std::size_t rowBytes() const { return _rowBytes; }
+    /// The bytes of row `y`, which must be inside; valid as long as the object.
     [[nodiscard]] const unsigned char* row(std::uint32_t y) const { return _bytes.data() + y * _rowBytes; }
+    /// The same, to be changed.
     [[nodiscard]] unsigned char* row(std::uint32_t y) { return _bytes.data() + y * _rowBytes; }
+    /// All rows, one after the other.
     [[nodiscard]] const std::vector<unsigned char>& bytes() const { return _bytes; }
 
     /// The value of the pixel at (x, y), which must be inside.
     [[nodiscard]] Value get(std::uint32_t x, std::uint32_t y) const;
+    /// Gives the pixel at (x, y), which must be inside, a value.
     void set(std::uint32_t x, std::uint32_t y, Value value);
     /// Copies the pixels of `rect` into rows of this layout at `out`; 0 for those outside.
     /// `out` has room for rect.height rows of RowBytes(rect.width, depth()).

@@ -1,6 +1,7 @@
 // Lines as areas.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdRect.h"
 #include "toolkit/raster/QsdFlatten.h"
 
@@ -18,5 +19,5 @@ inline constexpr double QsdUsualMiterLimit = 10;
 /// turn, which begin anew with every chain; none: a solid line. The ends of a closed chain are joined. A chain without
 /// length is a square dot. Pieces outside `area` are left out, so a dashed line of any length costs no more than what
 /// is seen.
-void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes, double miterLimit,
-               const QsdRect& area, const QsdPieceReceiver& receive);
+QSD_API void QsdStroke(const QsdChain& chain, bool closed, double width, const std::vector<double>& dashes,
+                       double miterLimit, const QsdRect& area, const QsdPieceReceiver& receive);

@@ -1,6 +1,7 @@
 // The X Window System display.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/port/QsdDisplay.h"
 
 #include <cstdint>
@@ -30,7 +31,7 @@ union _XEvent;
 /// with a capital), then as on every display. X has those of the file that XENVIRONMENT names, of the screen's and of
 /// the server's resource property (without the latter, of the file .Xdefaults in the home folder) and of the
 /// application's defaults file. They are entered as settings of the display when it is opened.
-class QsdXDisplay : public QsdDisplay {
+class QSD_API QsdXDisplay : public QsdDisplay {
 public:
     /// Connects to the server `name` ("host:number"; null: the one of the environment variable DISPLAY). `application`
     /// is the name under which resources are looked up. Null, after a fatal error is reported, when there is no such
@@ -72,7 +73,9 @@ public:
     [[nodiscard]] _XDisplay* xDisplay() const;
     /// What the toolkit's X classes share.
     [[nodiscard]] const std::shared_ptr<QsdXConnection>& connection() const { return _connection; }
+    /// The colour cells of the screen.
     [[nodiscard]] QsdXColors& xColors() const { return *_colors; }
+    /// The fonts that have been loaded.
     [[nodiscard]] QsdXFontCache& xFonts() const { return *_fonts; }
 
 private:

@@ -1,6 +1,7 @@
 // What happens to windows.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/geometry/QsdPoint.h"
 
 #include <cstdint>
@@ -12,7 +13,8 @@ class QsdXWindow;
 enum QsdXModifiers : std::uint16_t { QsdXShift = 1, QsdXControl = 2, QsdXAlt = 4 };
 
 /// One event of a window, or of the connection as a whole.
-struct QsdXEvent {
+struct QSD_API QsdXEvent {
+    /// What happened.
     enum Kind {
         Resized,        ///< the window has another size, and what is new of it is white: draw it again
         KeyPressed,     ///< `key` and `text` tell which
@@ -24,7 +26,7 @@ struct QsdXEvent {
         ConnectionLost  ///< there is no server any more; `window` is null
     };
 
-    Kind kind = ConnectionLost;
+    Kind kind = ConnectionLost;   ///< what happened
     QsdXWindow* window = nullptr; ///< not owned
     QsdPoint at;                  ///< from the window's top left corner
     std::uint16_t button = 0;     ///< from 1

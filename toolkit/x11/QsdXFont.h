@@ -1,6 +1,7 @@
 // Fonts of the X server.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/graphics/QsdFont.h"
 
 #include <memory>
@@ -9,7 +10,7 @@ class QsdXFace;
 
 /// A font, or a set of fonts for the characters of the locale, that the server draws with. Made by
 /// QsdXDisplay::createFont; it keeps the connection open as long as it lives.
-class QsdXFont : public QsdFont {
+class QSD_API QsdXFont : public QsdFont {
 public:
     /// A font drawn with `face`, which must not be null and gives the metrics.
     QsdXFont(const char* family, std::uint16_t style, std::uint16_t size, std::shared_ptr<const QsdXFace> face);

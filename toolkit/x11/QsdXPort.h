@@ -1,6 +1,7 @@
 // Drawing with the X server.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/port/QsdSystemPort.h"
 #include "toolkit/raster/QsdPixels.h"
 
@@ -21,7 +22,7 @@ class QsdXGraphics;
 /// or like those of bitmaps where it has none that fit. Under a transformer that makes them larger or smaller, they are
 /// drawn in the font of that size; where there is none, or they are turned, as pictures of their letters, placed on
 /// whole units. Alpha and antialiasing of palettes do not count.
-class QsdXPort : public QsdSystemPort {
+class QSD_API QsdXPort : public QsdSystemPort {
 public:
     ~QsdXPort() override;
 
@@ -99,7 +100,9 @@ protected:
     virtual void setDamaged() const {}
     /// Changes the size: what lies in both is kept, the rest becomes white.
     void setSize(std::uint32_t width, std::uint32_t height);
+    /// The display, as what it is.
     [[nodiscard]] QsdXDisplay& xDisplay() const { return _xDisplay; }
+    /// The graphics contexts that it draws with.
     [[nodiscard]] QsdXGraphics& graphics() const { return *_graphics; }
 
 private:

@@ -1,6 +1,7 @@
 // Flate compression of image data.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/encoder/QsdCompressingEncoder.h"
 
 #include <memory>
@@ -10,7 +11,7 @@ struct z_stream_s;
 /// Writes what zlib compresses, in base 85: the smallest documents. An interpreter of language level 3 reads it; the
 /// device stays at level 2. Holds about 270 KiB, whatever the size of the data. When compressing fails, which it does
 /// not for lack of memory, the stream fails.
-class QsdFlateEncoder : public QsdCompressingEncoder {
+class QSD_API QsdFlateEncoder : public QsdCompressingEncoder {
 public:
     /// Writes to `stream` (not owned, may be null). `effort` goes from 0 (no compression) over 1 (fast) to 9 (small);
     /// others are taken for the nearest. Throws std::bad_alloc when there is no memory, std::runtime_error when zlib is

@@ -8,8 +8,8 @@ int main(int, char** argv)
     if (!device.initDevice(argv[1], nullptr)) {
         return 1;
     }
-    const auto palette = QsdHandle<QsdPalette>::Adopt(new QsdPalette(&display));
-    const auto blue = QsdHandle<QsdColor>::Adopt(new QsdColor(0, 0, 65535));
+    const auto palette = QsdMake<QsdPalette>(&display);
+    const auto blue = QsdMake<QsdColor>(0, 0, 65535);
     palette->setForeground(blue.get());
     device.fillRectangle(palette.get(), {72, 72, 200, 100});
     palette->setForeground(nullptr);
