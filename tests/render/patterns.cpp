@@ -1,7 +1,8 @@
 // Fills a rectangle with each kind of pattern, each on a page of its own, and looks at the pixels:
-// patterns list|draw|compare classic|print|screen. The list has a line for each page: its name, what the interpreter does
-// (paint, or the error it stops with, or "nothing" where it takes the rest of the document for samples and shows no page),
-// and its kind. The documents are NAME.ps in the current folder, and their pages, as far as they are painted, NAME-1.ppm.
+// patterns list|draw|compare classic|print|screen. The list has a line for each page: its name, what the interpreter
+// does (paint, or the error it stops with, or "nothing" where it takes the rest of the document for samples and shows
+// no page), and its kind. The documents are NAME.ps in the current folder, and their pages, as far as they are painted,
+// NAME-1.ppm.
 #include "page_pixels.h"
 #include "render_device.h"
 #include "toolkit/graphics/QsdRGBBitmapData.h"
@@ -170,7 +171,8 @@ bool compare(const Page& page, const std::string& file)
         for (int x = 0; x < Side; ++x) {
             const QsdRGB expected = expectedColor(page, x, y);
             if (!pixels.shows(x, y, expected, page.form->grey)) {
-                std::cout << file << ": at " << x << " " << y << " " << pixels.pixel(x, y) << ", not " << expected << "\n";
+                std::cout << file << ": at " << x << " " << y << " " << pixels.pixel(x, y) << ", not " << expected
+                          << "\n";
                 return false;
             }
         }
