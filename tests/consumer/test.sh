@@ -9,7 +9,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 cmake --install "$build" --prefix "$work/usr" >/dev/null
-cmake -S "$source/tests/consumer" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/usr" \
+cmake -G Ninja -S "$source/tests/consumer" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/usr" \
     -DCMAKE_CXX_FLAGS="${CONSUMER_FLAGS:-}" >/dev/null
 cmake --build "$work/build" >/dev/null
 "$work/build/consumer" "$work/page.ps"

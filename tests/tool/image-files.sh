@@ -13,7 +13,7 @@ echo "$drawing" >a.svg
 # refuse NAME TEXT: the file is refused with that reason, and an old document stays as it was.
 refuse() {
     echo old >kept.ps
-    expect_status 1 timeout 120 "$tool" "$1" -o kept.ps
+    expect_status 1 timeout 300 "$tool" "$1" -o kept.ps
     expect_message "$1: .*$2"
     grep -q '^old$' kept.ps || fail "$1 changed the old document"
     expect_files a.svg cut.png good kept.ps
@@ -98,7 +98,7 @@ refuse cut.png 'too large to be read as a whole'
 head -c 3000 /dev/urandom >noise
 { printf '\211PNG\r\n\032\n'; cat noise; } >cut.png
 refuse_noise() {
-    expect_status 1 timeout 120 "$tool" cut.png -o noise.ps
+    expect_status 1 timeout 300 "$tool" cut.png -o noise.ps
     expect_message 'cut.png: broken'
     [ ! -e noise.ps ] || fail "noise left a document"
 }
@@ -163,7 +163,7 @@ fi
 rm long.png liar.png
 python3 "$helper" big black 2000 2000 large.png
 if [ -e /dev/full ]; then
-    expect_status 1 timeout 120 "$tool" large.png -o /dev/full
+    expect_status 1 timeout 300 "$tool" large.png -o /dev/full
     expect_message 'No space left'
 fi
 
