@@ -6,10 +6,10 @@ packages="g++ cmake ninja-build pkg-config libpugixml-dev zlib1g-dev libagg-dev 
 for task in "$@"; do
     case $task in
     run) packages="$packages ghostscript" ;;
-    test) packages="$packages ghostscript libgtest-dev locales imagemagick psutils poppler-utils cups-filters cups epstool xvfb x11-apps xfonts-base xfonts-75dpi doxygen desktop-file-utils" ;;
+    test) packages="$packages ghostscript libgtest-dev locales imagemagick psutils poppler-utils cups-filters cups epstool python3 xvfb x11-apps x11-utils xfonts-base xfonts-75dpi doxygen desktop-file-utils" ;;
     fuzz) packages="$packages clang-14 libclang-rt-14-dev" ;;
     bench) packages="$packages libbenchmark-dev libcairo2-dev libplot-dev libfltk1.3-dev xvfb xauth" ;;
-    lint) packages="$packages clang-format-14 clang-tidy-14" ;;
+    lint) packages="$packages clang-format-14 clang-tidy-14 git" ;;
     package) packages="$packages debhelper dpkg-dev fakeroot lintian doxygen" ;;
     *) echo "$0: unknown task $task" >&2; exit 2 ;;
     esac

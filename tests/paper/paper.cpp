@@ -87,10 +87,12 @@ Pages onPaper(const std::vector<Scene>& scenes, const Printing& printing, const 
         return result;
     }
     result.messages = render(folder.file("pages.ps"), folder.file("%d.ppm"), folder.file("log"));
-    for (std::size_t page = 1; page <= scenes.size() && result.messages.empty(); ++page) {
+    for (std::size_t page = 1; page <= scenes.size(); ++page) {
         const PagePixels pixels(folder.file(std::to_string(page) + ".ppm").c_str());
         if (!pixels.hasSize(PageWidth, PageHeight)) {
-            result.messages = "page " + std::to_string(page) + " is missing";
+            if (result.messages.empty()) {
+                result.messages = "page " + std::to_string(page) + " is missing";
+            }
             break;
         }
         std::vector<QsdRGB> colors;

@@ -21,7 +21,7 @@ struct Printing {
 /// Draws one scene on the device's current page.
 using SceneDrawing = std::function<void(QsdPSDevice&, const Scene&)>;
 
-/// The pages of a document, or why there are none.
+/// The pages of a document, or those before the one that the interpreter stopped at.
 struct Pages {
     std::vector<Picture> pictures;
     std::string messages; ///< of the interpreter; empty when all went well

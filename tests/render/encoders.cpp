@@ -88,26 +88,40 @@ Bytes data(int kind, std::size_t length)
     return bytes;
 }
 
-unsigned sum(const Bytes& bytes)
+/// Hexadecimal digits of the test's own.
+std::string hexadecimal(const Bytes& bytes)
 {
-    unsigned value = 0;
+    constexpr char Digits[] = "0123456789abcdef";
+    std::string text;
+    text.reserve(2 * bytes.size());
     for (const unsigned char byte : bytes) {
-        value = (value * 31 + byte) % 65521;
+        text += Digits[byte >> 4];
+        text += Digits[byte & 15];
     }
-    return value;
+    return text;
+}
+
+/// Sends `text` in lines of less than 255 characters.
+void sendInLines(const QsdPSDevice& device, const std::string& text)
+{
+    constexpr std::size_t Width = 200;
+    for (std::size_t at = 0; at < text.size(); at += Width) {
+        device.send(text.substr(at, Width).c_str());
+    }
 }
 
 void writeLengths(const QsdPSDevice& device, const QsdDisplay& display)
 {
-    device.send("/check{3 -1 roll 0 1 index{exch 31 mul add 65521 mod}forall 3 -1 roll ne 3 1 roll length ne or"
-                "{(not what was encoded: )print p length =}if}def");
+    device.send("/check{dup string currentfile exch readhexstring pop 2 index ne"
+                "{(not what was encoded: )print =}{pop}ifelse pop}def");
     for (const std::size_t length : lengths()) {
         for (int kind = 0; kind < Kinds; ++kind) {
             const Bytes bytes = data(kind, length);
             const std::string count = std::to_string(length);
             device.send((count + " 1 readpattern").c_str());
             device.writeImage(&display, 1, length * 8, 1, bytes.data(), bytes.size());
-            device.send(("p " + count + " " + std::to_string(sum(bytes)) + " check").c_str());
+            device.send(("p " + count + " check").c_str());
+            sendInLines(device, hexadecimal(bytes));
         }
     }
 }

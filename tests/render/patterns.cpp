@@ -1,13 +1,13 @@
 // Fills a rectangle with each kind of pattern, each on a page of its own, and looks at the pixels:
-// patterns list classic|print|screen; patterns draw|compare classic|print|screen NUMBER FILE. The list has a line for
-// each page: its number, what the interpreter does (paint, or the error it stops with, or "nothing" where it takes the
-// rest of the document for samples and shows no page), and its kind.
+// patterns list|draw|compare classic|print|screen. The list has a line for each page: its name, what the interpreter
+// does (paint, or the error it stops with, or "nothing" where it takes the rest of the document for samples and shows
+// no page), and its kind. The documents are NAME.ps in the current folder, and their pages, as far as they are painted,
+// NAME-1.ppm.
 #include "page_pixels.h"
 #include "render_device.h"
 #include "toolkit/graphics/QsdRGBBitmapData.h"
 #include "toolkit/memory/QsdMemoryDisplay.h"
 
-#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -112,7 +112,7 @@ QsdRGB tileColor(int x, int y, unsigned short depth)
     return {component(x), component(y), component(x / 6 + 2 * y)};
 }
 
-bool draw(const Page& page, const std::string& kind, const char* file)
+bool draw(const Page& page, const std::string& kind, const std::string& file)
 {
     const Form& form = *page.form;
     QsdMemoryDisplay display(page.depth);
@@ -120,7 +120,7 @@ bool draw(const Page& page, const std::string& kind, const char* file)
     device->setPaperWidth(Side);
     device->setPaperHeight(Side);
     device->setPostScriptLevel(form.level);
-    if (!device->initDevice(file, nullptr)) {
+    if (!device->initDevice(file.c_str(), nullptr)) {
         return false;
     }
     QsdRGBBitmapData colors(TileWidth, TileHeight);
@@ -160,9 +160,9 @@ QsdRGB expectedColor(const Page& page, int x, int y)
     return tileBit(tileX, tileY) ? Foreground : clear;
 }
 
-bool compare(const Page& page, const char* file)
+bool compare(const Page& page, const std::string& file)
 {
-    const PagePixels pixels(file);
+    const PagePixels pixels(file.c_str());
     if (!pixels.hasSize(Side, Side)) {
         std::cout << file << " is not the page\n";
         return false;
@@ -171,7 +171,8 @@ bool compare(const Page& page, const char* file)
         for (int x = 0; x < Side; ++x) {
             const QsdRGB expected = expectedColor(page, x, y);
             if (!pixels.shows(x, y, expected, page.form->grey)) {
-                std::cout << "at " << x << " " << y << " " << pixels.pixel(x, y) << ", not " << expected << "\n";
+                std::cout << file << ": at " << x << " " << y << " " << pixels.pixel(x, y) << ", not " << expected
+                          << "\n";
                 return false;
             }
         }
@@ -185,19 +186,25 @@ int main(int count, char** argv)
 {
     const std::string what = count > 1 ? argv[1] : "";
     const std::string kind = count > 2 ? argv[2] : "";
-    const std::vector<Form> forms = formsOf(kind);
-    const std::vector<Page> all = pages(forms);
-    if (what == "list") {
-        for (std::size_t i = 0; i < all.size(); ++i) {
-            const Form& form = *all[i].form;
-            std::cout << i << " " << form.outcome << " style " << form.style << ", level " << form.level
-                      << (form.grey ? ", grey" : ", rgb") << ", depth " << all[i].depth << "\n";
-        }
-        return 0;
-    }
-    const std::size_t number = count == 5 ? std::strtoul(argv[3], nullptr, 10) : all.size();
-    if (number >= all.size()) {
+    if (count != 3 || (kind != "classic" && kind != "print" && kind != "screen")) {
         return 2;
     }
-    return (what == "draw" ? draw(all[number], kind, argv[4]) : compare(all[number], argv[4])) ? 0 : 1;
+    const std::vector<Form> forms = formsOf(kind);
+    bool good = true;
+    int number = 0;
+    for (const Page& page : pages(forms)) {
+        const Form& form = *page.form;
+        const std::string name = kind + "-" + std::to_string(number++);
+        if (what == "list") {
+            std::cout << name << " " << form.outcome << " style " << form.style << ", level " << form.level
+                      << (form.grey ? ", grey" : ", rgb") << ", depth " << page.depth << "\n";
+        } else if (what == "draw") {
+            good = draw(page, kind, name + ".ps") && good;
+        } else if (what == "compare") {
+            good = (form.outcome != Paint || compare(page, name + "-1.ppm")) && good;
+        } else {
+            return 2;
+        }
+    }
+    return good ? 0 : 1;
 }

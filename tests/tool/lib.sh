@@ -1,6 +1,7 @@
 # What the tests of the tool share. Each gets the tool as its first argument and works in a folder of its own.
 
 tool=$1
+interpret=$(cd "$(dirname "$0")/../render" && pwd)/interpret.sh
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"

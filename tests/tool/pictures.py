@@ -4,11 +4,12 @@ pictures.py make               writes pictures of every kind here, and beside ea
 pictures.py big KIND W H NAME  writes a picture that fits in no test otherwise: "black" (grey PNG) or "bits" (raw PBM)
 pictures.py header W H NAME [interlaced]  writes a grey PNG file that says it has this size, and ends
 pictures.py text SIZE SAID NAME  writes a grey PNG file with a text of SIZE bytes that is said to have SAID bytes
-pictures.py same PPM RGB       compares a rendered page with what it should look like
-pictures.py count PPM R G B    prints how many pixels of a page have a colour
-pictures.py pixel PPM X Y      prints the colour of a pixel
-pictures.py turn JPEG N NAME   writes the JPEG file with the camera's orientation N
+pictures.py same PAGE...        compares rendered pages NAME-1.ppm, in any folder, with NAME.rgb here
+pictures.py count R G B PAGE... prints how many pixels of each page have a colour
+pictures.py near MOST           reads lines "PAGE X,Y R G B": pixels have these samples, or MOST more or less
+pictures.py turn JPEG PREFIX    writes the JPEG file in the eight ways to hold a camera, PREFIX1.jpg to PREFIX8.jpg
 """
+import os
 import random
 import struct
 import sys
@@ -146,15 +147,31 @@ def page(name):
     return int(fields[1]), int(fields[2]), data[at:]
 
 
-def same(name, expected):
+def same(name):
     width, _, found = page(name)
-    with open(expected, "rb") as file:
+    with open(os.path.basename(name).removesuffix("-1.ppm") + ".rgb", "rb") as file:
         wanted = file.read()
+    if found == wanted:
+        return
     if len(found) != len(wanted):
         sys.exit(f"{name}: {len(found)} samples, not {len(wanted)}")
-    for i, (a, b) in enumerate(zip(found, wanted)):
-        if a != b:
-            sys.exit(f"{name}: column {i // 3 % width}, row {i // 3 // width}: {a}, not {b}")
+    i = next(i for i, (a, b) in enumerate(zip(found, wanted)) if a != b)
+    sys.exit(f"{name}: column {i // 3 % width}, row {i // 3 // width}: {found[i]}, not {wanted[i]}")
+
+
+def count(name, color):
+    samples = page(name)[2]
+    print(sum(samples[i:i + 3] == color for i in range(0, len(samples), 3)))
+
+
+def near(most):
+    for line in sys.stdin:
+        name, place, *color = line.split()
+        x, y = map(int, place.split(","))
+        width, _, samples = page(name)
+        found = samples[3 * (y * width + x):][:3]
+        if len(found) != 3 or max(abs(a - int(b)) for a, b in zip(found, color, strict=True)) > most:
+            sys.exit(f"{name}: {tuple(found)} at {place}, not {' '.join(color)}")
 
 
 def turn(name, orientation, result):
@@ -176,17 +193,16 @@ def main(command, *words):
         text = chunk(b"tEXt", b"Comment\0" + b" " * int(words[0]))
         png(words[2], 1, 1, 8, 0, [[0]], struct.pack(">I", int(words[1]) + 8) + text[4:])
     elif command == "same":
-        same(words[0], words[1])
+        for name in words:
+            same(name)
     elif command == "count":
-        samples = page(words[0])[2]
-        color = bytes(map(int, words[1:4]))
-        print(sum(samples[i:i + 3] == color for i in range(0, len(samples), 3)))
-    elif command == "pixel":
-        width, _, samples = page(words[0])
-        at = 3 * (int(words[2]) * width + int(words[1]))
-        print(*samples[at:at + 3])
+        for name in words[3:]:
+            count(name, bytes(map(int, words[:3])))
+    elif command == "near":
+        near(int(words[0]))
     elif command == "turn":
-        turn(words[0], int(words[1]), words[2])
+        for orientation in range(1, 9):
+            turn(words[0], orientation, f"{words[1]}{orientation}.jpg")
     else:
         sys.exit(__doc__)
 

@@ -36,10 +36,10 @@ for options in "--level 1" "--level 2" "--level 3" "--level 3 --compress none" "
     # The options are words to be split.
     # shellcheck disable=SC2086
     "$tool" -q $options "$@" -o all.ps 2>err || fail "$options: $(cat err)"
-    "$check" all.ps || fail "structure with $options"
     for drawing in "$@"; do
         # shellcheck disable=SC2086
-        "$tool" -q $options "$drawing" -o one.eps 2>err || fail "$drawing $options: $(cat err)"
-        "$check" one.eps || fail "structure of $drawing with $options"
+        "$tool" -q $options "$drawing" -o "$(basename "$drawing").eps" 2>err || fail "$drawing $options: $(cat err)"
     done
+    "$check" all.ps ./*.eps || fail "structure with $options"
+    rm ./*.eps
 done

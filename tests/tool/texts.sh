@@ -53,9 +53,9 @@ words() {
 svg "<linearGradient id='g'><stop stop-color='red'/><stop offset='1'/></linearGradient>
 <g font-family='Nowhere' font-size='8'><text y='9' fill-opacity='.5'>$(words 1200)</text>
 <text y='29' fill='url(#g)' stroke='blue' stroke-opacity='.5'>$(words 1200)</text></g>" >long.svg
-expect_status 0 timeout 60 "$tool" long.svg
+expect_status 0 timeout 300 "$tool" long.svg
 svg "<text y='9' font-family='Nowhere'>$(words 20000)</text>" >longer.svg
-expect_status 0 timeout 60 "$tool" longer.svg
+expect_status 0 timeout 300 "$tool" longer.svg
 grep -q '(outline ' out || fail "no string for a text of 160000 letters"
 
 # A text that cuts: without fonts it is told.

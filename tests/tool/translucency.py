@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Drawings of translucent things, and what their pages look like: translucency.py make | check NAME
+"""Drawings of translucent things, and what their pages look like: translucency.py make | check
 
 Pages are 200 by 100 pixels. Expected colours are those of compositing.
 """
@@ -107,7 +107,7 @@ def read(name):
 
 
 def check(name):
-    at = read(name + ".ppm")
+    at = read(name + "-1.ppm")
 
     def expect(x, y, wanted, most=3):
         found = at(x, y)
@@ -129,7 +129,8 @@ def check(name):
 
 def main():
     if sys.argv[1] == "check":
-        check(sys.argv[2])
+        for name in DRAWINGS:
+            check(name)
         return
     for name, body in DRAWINGS.items():
         with open(name + ".svg", "w", encoding="ascii") as file:
