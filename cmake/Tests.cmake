@@ -18,9 +18,11 @@ function(dravonset_test name)
     cmake_parse_arguments(PARSE_ARGV 1 test "WHOLE" "LONG" "SOURCES;LINK")
     add_executable(${name} ${test_SOURCES})
     dravonset_target_defaults(${name})
-    if(DRAVONSET_SANITIZE)
-        # Tests themselves need not be fast, and compile in half the time.
-        target_compile_options(${name} PRIVATE -O0)
+    # Tests themselves need not be fast, and compile in a third of the time.
+    target_compile_options(${name} PRIVATE -O0)
+    if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
+        # Caches of compilers do without precompiled headers, and faster.
+        target_precompile_headers(${name} PRIVATE <gtest/gtest.h>)
     endif()
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE ${test_LINK} GTest::gtest_main)
