@@ -29,10 +29,10 @@ for library in toolkit ps; do
     # Weak ones (V, W, u) are what every C++ program shares: inline functions and templates of the standard library.
     nm -DC --defined-only "$file" | grep -E '^[0-9a-f]+ [A-TX-Z] ' >"$work/names"
     grep -q 'Qsd' "$work/names" || fail "$file exports nothing"
-    # What is public stands in an installed header. The two others are for the project's own libraries.
+    # What is public stands in an installed header. The others are for the project's own libraries.
     cut -d' ' -f3- "$work/names" | sed -E 's/^(typeinfo|typeinfo name|vtable|construction vtable|VTT) for //
         s/^(non-virtual|virtual) thunk to //' | grep -oE '^[A-Za-z_][A-Za-z_0-9]*' | sort -u |
-        grep -vx -e QsdBitmapPath -e QsdForEachCharacter >"$work/exported"
+        grep -vx -e QsdBitmapPath -e QsdForEachCharacter -e QsdCutDashes -e QsdSeenLength >"$work/exported"
     while read -r name; do
         grep -qrw -- "$name" "$work/moved/include" || fail "$file exports $name"
     done <"$work/exported"

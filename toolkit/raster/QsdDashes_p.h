@@ -1,6 +1,7 @@
 // Dashed lines as separate pieces.
 #pragma once
 
+#include "toolkit/base/QsdExport.h"
 #include "toolkit/raster/QsdFlatten.h"
 
 #include <cmath>
@@ -42,9 +43,9 @@ struct QsdDashView {
 };
 
 /// How much of a chain of finite points, any two neighbours of which differ, lies where its dashes are seen.
-[[nodiscard]] double QsdSeenLength(const QsdChain& chain, const QsdDashView& view);
+[[nodiscard]] QSD_API double QsdSeenLength(const QsdChain& chain, const QsdDashView& view);
 
 /// Calls `receive` with each dash of a chain of finite points, any two neighbours of which differ. What is not seen is
 /// passed over at once.
-void QsdCutDashes(const QsdChain& chain, const QsdDashPattern& pattern, const QsdDashView& view,
-                  const std::function<void(const QsdChain& dash)>& receive);
+QSD_API void QsdCutDashes(const QsdChain& chain, const QsdDashPattern& pattern, const QsdDashView& view,
+                          const std::function<void(const QsdChain& dash)>& receive);
