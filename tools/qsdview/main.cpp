@@ -1,10 +1,10 @@
 // qsdview: drawings in a window.
+#include "command/standard_files.h"
+#include "command/toolkit_messages.h"
 #include "qsdview/print.h"
 #include "qsdview/view_options.h"
 #include "qsdview/viewer.h"
-#include "standard_files.h"
 #include "toolkit/base/QsdGlobalContext.h"
-#include "toolkit_messages.h"
 
 #include <exception>
 #include <filesystem>

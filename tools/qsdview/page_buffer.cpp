@@ -1,6 +1,6 @@
 #include "qsdview/page_buffer.h"
 
-#include "layout.h"
+#include "command/layout.h"
 #include "toolkit/x11/QsdXDisplay.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Pages drawn through the port into the X server.
 #pragma once
 
-#include "document_page.h"
+#include "command/document_page.h"
 #include "toolkit/x11/QsdXPixmap.h"
 #include "toolkit/x11/QsdXWindow.h"
 

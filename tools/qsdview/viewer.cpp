@@ -1,6 +1,6 @@
 #include "qsdview/viewer.h"
 
-#include "output_check.h"
+#include "command/output_check.h"
 #include "qsdview/print.h"
 
 #include <algorithm>

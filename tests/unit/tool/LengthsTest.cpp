@@ -1,4 +1,4 @@
-#include "lengths.h"
+#include "values/lengths.h"
 
 #include <gtest/gtest.h>
 

@@ -180,7 +180,7 @@ TEST(Stroker, LinesOfTooManyDashesAreSolidAndTold)
     EXPECT_EQ(asRectangle(strokeArea(line(), style, {Matrix(), 1, 0.5, {}}, report)), (QsdRect{0, -5, 100, 10}));
     std::ostringstream told;
     report.print(told, "in");
-    EXPECT_EQ(told.str(), "in: warning: 1 x line of too many dashes approximated\n");
+    EXPECT_EQ(told.str(), "in: 1 line drawn without its dashes: there are too many\n");
 }
 
 TEST(Stroker, AnyOffsetIsAPlaceInThePattern)

@@ -1,8 +1,8 @@
 // The texts of a page: strings or outlines.
+#include "drawing/bounds_canvas.h"
 #include "page/lettering.h"
 #include "page/painter.h"
 #include "page/text_painter.h"
-#include "svg/bounds_canvas.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +16,7 @@ namespace {
 /// A box that surely holds a text, whose true extent is the interpreter's affair.
 Box roomyBox(const TextChunk& chunk)
 {
-    const Box estimate = svg::estimateText(chunk);
+    const Box estimate = estimateText(chunk);
     const Box box = chunk.along ? chunk.along->controlBox() : estimate;
     double margin = estimate.width / 2 + estimate.height;
     for (const TextSpan& span : chunk.spans) {
