@@ -8,9 +8,9 @@ namespace qsdps {
 namespace {
 
 // Common proportions of Latin text, in ems.
-constexpr double kMeanAdvance = 0.5;
-constexpr double kAscent = 0.8;
-constexpr double kDescent = 0.2;
+constexpr double MeanAdvance = 0.5;
+constexpr double Ascent = 0.8;
+constexpr double Descent = 0.2;
 
 std::size_t countCharacters(const std::string& utf8)
 {
@@ -26,23 +26,26 @@ Box estimateText(const TextChunk& chunk)
     for (const TextSpan& span : chunk.spans) {
         size = std::max(size, span.font.size);
         const auto count = static_cast<double>(countCharacters(span.text));
-        width += span.textLength.value_or(count * (span.font.size * kMeanAdvance + span.letterSpacing)) + span.dx;
+        width += span.textLength.value_or(count * (span.font.size * MeanAdvance + span.letterSpacing)) + span.dx;
     }
     width = std::max(width, 0.0);
     double x = chunk.at.x;
-    if (chunk.anchor != TextAnchor::Start)
+    if (chunk.anchor != TextAnchor::Start) {
         x -= chunk.anchor == TextAnchor::Middle ? width / 2 : width;
-    return {x, chunk.at.y - size * kAscent, width, size * (kAscent + kDescent)};
+    }
+    return {x, chunk.at.y - size * Ascent, width, size * (Ascent + Descent)};
 }
 
 void BoundsCanvas::add(const Path& path, const Matrix& toPage, double margin)
 {
     const Matrix map = _fromPage * toPage;
-    if (!isFinite(path, map))
+    if (!isFinite(path, map)) {
         return;
+    }
     auto box = pathBounds(path.transformed(map));
-    if (!box)
+    if (!box) {
         return;
+    }
     const double grow = margin * map.meanScale();
     const Box grown{box->x - grow, box->y - grow, box->width + 2 * grow, box->height + 2 * grow};
     _box = _box ? unite(*_box, grown) : grown;
@@ -55,8 +58,9 @@ void BoundsCanvas::fill(const Path& path, FillRule, const Paint&, const Matrix& 
 
 void BoundsCanvas::stroke(const Path& path, const StrokeStyle& style, const Paint&, const Matrix& toPage)
 {
-    if (_withStrokes)
+    if (_withStrokes) {
         add(path, toPage, style.width / 2);
+    }
 }
 
 void BoundsCanvas::text(const TextChunk& chunk, const Matrix& toPage)

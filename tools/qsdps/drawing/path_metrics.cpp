@@ -27,23 +27,27 @@ double cubicAt(double p0, double p1, double p2, double p3, double t)
 void addCubic(Range& range, double p0, double p1, double p2, double p3)
 {
     range.add(p3);
-    if (p1 >= range.low && p1 <= range.high && p2 >= range.low && p2 <= range.high)
+    if (p1 >= range.low && p1 <= range.high && p2 >= range.low && p2 <= range.high) {
         return;
+    }
     const double a = p3 - p0 + 3 * (p1 - p2);
     const double b = 2 * (p0 - 2 * p1 + p2);
     const double c = p1 - p0;
     const auto addAt = [&](double t) {
-        if (t > 0 && t < 1)
+        if (t > 0 && t < 1) {
             range.add(cubicAt(p0, p1, p2, p3, t));
+        }
     };
     if (std::abs(a) < 1e-12 * (std::abs(b) + std::abs(c))) {
-        if (b != 0)
+        if (b != 0) {
             addAt(-c / b);
+        }
         return;
     }
     const double discriminant = b * b - 4 * a * c;
-    if (discriminant < 0)
+    if (discriminant < 0) {
         return;
+    }
     const double root = std::sqrt(discriminant);
     addAt((-b + root) / (2 * a));
     addAt((-b - root) / (2 * a));
@@ -56,11 +60,11 @@ double distance(Point a, Point b)
 
 double cubicLength(Point p0, Point p1, Point p2, Point p3)
 {
-    constexpr int kPieces = 32;
+    constexpr int Pieces = 32;
     double length = 0;
     Point from = p0;
-    for (int i = 1; i <= kPieces; ++i) {
-        const double t = static_cast<double>(i) / kPieces;
+    for (int i = 1; i <= Pieces; ++i) {
+        const double t = static_cast<double>(i) / Pieces;
         const Point to{cubicAt(p0.x, p1.x, p2.x, p3.x, t), cubicAt(p0.y, p1.y, p2.y, p3.y, t)};
         length += distance(from, to);
         from = to;
@@ -72,14 +76,16 @@ double cubicLength(Point p0, Point p1, Point p2, Point p3)
 
 std::optional<Box> pathBounds(const Path& path)
 {
-    if (path.points().empty())
+    if (path.points().empty()) {
         return {};
+    }
     Range x{path.points().front().x, path.points().front().x};
     Range y{path.points().front().y, path.points().front().y};
     const Point* p = path.points().data();
     for (const Path::Verb verb : path.verbs()) {
-        if (verb == Path::Verb::Close)
+        if (verb == Path::Verb::Close) {
             continue;
+        }
         if (verb == Path::Verb::Cubic) {
             addCubic(x, p[-1].x, p[0].x, p[1].x, p[2].x);
             addCubic(y, p[-1].y, p[0].y, p[1].y, p[2].y);

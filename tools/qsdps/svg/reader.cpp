@@ -16,8 +16,9 @@ std::string collapsed(std::string_view text)
     std::string result;
     for (const char c : trim(text)) {
         const bool blank = isSpace(c);
-        if (!blank || result.back() != ' ')
+        if (!blank || result.back() != ' ') {
             result += blank ? ' ' : c;
+        }
     }
     return result;
 }
@@ -27,8 +28,9 @@ std::string collapsed(std::string_view text)
 std::unique_ptr<SvgDrawing> SvgDrawing::load(std::string bytes, const SvgOptions& options, std::string& error)
 {
     auto document = svg::StyledDocument::load(std::move(bytes), options.baseFolder, error);
-    if (!document)
+    if (!document) {
         return nullptr;
+    }
     return std::unique_ptr<SvgDrawing>(new SvgDrawing(std::move(document), options));
 }
 
@@ -47,8 +49,9 @@ std::string SvgDrawing::title() const
 {
     const svg::Document& elements = _document->elements();
     for (const pugi::xml_node& child : elements.root().children()) {
-        if (elements.tag(child) == svg::Tag::Title)
+        if (elements.tag(child) == svg::Tag::Title) {
             return collapsed(svg::textOf(child));
+        }
     }
     return {};
 }

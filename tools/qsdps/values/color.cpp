@@ -12,8 +12,9 @@ namespace {
 
 int hexDigit(char c)
 {
-    if (isDigit(c))
+    if (isDigit(c)) {
         return c - '0';
+    }
     const char lower = toLower(c);
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
@@ -26,15 +27,17 @@ std::uint8_t toByte(double v)
 std::optional<Color> parseHex(std::string_view digits)
 {
     const std::size_t n = digits.size();
-    if (n != 3 && n != 4 && n != 6 && n != 8)
+    if (n != 3 && n != 4 && n != 6 && n != 8) {
         return {};
+    }
     const std::size_t width = n <= 4 ? 1 : 2;
     std::array<int, 4> channel{0, 0, 0, 255};
     for (std::size_t i = 0; i < n / width; ++i) {
         const int high = hexDigit(digits[i * width]);
         const int low = hexDigit(digits[i * width + width - 1]);
-        if (high < 0 || low < 0)
+        if (high < 0 || low < 0) {
             return {};
+        }
         channel[i] = high * 16 + low;
     }
     return Color{{toByte(channel[0]), toByte(channel[1]), toByte(channel[2])}, channel[3] / 255.0};
@@ -54,37 +57,44 @@ std::optional<std::array<Component, 4>> scanComponents(std::string_view text, st
     count = 0;
     while (!scanner.atEnd() && scanner.peek() != ')') {
         auto value = scanner.number();
-        if (!value || count == components.size())
+        if (!value || count == components.size()) {
             return {};
+        }
         const bool percent = scanner.take('%');
         const std::string_view unit = scanner.word();
-        if (unit == "rad")
+        if (unit == "rad") {
             *value *= 57.29577951308232;
-        else if (unit == "grad")
+        } else if (unit == "grad") {
             *value *= 0.9;
-        else if (unit == "turn")
+        } else if (unit == "turn") {
             *value *= 360;
-        else if (!unit.empty() && unit != "deg")
+        } else if (!unit.empty() && unit != "deg") {
             return {};
+        }
         components[count++] = {*value, percent};
         scanner.skipSeparator();
-        if (scanner.take('/'))
+        if (scanner.take('/')) {
             scanner.skipSpace();
+        }
     }
-    if (!scanner.take(')'))
+    if (!scanner.take(')')) {
         return {};
+    }
     return components;
 }
 
 double hueChannel(double low, double high, double hue)
 {
     hue -= std::floor(hue / 360) * 360;
-    if (hue < 60)
+    if (hue < 60) {
         return low + (high - low) * hue / 60;
-    if (hue < 180)
+    }
+    if (hue < 180) {
         return high;
-    if (hue < 240)
+    }
+    if (hue < 240) {
         return low + (high - low) * (240 - hue) / 60;
+    }
     return low;
 }
 
@@ -103,14 +113,17 @@ std::optional<Color> parseFunction(std::string_view name, std::string_view argum
 {
     std::size_t count = 0;
     const auto components = scanComponents(arguments, count);
-    if (!components || count < 3)
+    if (!components || count < 3) {
         return {};
+    }
     const auto& c = *components;
     const double alpha = count < 4 ? 1 : std::clamp(c[3].percent ? c[3].value / 100 : c[3].value, 0.0, 1.0);
-    if (equalsNoCase(name, "hsl") || equalsNoCase(name, "hsla"))
+    if (equalsNoCase(name, "hsl") || equalsNoCase(name, "hsla")) {
         return Color{fromHsl(c[0].value, c[1].value / 100, c[2].value / 100), alpha};
-    if (!equalsNoCase(name, "rgb") && !equalsNoCase(name, "rgba"))
+    }
+    if (!equalsNoCase(name, "rgb") && !equalsNoCase(name, "rgba")) {
         return {};
+    }
     const auto channel = [](const Component& v) { return toByte(v.percent ? v.value * 255 / 100 : v.value); };
     return Color{{channel(c[0]), channel(c[1]), channel(c[2])}, alpha};
 }
@@ -120,20 +133,26 @@ std::optional<Color> parseFunction(std::string_view name, std::string_view argum
 std::optional<Color> parseColor(std::string_view text)
 {
     text = trim(text);
-    if (text.empty())
+    if (text.empty()) {
         return {};
-    if (text.front() == '#')
+    }
+    if (text.front() == '#') {
         return parseHex(text.substr(1));
+    }
     Scanner scanner(text);
     const std::string_view name = scanner.word();
-    if (scanner.take('('))
+    if (scanner.take('(')) {
         return parseFunction(name, scanner.rest());
-    if (!scanner.atEnd())
+    }
+    if (!scanner.atEnd()) {
         return {};
-    if (equalsNoCase(name, "transparent"))
+    }
+    if (equalsNoCase(name, "transparent")) {
         return Color{{}, 0};
-    if (const auto rgb = colorByName(name))
+    }
+    if (const auto rgb = colorByName(name)) {
         return Color{*rgb, 1};
+    }
     return {};
 }
 

@@ -15,7 +15,7 @@ struct NamedColor {
 };
 
 // Sorted by name.
-constexpr NamedColor kColors[] = {
+constexpr NamedColor Colors[] = {
     {"aliceblue", {240, 248, 255}},
     {"antiquewhite", {250, 235, 215}},
     {"aqua", {0, 255, 255}},
@@ -166,20 +166,22 @@ constexpr NamedColor kColors[] = {
     {"yellowgreen", {154, 205, 50}},
 };
 
-constexpr std::size_t kLongestName = 20;
+constexpr std::size_t LongestName = 20;
 
 } // namespace
 
 std::optional<Rgb> colorByName(std::string_view name)
 {
-    if (name.size() > kLongestName)
+    if (name.size() > LongestName) {
         return {};
+    }
     std::string lower(name);
     std::transform(lower.begin(), lower.end(), lower.begin(), toLower);
-    const auto* found = std::lower_bound(std::begin(kColors), std::end(kColors), lower,
+    const auto* found = std::lower_bound(std::begin(Colors), std::end(Colors), lower,
                                          [](const NamedColor& c, const std::string& key) { return c.name < key; });
-    if (found == std::end(kColors) || found->name != lower)
+    if (found == std::end(Colors) || found->name != lower) {
         return {};
+    }
     return found->rgb;
 }
 

@@ -16,10 +16,11 @@ bool isQuote(char c)
 std::size_t quotedSize(std::string_view text)
 {
     for (std::size_t i = 1; i < text.size(); ++i) {
-        if (text[i] == '\\')
+        if (text[i] == '\\') {
             ++i;
-        else if (text[i] == text.front() || text[i] == '\n')
+        } else if (text[i] == text.front() || text[i] == '\n') {
             return i + 1;
+        }
     }
     return text.size();
 }
@@ -36,16 +37,17 @@ std::size_t findOutside(std::string_view text, std::string_view stops)
     std::size_t depth = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char c = text[i];
-        if (c == '\\')
+        if (c == '\\') {
             ++i;
-        else if (isQuote(c))
+        } else if (isQuote(c)) {
             i += quotedSize(text.substr(i)) - 1;
-        else if (depth == 0 && stops.find(c) != stops.npos)
+        } else if (depth == 0 && stops.find(c) != stops.npos) {
             return i;
-        else if (c == '(' || c == '[' || c == '{')
+        } else if (c == '(' || c == '[' || c == '{') {
             ++depth;
-        else if ((c == ')' || c == ']' || c == '}') && depth > 0)
+        } else if ((c == ')' || c == ']' || c == '}') && depth > 0) {
             --depth;
+        }
     }
     return text.size();
 }
@@ -60,13 +62,14 @@ std::size_t bracketSize(std::string_view text)
 std::size_t findFunction(std::string_view text, std::string_view name)
 {
     for (std::size_t i = 0; i + name.size() <= text.size(); ++i) {
-        if (text[i] == '\\')
+        if (text[i] == '\\') {
             ++i;
-        else if (isQuote(text[i]))
+        } else if (isQuote(text[i])) {
             i += quotedSize(text.substr(i)) - 1;
-        else if (toLower(text[i]) == name.front() && (i == 0 || !isNameChar(text[i - 1])) &&
-                 equalsNoCase(text.substr(i, name.size()), name))
+        } else if (toLower(text[i]) == name.front() && (i == 0 || !isNameChar(text[i - 1])) &&
+                   equalsNoCase(text.substr(i, name.size()), name)) {
             return i;
+        }
     }
     return text.size();
 }
@@ -74,18 +77,20 @@ std::size_t findFunction(std::string_view text, std::string_view name)
 std::string_view unquoted(std::string_view text)
 {
     text = trim(text);
-    if (text.size() >= 2 && isQuote(text.front()) && text.back() == text.front())
+    if (text.size() >= 2 && isQuote(text.front()) && text.back() == text.front()) {
         text = trim(text.substr(1, text.size() - 2));
+    }
     return text;
 }
 
 std::string_view takeUrl(std::string_view& text)
 {
-    constexpr std::string_view kUrl = "url";
-    if (!equalsNoCase(text.substr(0, kUrl.size() + 1), "url("))
+    constexpr std::string_view Url = "url";
+    if (!equalsNoCase(text.substr(0, Url.size() + 1), "url(")) {
         return {};
+    }
     // What is not quoted ends with the next parenthesis, whatever stands before it.
-    const std::string_view inside = text.substr(kUrl.size() + 1);
+    const std::string_view inside = text.substr(Url.size() + 1);
     const bool quoted = !trim(inside).empty() && isQuote(trim(inside).front());
     const std::size_t end = quoted ? findOutside(inside, ")") : std::min(inside.find(')'), inside.size());
     text = inside.substr(std::min(end + 1, inside.size()));
@@ -95,10 +100,12 @@ std::string_view takeUrl(std::string_view& text)
 std::string withoutComments(std::string_view text)
 {
     text = trim(text);
-    if (text.starts_with("<!--"))
+    if (text.starts_with("<!--")) {
         text.remove_prefix(4);
-    if (text.ends_with("-->"))
+    }
+    if (text.ends_with("-->")) {
         text.remove_suffix(3);
+    }
     std::string out;
     std::size_t kept = 0;
     std::size_t i = 0;
@@ -118,11 +125,12 @@ std::string withoutComments(std::string_view text)
 
 std::string quotedForMessage(std::string_view text)
 {
-    constexpr std::size_t kLongest = 60;
+    constexpr std::size_t Longest = 60;
     std::string out = "'";
     for (const char c : trim(text)) {
-        if (out.size() > kLongest && (c & 0xC0) != 0x80)
+        if (out.size() > Longest && (c & 0xC0) != 0x80) {
             return out + "...'";
+        }
         out.push_back((c & 0x80) == 0 && (c < ' ' || c == 0x7F) ? ' ' : c);
     }
     return out + "'";

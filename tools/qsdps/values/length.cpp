@@ -15,7 +15,7 @@ struct UnitName {
 };
 
 // The first name of a unit is the one it is written with.
-constexpr UnitName kUnits[] = {
+constexpr UnitName UnitNames[] = {
     {"px", Unit::User}, {"", Unit::User}, {"em", Unit::Em}, {"ex", Unit::Ex},     {"rem", Unit::Rem},
     {"in", Unit::In},   {"cm", Unit::Cm}, {"mm", Unit::Mm}, {"q", Unit::Q},       {"pt", Unit::Pt},
     {"pc", Unit::Pc},   {"vw", Unit::Vw}, {"vh", Unit::Vh}, {"%", Unit::Percent},
@@ -23,13 +23,16 @@ constexpr UnitName kUnits[] = {
 
 std::optional<Length> scanLength(Scanner& scanner)
 {
-    if (const auto sum = scanCalc(scanner))
+    if (const auto sum = scanCalc(scanner)) {
         return sum->asLength();
+    }
     const auto value = scanner.number();
-    if (!value)
+    if (!value) {
         return {};
-    if (scanner.take('%'))
+    }
+    if (scanner.take('%')) {
         return Length{*value, Unit::Percent};
+    }
     const auto unit = unitByName(scanner.word());
     return unit ? std::optional(Length{*value, *unit}) : std::nullopt;
 }
@@ -84,18 +87,20 @@ double resolveUnit(double value, Unit unit, double whole, const LengthBase& base
 
 std::optional<Unit> unitByName(std::string_view name)
 {
-    for (const UnitName& known : kUnits) {
-        if (equalsNoCase(name, known.name))
+    for (const UnitName& known : UnitNames) {
+        if (equalsNoCase(name, known.name)) {
             return known.unit;
+        }
     }
     return {};
 }
 
 std::string_view nameOf(Unit unit)
 {
-    for (const UnitName& known : kUnits) {
-        if (unit == known.unit)
+    for (const UnitName& known : UnitNames) {
+        if (unit == known.unit) {
             return known.name;
+        }
     }
     return {};
 }
@@ -113,8 +118,9 @@ std::optional<std::vector<Length>> parseLengthList(std::string_view text)
     Scanner scanner(trim(text));
     while (!scanner.atEnd()) {
         const auto length = scanLength(scanner);
-        if (!length)
+        if (!length) {
             return {};
+        }
         lengths.push_back(*length);
         scanner.skipSeparator();
     }
@@ -123,8 +129,9 @@ std::optional<std::vector<Length>> parseLengthList(std::string_view text)
 
 bool hasPercent(const Length& length)
 {
-    if (length.sum)
+    if (length.sum) {
         return (*length.sum)[static_cast<std::size_t>(Unit::Percent)] != 0;
+    }
     return length.unit == Unit::Percent;
 }
 
@@ -137,8 +144,9 @@ double resolve(const Length& length, double whole, const LengthBase& base)
 {
     double value = 0;
     if (length.sum) {
-        for (std::size_t i = 0; i < kUnitCount; ++i)
+        for (std::size_t i = 0; i < UnitCount; ++i) {
             value += (*length.sum)[i] == 0 ? 0 : resolveUnit((*length.sum)[i], static_cast<Unit>(i), whole, base);
+        }
     } else {
         value = resolveUnit(length.value, length.unit, whole, base);
     }

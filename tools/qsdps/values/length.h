@@ -11,10 +11,10 @@ namespace qsdps {
 
 enum class Unit : unsigned char { User, Percent, Em, Ex, Rem, In, Cm, Mm, Q, Pt, Pc, Vw, Vh };
 
-inline constexpr std::size_t kUnitCount = 13;
+inline constexpr std::size_t UnitCount = 13;
 
 /// A sum of lengths: how much there is of each unit, in the order of Unit.
-using LengthSum = std::array<double, kUnitCount>;
+using LengthSum = std::array<double, UnitCount>;
 
 struct Length {
     double value = 0;

@@ -32,14 +32,15 @@ void StyleSheets::add(std::vector<RuleSet> rules)
 void StyleSheets::file(std::size_t rule)
 {
     const Compound& last = _rules[rule].selector.compounds.back();
-    if (!last.id.empty())
+    if (!last.id.empty()) {
         _byId[last.id].push_back(rule);
-    else if (!last.classes.empty())
+    } else if (!last.classes.empty()) {
         _byClass[last.classes.front()].push_back(rule);
-    else if (!last.tag.empty())
+    } else if (!last.tag.empty()) {
         _byTag[last.tag].push_back(rule);
-    else
+    } else {
         _others.push_back(rule);
+    }
 }
 
 void StyleSheets::collect(const pugi::xml_node& element, std::vector<const Declaration*>& out, std::size_t& work) const
@@ -52,8 +53,9 @@ void StyleSheets::collect(const pugi::xml_node& element, std::vector<const Decla
     };
     const auto look = [&](const Index& index, std::string_view key) {
         const auto at = index.find(key);
-        if (at != index.end())
+        if (at != index.end()) {
             choose(at->second);
+        }
     };
     choose(_others);
     look(_byTag, localName(element));

@@ -8,7 +8,7 @@ namespace qsdps::svg {
 namespace {
 
 /// Conditions inside of conditions; each level takes stack.
-constexpr int kMaxNesting = 16;
+constexpr int MaxNesting = 16;
 
 /// In the order of how much they hold, so that "and" is the least of two and "or" the most.
 enum class Truth : unsigned char { No, Unknown, Yes };
@@ -21,11 +21,13 @@ Truth inverse(Truth truth)
 Truth feature(std::string_view text)
 {
     const std::size_t colon = std::min(text.find(':'), text.size());
-    if (!equalsNoCase(trim(text.substr(0, colon)), "prefers-color-scheme"))
+    if (!equalsNoCase(trim(text.substr(0, colon)), "prefers-color-scheme")) {
         return Truth::Unknown;
+    }
     const std::string_view value = trim(text.substr(std::min(colon + 1, text.size())));
-    if (equalsNoCase(value, "dark"))
+    if (equalsNoCase(value, "dark")) {
         return Truth::No;
+    }
     return colon == text.size() || equalsNoCase(value, "light") ? Truth::Yes : Truth::Unknown;
 }
 
@@ -38,16 +40,18 @@ public:
         const Scanner start = _scanner;
         std::string_view word = nextWord();
         const bool negative = equalsNoCase(word, "not");
-        if (negative || equalsNoCase(word, "only"))
+        if (negative || equalsNoCase(word, "only")) {
             word = nextWord();
+        }
         if (word.empty()) {
             _scanner = start;
             return condition();
         }
         Truth truth = equalsNoCase(word, "all") || equalsNoCase(word, "print") ? Truth::Yes : Truth::No;
         while (!_scanner.atEnd()) {
-            if (!equalsNoCase(nextWord(), "and"))
+            if (!equalsNoCase(nextWord(), "and")) {
                 return Truth::Unknown;
+            }
             truth = std::min(truth, part());
         }
         return negative ? inverse(truth) : truth;
@@ -58,12 +62,13 @@ public:
         Truth truth = part();
         while (!_scanner.atEnd()) {
             const std::string_view word = nextWord();
-            if (equalsNoCase(word, "and"))
+            if (equalsNoCase(word, "and")) {
                 truth = std::min(truth, part());
-            else if (equalsNoCase(word, "or"))
+            } else if (equalsNoCase(word, "or")) {
                 truth = std::max(truth, part());
-            else
+            } else {
                 return Truth::Unknown;
+            }
         }
         return truth;
     }
@@ -81,8 +86,9 @@ private:
     {
         const bool negative = equalsNoCase(nextWord(), "not");
         const std::string_view rest = _scanner.rest();
-        if (!rest.starts_with('(') || _nesting == kMaxNesting)
+        if (!rest.starts_with('(') || _nesting == MaxNesting) {
             return Truth::Unknown;
+        }
         const std::size_t size = bracketSize(rest);
         _scanner.advance(size);
         _scanner.skipSpace();
@@ -100,21 +106,25 @@ private:
 
 bool mediaApplies(std::string_view queries, const SheetFault& tell)
 {
-    if (trim(queries).empty())
+    if (trim(queries).empty()) {
         return true;
+    }
     std::string_view unknown;
     while (!queries.empty()) {
         const std::size_t comma = findOutside(queries, ",");
         const std::string_view query = trim(queries.substr(0, comma));
         queries.remove_prefix(std::min(queries.size(), comma + 1));
         const Truth truth = QueryReader(query).query();
-        if (truth == Truth::Yes)
+        if (truth == Truth::Yes) {
             return true;
-        if (truth == Truth::Unknown && unknown.empty())
+        }
+        if (truth == Truth::Unknown && unknown.empty()) {
             unknown = query;
+        }
     }
-    if (!unknown.empty())
+    if (!unknown.empty()) {
         tell("style sheet part skipped: media query " + quotedForMessage(unknown) + " is not known");
+    }
     return false;
 }
 

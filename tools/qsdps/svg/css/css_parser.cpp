@@ -11,13 +11,14 @@ namespace qsdps::svg {
 namespace {
 
 /// @media inside of @media; each level takes stack.
-constexpr int kMaxNesting = 16;
+constexpr int MaxNesting = 16;
 
 std::optional<Declaration> parseDeclaration(std::string_view text)
 {
     const std::size_t colon = text.find(':');
-    if (colon == text.npos)
+    if (colon == text.npos) {
         return {};
+    }
     Declaration declaration{trim(text.substr(0, colon)), trim(text.substr(colon + 1))};
     const std::size_t mark = declaration.value.rfind('!');
     if (mark != text.npos && equalsNoCase(trim(declaration.value.substr(mark + 1)), "important")) {
@@ -49,10 +50,11 @@ public:
                 _tell("end of a style sheet skipped: no block follows " + quotedForMessage(prelude));
                 return;
             }
-            if (at)
+            if (at) {
                 atRule(prelude, block, nesting);
-            else
+            } else {
                 rule(prelude, block);
+            }
         }
     }
 
@@ -69,8 +71,9 @@ private:
             _tell("style sheet rule skipped: " + fault);
             return;
         }
-        if (!fault.empty())
+        if (!fault.empty()) {
             _tell("part of :is() or :where() skipped: " + fault);
+        }
         set.selectors = std::move(*selectors);
         parseDeclarations(block, set.declarations, _tell);
         _sheet.rules.push_back(std::move(set));
@@ -79,18 +82,20 @@ private:
     void atRule(std::string_view prelude, std::string_view block, int nesting)
     {
         std::size_t n = 1;
-        while (n < prelude.size() && isNameChar(prelude[n]))
+        while (n < prelude.size() && isNameChar(prelude[n])) {
             ++n;
+        }
         const std::string_view name = prelude.substr(1, n - 1);
         const std::string_view rest = trim(prelude.substr(n));
         if (equalsNoCase(name, "import")) {
             import(rest);
         } else if (equalsNoCase(name, "media")) {
             _atBeginning = false;
-            if (nesting == kMaxNesting)
+            if (nesting == MaxNesting) {
                 _tell("style sheet part skipped: '@media' nests too deep");
-            else if (mediaApplies(rest, _tell))
+            } else if (mediaApplies(rest, _tell)) {
                 parse(block, nesting + 1);
+            }
         } else if (!equalsNoCase(name, "charset") && !namesSvg(name, rest)) {
             _tell("style sheet rule skipped: " + quotedForMessage(prelude.substr(0, n)) + " is not known");
         }
@@ -99,8 +104,9 @@ private:
     /// "@namespace url(http://www.w3.org/2000/svg)", which says what holds anyway.
     static bool namesSvg(std::string_view name, std::string_view rest)
     {
-        if (!equalsNoCase(name, "namespace"))
+        if (!equalsNoCase(name, "namespace")) {
             return false;
+        }
         const std::string_view url = takeUrl(rest);
         return (url.empty() ? unquoted(rest) : url) == "http://www.w3.org/2000/svg";
     }
@@ -118,10 +124,11 @@ private:
             target = trim(rest.substr(1, end - 1));
             rest = end == rest.npos ? std::string_view() : rest.substr(end + 1);
         }
-        if (target.empty())
+        if (target.empty()) {
             _tell("'@import' skipped: " + quotedForMessage(written) + " is not understood");
-        else if (mediaApplies(rest, _tell))
+        } else if (mediaApplies(rest, _tell)) {
             _sheet.imports.push_back(target);
+        }
     }
 
     const SheetFault& _tell;
@@ -144,8 +151,9 @@ void parseDeclarations(std::string_view text, std::vector<Declaration>& out, con
             continue;
         }
         text.remove_prefix(std::min<std::size_t>(text.size(), 1));
-        if (const auto declaration = parseDeclaration(item))
+        if (const auto declaration = parseDeclaration(item)) {
             out.push_back(*declaration);
+        }
     }
 }
 

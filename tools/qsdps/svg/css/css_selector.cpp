@@ -9,21 +9,21 @@ namespace qsdps::svg {
 namespace {
 
 /// A selector longer than this is not something a person wrote; matching takes stack for each compound.
-constexpr std::size_t kMaxCompounds = 32;
+constexpr std::size_t MaxCompounds = 32;
 /// What a compound may ask for; each costs time wherever it is compared.
-constexpr std::size_t kMaxParts = 64;
+constexpr std::size_t MaxParts = 64;
 /// Selectors inside of :not() and :is(), each level of which takes stack too.
-constexpr int kMaxNesting = 8;
+constexpr int MaxNesting = 8;
 
 std::optional<std::vector<Selector>> parseList(std::string_view text, int nesting, std::string& fault, bool forgiving);
 
 /// The whole number at the front, which the text loses; large ones are cut, since no element has that many siblings.
 std::int64_t takeWhole(std::string_view& text)
 {
-    constexpr std::int64_t kLargest = 1'000'000'000;
+    constexpr std::int64_t Largest = 1'000'000'000;
     std::int64_t value = 0;
     while (!text.empty() && isDigit(text.front())) {
-        value = std::min(kLargest, value * 10 + (text.front() - '0'));
+        value = std::min(Largest, value * 10 + (text.front() - '0'));
         text.remove_prefix(1);
     }
     return value;
@@ -32,8 +32,9 @@ std::int64_t takeWhole(std::string_view& text)
 /// The sign at the front, which the text loses; 0 where there is none.
 int takeSign(std::string_view& text)
 {
-    if (text.empty() || (text.front() != '+' && text.front() != '-'))
+    if (text.empty() || (text.front() != '+' && text.front() != '-')) {
         return 0;
+    }
     const int sign = text.front() == '-' ? -1 : 1;
     text.remove_prefix(1);
     return sign;
@@ -64,12 +65,14 @@ bool parseNth(std::string_view text, PseudoTest& test)
     text = trim(text.substr(1));
     test.step = first;
     test.offset = 0;
-    if (text.empty())
+    if (text.empty()) {
         return true;
+    }
     const int offsetSign = takeSign(text);
     text = trim(text);
-    if (offsetSign == 0 || !startsWithDigit(text))
+    if (offsetSign == 0 || !startsWithDigit(text)) {
         return false;
+    }
     test.offset = offsetSign * takeWhole(text);
     return text.empty();
 }
@@ -82,7 +85,7 @@ struct SimplePseudo {
     bool last = false;  ///< of Nth: nothing of the kind stands behind
 };
 
-constexpr SimplePseudo kSimplePseudos[] = {
+constexpr SimplePseudo SimplePseudos[] = {
     {"root", PseudoTest::Kind::Root},
     {"empty", PseudoTest::Kind::Empty},
     {"first-child", PseudoTest::Kind::Nth, false, true, false},
@@ -99,7 +102,7 @@ struct CountingPseudo {
     bool fromEnd = false;
 };
 
-constexpr CountingPseudo kCountingPseudos[] = {
+constexpr CountingPseudo CountingPseudos[] = {
     {"nth-child"},
     {"nth-last-child", false, true},
     {"nth-of-type", true, false},
@@ -108,8 +111,9 @@ constexpr CountingPseudo kCountingPseudos[] = {
 
 void add(Specificity& to, const Specificity& more)
 {
-    for (std::size_t i = 0; i < to.size(); ++i)
+    for (std::size_t i = 0; i < to.size(); ++i) {
         to[i] += more[i];
+    }
 }
 
 class SelectorParser {
@@ -124,16 +128,19 @@ public:
         Combinator before = Combinator::Descendant;
         while (!_text.empty()) {
             auto compound = parseCompound();
-            if (!compound)
+            if (!compound) {
                 return {};
-            if (_selector.compounds.size() == kMaxCompounds)
+            }
+            if (_selector.compounds.size() == MaxCompounds) {
                 return fail("is too long", _whole);
+            }
             compound->before = before;
             _selector.compounds.push_back(std::move(*compound));
             before = takeCombinator();
         }
-        if (_selector.compounds.empty() || before != Combinator::Descendant)
+        if (_selector.compounds.empty() || before != Combinator::Descendant) {
             return fail("is not understood", _whole);
+        }
         return std::move(_selector);
     }
 
@@ -141,16 +148,18 @@ private:
     /// Keeps the first reason.
     std::nullopt_t fail(std::string_view reason, std::string_view part)
     {
-        if (_fault.empty())
+        if (_fault.empty()) {
             _fault = "selector " + quotedForMessage(part) + " " + std::string(reason);
+        }
         return std::nullopt;
     }
 
     std::string_view name()
     {
         std::size_t n = 0;
-        while (n < _text.size() && isNameChar(_text[n]))
+        while (n < _text.size() && isNameChar(_text[n])) {
             ++n;
+        }
         const std::string_view result = _text.substr(0, n);
         _text.remove_prefix(n);
         return result;
@@ -160,8 +169,9 @@ private:
     {
         _text = trim(_text);
         const char mark = _text.empty() ? '\0' : _text.front();
-        if (mark != '>' && mark != '+' && mark != '~')
+        if (mark != '>' && mark != '+' && mark != '~') {
             return Combinator::Descendant;
+        }
         _text = trim(_text.substr(1));
         return mark == '>' ? Combinator::Child : mark == '+' ? Combinator::NextSibling : Combinator::LaterSibling;
     }
@@ -178,82 +188,95 @@ private:
         }
         while (!_text.empty() && std::string_view(".#[:").find(_text.front()) != std::string_view::npos) {
             const char mark = _text.front();
-            if (compound.classes.size() + compound.attributes.size() + compound.pseudos.size() >= kMaxParts)
+            if (compound.classes.size() + compound.attributes.size() + compound.pseudos.size() >= MaxParts) {
                 return fail("is too long", _whole);
+            }
             _text.remove_prefix(1);
-            if (!parsePart(mark, compound))
+            if (!parsePart(mark, compound)) {
                 return fail("is not understood", _whole);
+            }
         }
-        constexpr std::string_view kEnds = " \t\r\n\f>+~";
-        if (_text.size() == before || (!_text.empty() && kEnds.find(_text.front()) == kEnds.npos))
+        constexpr std::string_view Ends = " \t\r\n\f>+~";
+        if (_text.size() == before || (!_text.empty() && Ends.find(_text.front()) == Ends.npos)) {
             return fail("is not understood", _whole);
+        }
         return compound;
     }
 
     bool parsePart(char mark, Compound& compound)
     {
-        if (mark == ':')
+        if (mark == ':') {
             return parsePseudo(compound);
+        }
         add(_selector.specificity, mark == '#' ? Specificity{1, 0, 0} : Specificity{0, 1, 0});
-        if (mark == '[')
+        if (mark == '[') {
             return parseAttribute(compound);
+        }
         const std::string_view part = name();
-        if (mark == '.')
+        if (mark == '.') {
             compound.classes.push_back(part);
-        else if (compound.id.empty())
+        } else if (compound.id.empty()) {
             compound.id = part;
-        else
+        } else {
             compound.attributes.push_back({AttributeTest::Kind::Equals, "id", part});
+        }
         return !part.empty();
     }
 
     bool parsePseudo(Compound& compound)
     {
         const std::string_view start = _text;
-        if (_text.starts_with(':'))
+        if (_text.starts_with(':')) {
             _text.remove_prefix(1);
+        }
         const std::string_view pseudo = name();
         const bool element = start.starts_with(':');
         std::string_view arguments;
         const bool call = _text.starts_with('(');
         if (call) {
             const std::size_t size = bracketSize(_text);
-            if (_text[size - 1] != ')')
+            if (_text[size - 1] != ')') {
                 return false;
+            }
             arguments = _text.substr(1, size - 2);
             _text.remove_prefix(size);
         }
         const bool known = !element && (call ? parseCall(pseudo, arguments, compound) : parseSimple(pseudo, compound));
-        if (known)
+        if (known) {
             return true;
+        }
         fail("is not known", {start.data() - 1, static_cast<std::size_t>(_text.data() - start.data()) + 1});
         return false;
     }
 
     bool parseSimple(std::string_view pseudo, Compound& compound)
     {
-        const auto* found = std::find_if(std::begin(kSimplePseudos), std::end(kSimplePseudos),
+        const auto* found = std::find_if(std::begin(SimplePseudos), std::end(SimplePseudos),
                                          [&](const SimplePseudo& known) { return equalsNoCase(pseudo, known.name); });
-        if (found == std::end(kSimplePseudos))
+        if (found == std::end(SimplePseudos)) {
             return false;
+        }
         add(_selector.specificity, {0, 1, 0});
         PseudoTest test;
         test.kind = found->kind;
         test.ofType = found->ofType;
-        if (test.kind != PseudoTest::Kind::Nth || found->first)
+        if (test.kind != PseudoTest::Kind::Nth || found->first) {
             compound.pseudos.push_back(test);
+        }
         test.fromEnd = true;
-        if (found->last)
+        if (found->last) {
             compound.pseudos.push_back(test);
+        }
         return true;
     }
 
     bool parseCall(std::string_view pseudo, std::string_view arguments, Compound& compound)
     {
         PseudoTest test;
-        for (const CountingPseudo& counting : kCountingPseudos) {
-            if (!equalsNoCase(pseudo, counting.name))
+        for (const CountingPseudo& counting : CountingPseudos) {
+            if (!equalsNoCase(pseudo, counting.name)) {
                 continue;
+            }
             test.kind = PseudoTest::Kind::Nth;
             test.ofType = counting.ofType;
             test.fromEnd = counting.fromEnd;
@@ -263,17 +286,21 @@ private:
         }
         const bool negative = equalsNoCase(pseudo, "not");
         const bool weightless = equalsNoCase(pseudo, "where");
-        if (!negative && !weightless && !equalsNoCase(pseudo, "is"))
+        if (!negative && !weightless && !equalsNoCase(pseudo, "is")) {
             return false;
+        }
         auto list = parseList(arguments, _nesting + 1, _fault, !negative);
-        if (!list)
+        if (!list) {
             return false;
+        }
         test.kind = negative ? PseudoTest::Kind::Not : PseudoTest::Kind::Is;
         Specificity most{};
-        for (const Selector& selector : *list)
+        for (const Selector& selector : *list) {
             most = std::max(most, selector.specificity);
-        if (!weightless)
+        }
+        if (!weightless) {
             add(_selector.specificity, most);
+        }
         test.list = std::move(*list);
         compound.pseudos.push_back(std::move(test));
         return true;
@@ -282,8 +309,9 @@ private:
     bool parseAttribute(Compound& compound)
     {
         const std::size_t end = findOutside(_text, "]");
-        if (end == _text.size())
+        if (end == _text.size()) {
             return false;
+        }
         std::string_view body = trim(_text.substr(0, end));
         _text.remove_prefix(end + 1);
         AttributeTest test;
@@ -293,18 +321,19 @@ private:
         if (const std::size_t equals = body.find('='); equals != body.npos) {
             const std::string_view written = trim(body.substr(equals + 1));
             const bool quoted = written.starts_with('"') || written.starts_with('\'');
-            if (quoted ? written.size() < 2 || written.back() != written.front() : !isName(written))
+            if (quoted ? written.size() < 2 || written.back() != written.front() : !isName(written)) {
                 return false;
+            }
             test.value = quoted ? written.substr(1, written.size() - 2) : written;
             body = body.substr(0, equals);
             test.kind = AttributeTest::Kind::Equals;
-            constexpr std::string_view kMarks = "~|^$*";
-            const std::size_t mark = body.empty() ? kMarks.npos : kMarks.find(body.back());
-            if (mark != kMarks.npos) {
-                constexpr AttributeTest::Kind kKinds[] = {AttributeTest::Kind::Word, AttributeTest::Kind::Language,
-                                                          AttributeTest::Kind::Prefix, AttributeTest::Kind::Suffix,
-                                                          AttributeTest::Kind::Contains};
-                test.kind = kKinds[mark];
+            constexpr std::string_view Marks = "~|^$*";
+            const std::size_t mark = body.empty() ? Marks.npos : Marks.find(body.back());
+            if (mark != Marks.npos) {
+                constexpr AttributeTest::Kind Kinds[] = {AttributeTest::Kind::Word, AttributeTest::Kind::Language,
+                                                         AttributeTest::Kind::Prefix, AttributeTest::Kind::Suffix,
+                                                         AttributeTest::Kind::Contains};
+                test.kind = Kinds[mark];
                 body.remove_suffix(1);
             }
         }
@@ -323,7 +352,7 @@ private:
 /// A forgiving list passes over selectors that it does not understand, and has the first of them in `fault`.
 std::optional<std::vector<Selector>> parseList(std::string_view text, int nesting, std::string& fault, bool forgiving)
 {
-    if (nesting > kMaxNesting) {
+    if (nesting > MaxNesting) {
         fault = "selectors inside of selectors nest too deep";
         return {};
     }
@@ -335,12 +364,14 @@ std::optional<std::vector<Selector>> parseList(std::string_view text, int nestin
         std::string ownFault;
         auto selector = SelectorParser(text.substr(0, comma), nesting, ownFault).run();
         text.remove_prefix(std::min(text.size(), comma + 1));
-        if (!ownFault.empty() && fault.empty())
+        if (!ownFault.empty() && fault.empty()) {
             fault = ownFault;
-        if (selector)
+        }
+        if (selector) {
             selectors.push_back(std::move(*selector));
-        else if (!forgiving)
+        } else if (!forgiving) {
             return {};
+        }
     }
     return selectors;
 }

@@ -34,16 +34,18 @@ bool applyKeyword(T& to, std::string_view text, const Keyword<T> (&keywords)[N])
 bool applyFraction(double& to, std::string_view text)
 {
     const auto value = parseFraction(text);
-    if (value)
+    if (value) {
         to = std::clamp(*value, 0.0, 1.0);
+    }
     return value.has_value();
 }
 
 bool applyLength(Length& to, std::string_view text)
 {
     const auto value = parseLength(text);
-    if (value)
+    if (value) {
         to = *value;
+    }
     return value.has_value();
 }
 
@@ -60,8 +62,9 @@ bool applySpacing(Length& to, std::string_view text)
 bool applyReference(std::string_view& to, std::string_view text)
 {
     const std::string_view id = parseUrl(text);
-    if (id.empty() && text != "none")
+    if (id.empty() && text != "none") {
         return false;
+    }
     to = id;
     return true;
 }
@@ -79,8 +82,9 @@ bool applySolid(PaintSpec::Kind& kind, Color& color, std::string_view text)
     }
     text = trim(text.substr(0, text.find("icc-color")));
     const auto parsed = parseColor(text);
-    if (!parsed)
+    if (!parsed) {
         return false;
+    }
     kind = PaintSpec::Kind::Color;
     color = *parsed;
     return true;
@@ -91,13 +95,15 @@ bool applyPaint(PaintSpec& to, std::string_view text)
     PaintSpec paint;
     if (text.starts_with("url(")) {
         const std::size_t close = text.find(')');
-        if (close == text.npos)
+        if (close == text.npos) {
             return false;
+        }
         paint.kind = PaintSpec::Kind::Reference;
         paint.reference = parseUrl(text.substr(0, close + 1));
         const std::string_view fallback = trim(text.substr(close + 1));
-        if (!fallback.empty() && !applySolid(paint.fallback, paint.color, fallback))
+        if (!fallback.empty() && !applySolid(paint.fallback, paint.color, fallback)) {
             return false;
+        }
     } else if (text == "context-fill") {
         paint.kind = PaintSpec::Kind::ContextFill;
     } else if (text == "context-stroke") {
@@ -109,21 +115,21 @@ bool applyPaint(PaintSpec& to, std::string_view text)
     return true;
 }
 
-constexpr Keyword<FillRule> kFillRules[] = {{"nonzero", FillRule::NonZero}, {"evenodd", FillRule::EvenOdd}};
-constexpr Keyword<LineCap> kCaps[] = {{"butt", LineCap::Butt}, {"round", LineCap::Round}, {"square", LineCap::Square}};
-constexpr Keyword<LineJoin> kJoins[] = {{"miter", LineJoin::Miter},
-                                        {"miter-clip", LineJoin::Miter},
-                                        {"arcs", LineJoin::Miter},
-                                        {"round", LineJoin::Round},
-                                        {"bevel", LineJoin::Bevel}};
-constexpr Keyword<bool> kVisibilities[] = {{"visible", true}, {"hidden", false}, {"collapse", false}};
-constexpr Keyword<bool> kImageRenderings[] = {{"auto", true},       {"optimizequality", true},
-                                              {"smooth", true},     {"optimizespeed", false},
-                                              {"pixelated", false}, {"crisp-edges", false}};
-constexpr Keyword<bool> kFontStyles[] = {{"normal", false}, {"italic", true}, {"oblique", true}};
-constexpr Keyword<TextAnchor> kAnchors[] = {
+constexpr Keyword<FillRule> FillRules[] = {{"nonzero", FillRule::NonZero}, {"evenodd", FillRule::EvenOdd}};
+constexpr Keyword<LineCap> Caps[] = {{"butt", LineCap::Butt}, {"round", LineCap::Round}, {"square", LineCap::Square}};
+constexpr Keyword<LineJoin> Joins[] = {{"miter", LineJoin::Miter},
+                                       {"miter-clip", LineJoin::Miter},
+                                       {"arcs", LineJoin::Miter},
+                                       {"round", LineJoin::Round},
+                                       {"bevel", LineJoin::Bevel}};
+constexpr Keyword<bool> Visibilities[] = {{"visible", true}, {"hidden", false}, {"collapse", false}};
+constexpr Keyword<bool> ImageRenderings[] = {{"auto", true},       {"optimizequality", true},
+                                             {"smooth", true},     {"optimizespeed", false},
+                                             {"pixelated", false}, {"crisp-edges", false}};
+constexpr Keyword<bool> FontStyles[] = {{"normal", false}, {"italic", true}, {"oblique", true}};
+constexpr Keyword<TextAnchor> Anchors[] = {
     {"start", TextAnchor::Start}, {"middle", TextAnchor::Middle}, {"end", TextAnchor::End}};
-constexpr Keyword<Baseline> kBaselines[] = {
+constexpr Keyword<Baseline> Baselines[] = {
     {"auto", Baseline::Alphabetic},          {"baseline", Baseline::Alphabetic},
     {"alphabetic", Baseline::Alphabetic},    {"middle", Baseline::Middle},
     {"central", Baseline::Central},          {"hanging", Baseline::Hanging},
@@ -132,19 +138,19 @@ constexpr Keyword<Baseline> kBaselines[] = {
     {"text-top", Baseline::TextTop},         {"text-bottom", Baseline::TextBottom},
     {"ideographic", Baseline::TextBottom},   {"mathematical", Baseline::Middle},
 };
-constexpr Keyword<bool> kSpaces[] = {{"default", false}, {"preserve", true}};
-constexpr Keyword<bool> kWhiteSpaces[] = {{"normal", false}, {"nowrap", false},  {"pre-line", false},
-                                          {"pre", true},     {"pre-wrap", true}, {"break-spaces", true}};
-constexpr Keyword<bool> kWritingModes[] = {{"lr", false},         {"lr-tb", false},      {"rl", false},
-                                           {"rl-tb", false},      {"tb", true},          {"tb-rl", true},
-                                           {"vertical-rl", true}, {"vertical-lr", true}, {"horizontal-tb", false}};
-constexpr Keyword<bool> kDirections[] = {{"ltr", false}, {"rtl", true}};
-constexpr Keyword<bool> kOverflows[] = {
+constexpr Keyword<bool> Spaces[] = {{"default", false}, {"preserve", true}};
+constexpr Keyword<bool> WhiteSpaces[] = {{"normal", false}, {"nowrap", false},  {"pre-line", false},
+                                         {"pre", true},     {"pre-wrap", true}, {"break-spaces", true}};
+constexpr Keyword<bool> WritingModes[] = {{"lr", false},         {"lr-tb", false},      {"rl", false},
+                                          {"rl-tb", false},      {"tb", true},          {"tb-rl", true},
+                                          {"vertical-rl", true}, {"vertical-lr", true}, {"horizontal-tb", false}};
+constexpr Keyword<bool> Directions[] = {{"ltr", false}, {"rtl", true}};
+constexpr Keyword<bool> Overflows[] = {
     {"visible", true}, {"auto", true}, {"hidden", false}, {"scroll", false}, {"clip", false}};
-constexpr Keyword<bool> kVectorEffects[] = {{"none", false}, {"non-scaling-stroke", true}};
-constexpr Keyword<bool> kMaskTypes[] = {{"luminance", false}, {"alpha", true}};
-constexpr Keyword<double> kFontSizes[] = {{"xx-small", 9.6}, {"x-small", 12}, {"small", 14.2}, {"medium", 16},
-                                          {"large", 19.2},   {"x-large", 24}, {"xx-large", 32}};
+constexpr Keyword<bool> VectorEffects[] = {{"none", false}, {"non-scaling-stroke", true}};
+constexpr Keyword<bool> MaskTypes[] = {{"luminance", false}, {"alpha", true}};
+constexpr Keyword<double> FontSizes[] = {{"xx-small", 9.6}, {"x-small", 12}, {"small", 14.2}, {"medium", 16},
+                                         {"large", 19.2},   {"x-large", 24}, {"xx-large", 32}};
 
 bool applyFontSize(Style& style, std::string_view text, const StyleBase& base)
 {
@@ -157,11 +163,13 @@ bool applyFontSize(Style& style, std::string_view text, const StyleBase& base)
         style.fontSize = parent / 1.2;
         return true;
     }
-    if (applyKeyword(style.fontSize, text, kFontSizes))
+    if (applyKeyword(style.fontSize, text, FontSizes)) {
         return true;
+    }
     auto length = parseLength(text);
-    if (!length || length->value < 0)
+    if (!length || length->value < 0) {
         return false;
+    }
     length->neverNegative = true;
     style.fontSize = resolve(*length, parent, {{}, parent, base.rootFontSize, base.dpi});
     return true;
@@ -180,8 +188,9 @@ bool applyFontWeight(Style& style, std::string_view text, const StyleBase& base)
         style.fontWeight = parent < 550 ? 100 : parent < 750 ? 400 : 700;
     } else {
         const auto value = parseNumber(text);
-        if (!value || *value < 1 || *value > 1000)
+        if (!value || *value < 1 || *value > 1000) {
             return false;
+        }
         style.fontWeight = std::clamp(static_cast<int>(*value), 100, 900);
     }
     return true;
@@ -199,34 +208,39 @@ bool applyFont(Style& to, std::string_view text, const StyleBase& base)
         text = trim(text.substr(end));
         const std::size_t slash = findOutside(word, "/");
         if (applyFontSize(style, word.substr(0, slash), base) && !parseNumber(word)) {
-            if (text.starts_with('/'))
+            if (text.starts_with('/')) {
                 text = trim(text.substr(std::min(text.find_first_of(" \t\r\n", 2), text.size())));
+            }
             style.fontFamily = text;
-            if (!text.empty())
+            if (!text.empty()) {
                 to = style;
+            }
             return !text.empty();
         }
-        if (!applyKeyword(style.italic, word, kFontStyles))
+        if (!applyKeyword(style.italic, word, FontStyles)) {
             applyFontWeight(style, word, base);
+        }
     }
     return false;
 }
 
 bool applyPaintOrder(Style& style, std::string_view text)
 {
-    constexpr Keyword<PaintStep> kSteps[] = {
+    constexpr Keyword<PaintStep> Steps[] = {
         {"fill", PaintStep::Fill}, {"stroke", PaintStep::Stroke}, {"markers", PaintStep::Markers}};
     auto order = Style().paintOrder;
     if (!equalsNoCase(text, "normal")) {
         Scanner scanner(text);
         for (std::size_t at = 0; !scanner.atEnd(); ++at) {
             PaintStep step{};
-            if (at == order.size() || !applyKeyword(step, scanner.word(), kSteps))
+            if (at == order.size() || !applyKeyword(step, scanner.word(), Steps)) {
                 return false;
+            }
             // What is named moves forward; the rest keeps its order.
             const auto from = std::find(order.begin() + static_cast<std::ptrdiff_t>(at), order.end(), step);
-            if (from == order.end())
+            if (from == order.end()) {
                 return false;
+            }
             std::rotate(order.begin() + static_cast<std::ptrdiff_t>(at), from, from + 1);
             scanner.skipSpace();
         }
@@ -248,8 +262,9 @@ bool applyDecoration(Style& style, std::string_view text, const Style& parent)
 bool applyStrokeWidth(Style& style, std::string_view text)
 {
     const auto width = parseLength(text);
-    if (!width || width->value < 0)
+    if (!width || width->value < 0) {
         return false;
+    }
     style.strokeWidth = *width;
     style.strokeWidth.neverNegative = true;
     return true;
@@ -262,10 +277,11 @@ bool applyDashArray(Style& style, std::string_view text)
         return true;
     }
     // The text is read for every stroke; no person writes a pattern this long.
-    constexpr std::size_t kLongest = 16384;
-    const auto dashes = text.size() <= kLongest ? parseLengthList(text) : std::nullopt;
-    if (!dashes || std::any_of(dashes->begin(), dashes->end(), [](const Length& dash) { return dash.value < 0; }))
+    constexpr std::size_t Longest = 16384;
+    const auto dashes = text.size() <= Longest ? parseLengthList(text) : std::nullopt;
+    if (!dashes || std::any_of(dashes->begin(), dashes->end(), [](const Length& dash) { return dash.value < 0; })) {
         return false;
+    }
     style.dashArray = text;
     return true;
 }
@@ -273,8 +289,9 @@ bool applyDashArray(Style& style, std::string_view text)
 bool applyMiterLimit(Style& style, std::string_view text)
 {
     const auto limit = parseNumber(text);
-    if (!limit || *limit < 1)
+    if (!limit || *limit < 1) {
         return false;
+    }
     style.miterLimit = *limit;
     return true;
 }
@@ -282,8 +299,9 @@ bool applyMiterLimit(Style& style, std::string_view text)
 bool applyColor(Style& style, std::string_view text)
 {
     const auto color = parseColor(text);
-    if (color)
+    if (color) {
         style.color = *color;
+    }
     return color || equalsNoCase(text, "currentcolor");
 }
 
@@ -291,8 +309,9 @@ bool applyStopColor(OwnStyle& own, std::string_view text)
 {
     const bool current = equalsNoCase(text, "currentcolor");
     const auto color = parseColor(text.substr(0, text.find("icc-color")));
-    if (!color && !current)
+    if (!color && !current) {
         return false;
+    }
     own.stopCurrent = current;
     own.stopColor = color.value_or(own.stopColor);
     return true;
@@ -319,7 +338,7 @@ bool keepText(Style&, Text, Base)
 }
 void keepNothing(Style&, const Style&) {}
 
-constexpr Property kProperties[] = {
+constexpr Property PropertyTable[] = {
     {"x", true, keepText, keepNothing},
     {"y", true, keepText, keepNothing},
     {"width", true, keepText, keepNothing},
@@ -334,8 +353,9 @@ constexpr Property kProperties[] = {
      copyMembers<&Style::fontFamily, &Style::fontSize, &Style::fontWeight, &Style::italic>},
     {"marker", false,
      [](Style& s, Text t, Base) {
-         if (!applyReference(s.markerStart, t))
+         if (!applyReference(s.markerStart, t)) {
              return false;
+}
          s.markerMid = s.markerEnd = s.markerStart;
          return true;
      },
@@ -344,18 +364,18 @@ constexpr Property kProperties[] = {
     {"fill", true, [](Style& s, Text t, Base) { return applyPaint(s.fill, t); }, copyMembers<&Style::fill>},
     {"fill-opacity", true, [](Style& s, Text t, Base) { return applyFraction(s.fillOpacity, t); },
      copyMembers<&Style::fillOpacity>},
-    {"fill-rule", true, [](Style& s, Text t, Base) { return applyKeyword(s.fillRule, t, kFillRules); },
+    {"fill-rule", true, [](Style& s, Text t, Base) { return applyKeyword(s.fillRule, t, FillRules); },
      copyMembers<&Style::fillRule>},
-    {"clip-rule", true, [](Style& s, Text t, Base) { return applyKeyword(s.clipRule, t, kFillRules); },
+    {"clip-rule", true, [](Style& s, Text t, Base) { return applyKeyword(s.clipRule, t, FillRules); },
      copyMembers<&Style::clipRule>},
     {"stroke", true, [](Style& s, Text t, Base) { return applyPaint(s.stroke, t); }, copyMembers<&Style::stroke>},
     {"stroke-opacity", true, [](Style& s, Text t, Base) { return applyFraction(s.strokeOpacity, t); },
      copyMembers<&Style::strokeOpacity>},
     {"stroke-width", true, [](Style& s, Text t, Base) { return applyStrokeWidth(s, t); },
      copyMembers<&Style::strokeWidth>},
-    {"stroke-linecap", true, [](Style& s, Text t, Base) { return applyKeyword(s.cap, t, kCaps); },
+    {"stroke-linecap", true, [](Style& s, Text t, Base) { return applyKeyword(s.cap, t, Caps); },
      copyMembers<&Style::cap>},
-    {"stroke-linejoin", true, [](Style& s, Text t, Base) { return applyKeyword(s.join, t, kJoins); },
+    {"stroke-linejoin", true, [](Style& s, Text t, Base) { return applyKeyword(s.join, t, Joins); },
      copyMembers<&Style::join>},
     {"stroke-miterlimit", true, [](Style& s, Text t, Base) { return applyMiterLimit(s, t); },
      copyMembers<&Style::miterLimit>},
@@ -372,9 +392,9 @@ constexpr Property kProperties[] = {
      copyMembers<&Style::markerMid>},
     {"marker-end", true, [](Style& s, Text t, Base) { return applyReference(s.markerEnd, t); },
      copyMembers<&Style::markerEnd>},
-    {"visibility", true, [](Style& s, Text t, Base) { return applyKeyword(s.visible, t, kVisibilities); },
+    {"visibility", true, [](Style& s, Text t, Base) { return applyKeyword(s.visible, t, Visibilities); },
      copyMembers<&Style::visible>},
-    {"image-rendering", true, [](Style& s, Text t, Base) { return applyKeyword(s.smoothImages, t, kImageRenderings); },
+    {"image-rendering", true, [](Style& s, Text t, Base) { return applyKeyword(s.smoothImages, t, ImageRenderings); },
      copyMembers<&Style::smoothImages>},
     {"font-family", true,
      [](Style& s, Text t, Base) {
@@ -385,25 +405,25 @@ constexpr Property kProperties[] = {
     {"font-size", true, applyFontSize, copyMembers<&Style::fontSize>},
     {"font-weight", true, applyFontWeight, copyMembers<&Style::fontWeight>},
     {"font-style", true,
-     [](Style& s, Text t, Base) { return applyKeyword(s.italic, t.substr(0, t.find(' ')), kFontStyles); },
+     [](Style& s, Text t, Base) { return applyKeyword(s.italic, t.substr(0, t.find(' ')), FontStyles); },
      copyMembers<&Style::italic>},
-    {"text-anchor", true, [](Style& s, Text t, Base) { return applyKeyword(s.textAnchor, t, kAnchors); },
+    {"text-anchor", true, [](Style& s, Text t, Base) { return applyKeyword(s.textAnchor, t, Anchors); },
      copyMembers<&Style::textAnchor>},
     {"letter-spacing", true, [](Style& s, Text t, Base) { return applySpacing(s.letterSpacing, t); },
      copyMembers<&Style::letterSpacing>},
     {"word-spacing", true, [](Style& s, Text t, Base) { return applySpacing(s.wordSpacing, t); },
      copyMembers<&Style::wordSpacing>},
-    {"dominant-baseline", true, [](Style& s, Text t, Base) { return applyKeyword(s.baseline, t, kBaselines); },
+    {"dominant-baseline", true, [](Style& s, Text t, Base) { return applyKeyword(s.baseline, t, Baselines); },
      copyMembers<&Style::baseline>},
-    {"alignment-baseline", true, [](Style& s, Text t, Base) { return applyKeyword(s.baseline, t, kBaselines); },
+    {"alignment-baseline", true, [](Style& s, Text t, Base) { return applyKeyword(s.baseline, t, Baselines); },
      copyMembers<&Style::baseline>},
-    {"xml:space", true, [](Style& s, Text t, Base) { return applyKeyword(s.preserveSpace, t, kSpaces); },
+    {"xml:space", true, [](Style& s, Text t, Base) { return applyKeyword(s.preserveSpace, t, Spaces); },
      copyMembers<&Style::preserveSpace>},
-    {"white-space", true, [](Style& s, Text t, Base) { return applyKeyword(s.preserveSpace, t, kWhiteSpaces); },
+    {"white-space", true, [](Style& s, Text t, Base) { return applyKeyword(s.preserveSpace, t, WhiteSpaces); },
      copyMembers<&Style::preserveSpace>},
-    {"writing-mode", true, [](Style& s, Text t, Base) { return applyKeyword(s.vertical, t, kWritingModes); },
+    {"writing-mode", true, [](Style& s, Text t, Base) { return applyKeyword(s.vertical, t, WritingModes); },
      copyMembers<&Style::vertical>},
-    {"direction", true, [](Style& s, Text t, Base) { return applyKeyword(s.rightToLeft, t, kDirections); },
+    {"direction", true, [](Style& s, Text t, Base) { return applyKeyword(s.rightToLeft, t, Directions); },
      copyMembers<&Style::rightToLeft>},
     {"text-decoration", true, [](Style& s, Text t, Base b) { return applyDecoration(s, t, b.parent); },
      copyMembers<&Style::underline, &Style::overline, &Style::lineThrough>},
@@ -435,7 +455,7 @@ constexpr Property kProperties[] = {
      copyOwn<&OwnStyle::blend>},
     {"overflow", true,
      [](Style& s, Text t, Base) {
-         const bool valid = applyKeyword(s.own.overflowShown, t, kOverflows);
+         const bool valid = applyKeyword(s.own.overflowShown, t, Overflows);
          s.own.overflowSet |= valid;
          return valid;
      },
@@ -444,7 +464,7 @@ constexpr Property kProperties[] = {
      copyOwn<&OwnStyle::stopColor, &OwnStyle::stopCurrent>},
     {"stop-opacity", true, [](Style& s, Text t, Base) { return applyFraction(s.own.stopOpacity, t); },
      copyOwn<&OwnStyle::stopOpacity>},
-    {"vector-effect", true, [](Style& s, Text t, Base) { return applyKeyword(s.own.nonScalingStroke, t, kVectorEffects); },
+    {"vector-effect", true, [](Style& s, Text t, Base) { return applyKeyword(s.own.nonScalingStroke, t, VectorEffects); },
      copyOwn<&OwnStyle::nonScalingStroke>},
     {"baseline-shift", true,
      [](Style& s, Text t, Base) {
@@ -458,34 +478,36 @@ constexpr Property kProperties[] = {
          return true;
      },
      copyOwn<&OwnStyle::transform>},
-    {"mask-type", true, [](Style& s, Text t, Base) { return applyKeyword(s.own.alphaMask, t, kMaskTypes); },
+    {"mask-type", true, [](Style& s, Text t, Base) { return applyKeyword(s.own.alphaMask, t, MaskTypes); },
      copyOwn<&OwnStyle::alphaMask>},
 };
-static_assert(std::size(kProperties) == kPropertyCount);
+static_assert(std::size(PropertyTable) == PropertyCount);
 
 } // namespace
 
 const Property& property(std::size_t index)
 {
-    return kProperties[index];
+    return PropertyTable[index];
 }
 
 std::optional<std::size_t> propertyIndex(std::string_view name)
 {
-    static const auto kIndex = [] {
+    static const auto Index = [] {
         std::unordered_map<std::string_view, std::size_t> index;
-        for (std::size_t i = 0; i < kPropertyCount; ++i)
-            index.emplace(kProperties[i].name, i);
+        for (std::size_t i = 0; i < PropertyCount; ++i) {
+            index.emplace(PropertyTable[i].name, i);
+        }
         return index;
     }();
-    auto found = kIndex.find(name);
-    if (found == kIndex.end() && std::any_of(name.begin(), name.end(), [](char c) { return c != toLower(c); })) {
+    auto found = Index.find(name);
+    if (found == Index.end() && std::any_of(name.begin(), name.end(), [](char c) { return c != toLower(c); })) {
         std::string lower(name);
         std::transform(lower.begin(), lower.end(), lower.begin(), toLower);
-        found = kIndex.find(lower);
+        found = Index.find(lower);
     }
-    if (found == kIndex.end())
+    if (found == Index.end()) {
         return {};
+    }
     return found->second;
 }
 

@@ -18,9 +18,9 @@ struct Property {
     void (*copy)(Style& to, const Style& from);
 };
 
-inline constexpr std::size_t kPropertyCount = 58;
+inline constexpr std::size_t PropertyCount = 58;
 
-/// The property at an index below kPropertyCount; geometry comes first, in the order of Geometry.
+/// The property at an index below PropertyCount; geometry comes first, in the order of Geometry.
 [[nodiscard]] const Property& property(std::size_t index);
 /// The index of a name; nothing for names that mean nothing here.
 [[nodiscard]] std::optional<std::size_t> propertyIndex(std::string_view name);

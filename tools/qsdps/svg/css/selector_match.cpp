@@ -9,13 +9,13 @@ namespace qsdps::svg {
 namespace {
 
 /// Longer texts cost more than looking at an element.
-constexpr std::size_t kShortText = 64;
+constexpr std::size_t ShortText = 64;
 
 pugi::xml_node previousElement(pugi::xml_node node)
 {
-    do
+    do {
         node = node.previous_sibling();
-    while (node && node.type() != pugi::node_element);
+    } while (node && node.type() != pugi::node_element);
     return node;
 }
 
@@ -41,8 +41,9 @@ bool hasWord(std::string_view list, std::string_view word)
     for (list = trim(list); !list.empty(); list = trim(list)) {
         const auto* end = std::find_if(list.begin(), list.end(), isSpace);
         const auto size = static_cast<std::size_t>(end - list.begin());
-        if (list.substr(0, size) == word)
+        if (list.substr(0, size) == word) {
             return true;
+        }
         list.remove_prefix(size);
     }
     return false;
@@ -57,10 +58,12 @@ SelectorMatcher::Outcome SelectorMatcher::match(const Selector& selector, std::s
                                                 const pugi::xml_node& element)
 {
     spend(1);
-    if (_work == 0)
+    if (_work == 0) {
         return Outcome::Fails;
-    if (!matches(selector.compounds[last], element))
+    }
+    if (!matches(selector.compounds[last], element)) {
         return Outcome::FailsHere;
+    }
     return last == 0 ? Outcome::Match : matchBefore(selector, last, element);
 }
 
@@ -71,14 +74,16 @@ SelectorMatcher::Outcome SelectorMatcher::matchBefore(const Selector& selector, 
     case Combinator::Descendant:
         for (auto outer = parentElement(element); outer; outer = parentElement(outer)) {
             const Outcome outcome = match(selector, last - 1, outer);
-            if (outcome == Outcome::Match || outcome == Outcome::Fails)
+            if (outcome == Outcome::Match || outcome == Outcome::Fails) {
                 return outcome;
+            }
         }
         return Outcome::Fails;
     case Combinator::Child: {
         const pugi::xml_node parent = parentElement(element);
-        if (!parent)
+        if (!parent) {
             return Outcome::Fails;
+        }
         const Outcome outcome = match(selector, last - 1, parent);
         return outcome == Outcome::Match || outcome == Outcome::Fails ? outcome : Outcome::FailsForSiblings;
     }
@@ -89,8 +94,9 @@ SelectorMatcher::Outcome SelectorMatcher::matchBefore(const Selector& selector, 
     case Combinator::LaterSibling:
         for (auto sibling = previousElement(element); sibling; sibling = previousElement(sibling)) {
             const Outcome outcome = match(selector, last - 1, sibling);
-            if (outcome != Outcome::FailsHere)
+            if (outcome != Outcome::FailsHere) {
                 return outcome;
+            }
         }
         return Outcome::FailsForSiblings;
     }
@@ -104,12 +110,14 @@ void SelectorMatcher::spend(std::size_t cost)
 
 bool SelectorMatcher::matches(const Compound& compound, const pugi::xml_node& element)
 {
-    if (!compound.tag.empty() && compound.tag != localName(element))
+    if (!compound.tag.empty() && compound.tag != localName(element)) {
         return false;
-    if (!compound.id.empty() && compound.id != element.attribute("id").value())
+    }
+    if (!compound.id.empty() && compound.id != element.attribute("id").value()) {
         return false;
+    }
     const std::string_view classes = compound.classes.empty() ? "" : element.attribute("class").value();
-    spend(compound.classes.size() * classes.size() / kShortText);
+    spend(compound.classes.size() * classes.size() / ShortText);
     return std::all_of(compound.classes.begin(), compound.classes.end(),
                        [&](std::string_view name) { return hasWord(classes, name); }) &&
            std::all_of(compound.attributes.begin(), compound.attributes.end(),
@@ -121,10 +129,11 @@ bool SelectorMatcher::matches(const Compound& compound, const pugi::xml_node& el
 bool SelectorMatcher::matches(const AttributeTest& test, const pugi::xml_node& element)
 {
     const pugi::xml_attribute attribute = element.attribute(std::string(test.name).c_str());
-    if (!attribute)
+    if (!attribute) {
         return false;
+    }
     const std::string_view value = attribute.value();
-    spend((value.size() + 1) * (test.value.size() + 1) / kShortText);
+    spend((value.size() + 1) * (test.value.size() + 1) / ShortText);
     switch (test.kind) {
     case AttributeTest::Kind::Present:
         return true;
@@ -168,8 +177,9 @@ bool SelectorMatcher::matchesPlace(const PseudoTest& test, const pugi::xml_node&
     const std::int64_t place = test.ofType ? (test.fromEnd ? found.placeOfTypeFromEnd : found.placeOfType)
                                            : (test.fromEnd ? found.placeFromEnd : found.place);
     const std::int64_t distance = place - test.offset;
-    if (test.step == 0)
+    if (test.step == 0) {
         return distance == 0;
+    }
     return distance % test.step == 0 && distance / test.step >= 0;
 }
 

@@ -11,11 +11,11 @@
 namespace qsdps::svg {
 namespace {
 
-constexpr std::size_t kMaxFiles = 100;
-constexpr std::size_t kMaxDepth = 16;
-constexpr std::size_t kMaxBytes = std::size_t{16} << 20; ///< of all files of a drawing
+constexpr std::size_t MaxFiles = 100;
+constexpr std::size_t MaxDepth = 16;
+constexpr std::size_t MaxBytes = std::size_t{16} << 20; ///< of all files of a drawing
 /// Different messages kept; a hostile sheet must not make them grow without end.
-constexpr std::size_t kMaxMessages = 100;
+constexpr std::size_t MaxMessages = 100;
 
 bool isCss(std::string_view type)
 {
@@ -31,16 +31,19 @@ std::string_view pseudoAttribute(std::string_view content, std::string_view name
     while (!scanner.atEnd()) {
         const std::string_view found = scanner.word();
         scanner.skipSpace();
-        if (!scanner.take('='))
+        if (!scanner.take('=')) {
             return {};
+        }
         scanner.skipSpace();
         const char quote = scanner.peek();
-        if (quote != '"' && quote != '\'')
+        if (quote != '"' && quote != '\'') {
             return {};
+        }
         scanner.advance();
         const std::string_view value = scanner.upTo(quote);
-        if (found == name)
+        if (found == name) {
             return trim(value);
+        }
         scanner.skipSpace();
     }
     return {};
@@ -57,10 +60,11 @@ bool isRelative(std::string_view href)
 void SheetLoader::addElement(const std::string& text, std::string_view type, std::string_view media, int line)
 {
     _line = line;
-    if (!isCss(type))
+    if (!isCss(type)) {
         tell("style element skipped: its type is " + quotedForMessage(type), {});
-    else if (mediaApplies(media, [&](const std::string& what) { tell(what, {}); }))
+    } else if (mediaApplies(media, [&](const std::string& what) { tell(what, {}); })) {
         addText(text, {});
+    }
 }
 
 void SheetLoader::addInstruction(std::string_view content, int line)
@@ -69,12 +73,14 @@ void SheetLoader::addInstruction(std::string_view content, int line)
     const std::string_view type = pseudoAttribute(content, "type");
     const std::string_view href = pseudoAttribute(content, "href");
     // Alternate sheets are for readers who choose them.
-    if (pseudoAttribute(content, "alternate") == "yes")
+    if (pseudoAttribute(content, "alternate") == "yes") {
         return;
-    if (!isCss(type))
+    }
+    if (!isCss(type)) {
         tell("style sheet " + quotedForMessage(href) + " skipped: its type is " + quotedForMessage(type), {});
-    else if (mediaApplies(pseudoAttribute(content, "media"), [&](const std::string& what) { tell(what, {}); }))
+    } else if (mediaApplies(pseudoAttribute(content, "media"), [&](const std::string& what) { tell(what, {}); })) {
         addFile(href, {});
+    }
 }
 
 void SheetLoader::addFile(std::string_view href, const Source& from)
@@ -83,24 +89,30 @@ void SheetLoader::addFile(std::string_view href, const Source& from)
     const auto skip = [&](const std::string& why) {
         tell("style sheet " + quotedForMessage(href) + " not read: " + why, from);
     };
-    if (relative && !from.folder)
+    if (relative && !from.folder) {
         return skip("a data URI has nothing beside it");
+    }
     const std::string target = (relative ? *from.folder : std::string()) + std::string(href);
-    if (_open.size() == kMaxDepth)
+    if (_open.size() == MaxDepth) {
         return skip("imports nest too deep");
-    if (_files == kMaxFiles)
-        return skip("there are more than " + std::to_string(kMaxFiles));
+    }
+    if (_files == MaxFiles) {
+        return skip("there are more than " + std::to_string(MaxFiles));
+    }
     ++_files;
-    auto file = readLinked(target, _baseFolder, kMaxBytes - _bytesRead);
-    if (!file)
+    auto file = readLinked(target, _baseFolder, MaxBytes - _bytesRead);
+    if (!file) {
         return skip("no such file beside the drawing or below, or too large");
+    }
     const std::string name = std::filesystem::path(file->name).lexically_normal().string();
     const bool isData = equalsNoCase(std::string_view(target).substr(0, 5), "data:");
     Source source{name, target.substr(0, target.rfind('/') + 1)};
-    if (isData)
+    if (isData) {
         source.folder.reset();
-    if (!isData && std::find(_open.begin(), _open.end(), name) != _open.end())
+    }
+    if (!isData && std::find(_open.begin(), _open.end(), name) != _open.end()) {
         return skip("it imports itself");
+    }
     _bytesRead += file->data.size();
     _open.push_back(name);
     addText(toUtf8(std::move(file->data)), source);
@@ -111,8 +123,9 @@ void SheetLoader::addText(std::string_view text, const Source& source)
 {
     StyleSheet sheet =
         parseStyleSheet(_sheets.keep(withoutComments(text)), [&](const std::string& what) { tell(what, source); });
-    for (const std::string_view href : sheet.imports)
+    for (const std::string_view href : sheet.imports) {
         addFile(href, source);
+    }
     _sheets.add(std::move(sheet.rules));
 }
 
@@ -121,9 +134,10 @@ void SheetLoader::tell(const std::string& what, const Source& from)
     const std::string whole = from.name.empty() ? what : what + ", in " + quotedForMessage(from.name);
     const bool known = std::any_of(_messages.begin(), _messages.end(),
                                    [&](const SheetMessage& message) { return message.what == whole; });
-    if (known || _messages.size() > kMaxMessages)
+    if (known || _messages.size() > MaxMessages) {
         return;
-    const bool full = _messages.size() == kMaxMessages;
+    }
+    const bool full = _messages.size() == MaxMessages;
     _messages.push_back({full ? "further parts of style sheets skipped" : whole, _line});
 }
 

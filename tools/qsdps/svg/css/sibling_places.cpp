@@ -7,8 +7,9 @@ namespace {
 
 pugi::xml_node nextElement(pugi::xml_node node)
 {
-    while (node && node.type() != pugi::node_element)
+    while (node && node.type() != pugi::node_element) {
         node = node.next_sibling();
+    }
     return node;
 }
 
@@ -17,8 +18,9 @@ pugi::xml_node nextElement(pugi::xml_node node)
 const SiblingPlace& SiblingPlaces::of(const pugi::xml_node& element)
 {
     const auto known = _places.find(element.hash_value());
-    if (known != _places.end())
+    if (known != _places.end()) {
         return known->second;
+    }
     count(element.parent());
     return _places[element.hash_value()];
 }

@@ -34,16 +34,19 @@ public:
     {
         readAttributes(node);
         std::vector<const Declaration*> sheet;
-        if (!_sheets.empty())
+        if (!_sheets.empty()) {
             _sheets.collect(node, sheet, _tools.work);
+        }
         for (const bool important : {false, true}) {
             for (const Declaration* declaration : sheet) {
-                if (declaration->important == important)
+                if (declaration->important == important) {
                     add(*declaration);
+                }
             }
             for (const Declaration& declaration : _inlined) {
-                if (declaration.important == important)
+                if (declaration.important == important) {
                     add(declaration);
+                }
             }
         }
         return std::move(_cascade);
@@ -53,7 +56,7 @@ private:
     /// Attributes have no order among themselves: that of the properties stands in for it.
     void readAttributes(const pugi::xml_node& node)
     {
-        std::array<std::string_view, kPropertyCount> values;
+        std::array<std::string_view, PropertyCount> values;
         for (const pugi::xml_attribute& attribute : node.attributes()) {
             const std::string_view name = attribute.name();
             if (name == "style") {
@@ -61,12 +64,14 @@ private:
                 continue;
             }
             const auto index = propertyIndex(name);
-            if (index && property(*index).attribute)
+            if (index && property(*index).attribute) {
                 values[*index] = trim(attribute.value());
+            }
         }
-        for (std::size_t i = 0; i < kPropertyCount; ++i) {
-            if (!values[i].empty())
+        for (std::size_t i = 0; i < PropertyCount; ++i) {
+            if (!values[i].empty()) {
                 _cascade.settings.push_back({i, values[i]});
+            }
         }
     }
 
@@ -78,10 +83,11 @@ private:
 
     void add(const Declaration& declaration)
     {
-        if (declaration.name.starts_with("--"))
+        if (declaration.name.starts_with("--")) {
             _cascade.custom[declaration.name] = declaration.value;
-        else if (const auto index = propertyIndex(declaration.name); index && !declaration.value.empty())
+        } else if (const auto index = propertyIndex(declaration.name); index && !declaration.value.empty()) {
             _cascade.settings.push_back({*index, declaration.value});
+        }
     }
 
     const StyleSheets& _sheets;
@@ -132,29 +138,32 @@ public:
             const auto plain = withoutCalc(*found, isNeverNegative(index));
             value = !plain ? std::string_view() : *plain == *found ? *found : _tools.texts.keep(*plain);
         }
-        if (!value.empty() && apply(index, value))
+        if (!value.empty() && apply(index, value)) {
             return;
+        }
         // Without its variables nobody could tell that the value is none, so that no weaker one comes in.
-        if (variable)
+        if (variable) {
             unset(index);
+        }
         _fault(badValue(setting.value, property(index).name));
     }
 
 private:
     bool apply(std::size_t index, std::string_view value)
     {
-        static const Style kInitial;
+        static const Style Initial;
         const auto is = [value](std::string_view word) { return equalsNoCase(value, word); };
-        if (is("unset") || is("revert") || is("revert-layer"))
+        if (is("unset") || is("revert") || is("revert-layer")) {
             unset(index);
-        else if (isGeometry(index))
+        } else if (isGeometry(index)) {
             return place(index, value);
-        else if (is("inherit"))
+        } else if (is("inherit")) {
             property(index).copy(_element.style, _base.parent);
-        else if (is("initial"))
-            property(index).copy(_element.style, kInitial);
-        else
+        } else if (is("initial")) {
+            property(index).copy(_element.style, Initial);
+        } else {
             return property(index).apply(_element.style, value, _base);
+        }
         return true;
     }
 
@@ -163,8 +172,9 @@ private:
         const bool none = equalsNoCase(value, "auto") || equalsNoCase(value, "initial");
         // Texts have lists of positions, and tell of them themselves.
         const bool list = _element.tag == Tag::Text || _element.tag == Tag::Tspan;
-        if (!none && !list && !parseLength(value))
+        if (!none && !list && !parseLength(value)) {
             return false;
+        }
         _element.geometry[index] = none ? std::string_view() : value;
         return true;
     }
@@ -195,11 +205,13 @@ Element resolveElement(const StyledDocument& document, const pugi::xml_node& nod
     Element element{node, document.elements().tag(node), base.parent, {}};
     element.style.own = {};
     const Cascade cascade = CascadeReader(document.sheets(), tools, fault).read(node);
-    if (!cascade.custom.empty())
+    if (!cascade.custom.empty()) {
         element.style.variables = resolveCustom(cascade.custom, base.parent.variables, tools.texts);
+    }
     Setter setter(element, base, tools, fault);
-    for (const Setting& setting : cascade.settings)
+    for (const Setting& setting : cascade.settings) {
         setter.set(setting);
+    }
     return element;
 }
 

@@ -11,12 +11,12 @@ namespace qsdps::svg {
 namespace {
 
 /// No value is longer than this with its variables put in.
-constexpr std::size_t kMaxValue = std::size_t{64} << 10;
+constexpr std::size_t MaxValue = std::size_t{64} << 10;
 /// Variables that refer to variables, and fallbacks inside of fallbacks; each level takes stack.
-constexpr int kMaxNesting = 64;
-constexpr std::string_view kVar = "var(";
-constexpr const char* kTooLong = "variables make a value too long";
-constexpr const char* kTooMuch = "variables ask for too much work";
+constexpr int MaxNesting = 64;
+constexpr std::string_view Var = "var(";
+constexpr const char* TooLong = "variables make a value too long";
+constexpr const char* TooMuch = "variables ask for too much work";
 
 using Value = std::optional<std::string_view>;
 
@@ -33,13 +33,14 @@ public:
 
     Value run(std::string_view text)
     {
-        if (text.size() > kMaxValue) {
-            fail(kTooLong);
+        if (text.size() > MaxValue) {
+            fail(TooLong);
             return {};
         }
         std::string out;
-        if (!append(text, out))
+        if (!append(text, out)) {
             return {};
+        }
         return _texts.keep(std::string(trim(out)));
     }
 
@@ -50,7 +51,7 @@ public:
         ~Level() { --_nesting; }
         Level(const Level&) = delete;
         Level& operator=(const Level&) = delete;
-        [[nodiscard]] bool tooDeep() const { return _nesting > kMaxNesting; }
+        [[nodiscard]] bool tooDeep() const { return _nesting > MaxNesting; }
 
     private:
         int& _nesting;
@@ -59,26 +60,31 @@ public:
 private:
     bool fail(const std::string& why)
     {
-        if (_fault.empty())
+        if (_fault.empty()) {
             _fault = why;
+        }
         return false;
     }
 
     bool append(std::string_view text, std::string& out)
     {
         const Level level(_nesting);
-        if (level.tooDeep())
+        if (level.tooDeep()) {
             return fail("variables nest too deep");
+        }
         while (true) {
-            const std::size_t at = findFunction(text, kVar);
-            if (!put(text.substr(0, at), out))
+            const std::size_t at = findFunction(text, Var);
+            if (!put(text.substr(0, at), out)) {
                 return false;
-            if (at == text.size())
+            }
+            if (at == text.size()) {
                 return true;
-            text.remove_prefix(at + kVar.size());
+            }
+            text.remove_prefix(at + Var.size());
             const std::size_t end = findOutside(text, ")");
-            if (!appendVariable(text.substr(0, end), out))
+            if (!appendVariable(text.substr(0, end), out)) {
                 return false;
+            }
             text.remove_prefix(std::min(text.size(), end + 1));
         }
     }
@@ -87,24 +93,30 @@ private:
     {
         const std::size_t comma = findOutside(arguments, ",");
         const std::string_view name = trim(arguments.substr(0, comma));
-        if (!name.starts_with("--"))
+        if (!name.starts_with("--")) {
             return fail("var(" + quotedForMessage(arguments) + ") is not understood");
-        constexpr std::size_t kLookupCost = 8;
-        if (!_texts.spend(arguments.size() + _levels * kLookupCost))
-            return fail(kTooMuch);
-        if (const Value value = _lookup(name))
+        }
+        constexpr std::size_t LookupCost = 8;
+        if (!_texts.spend(arguments.size() + _levels * LookupCost)) {
+            return fail(TooMuch);
+        }
+        if (const Value value = _lookup(name)) {
             return put(*value, out);
-        if (comma < arguments.size())
+        }
+        if (comma < arguments.size()) {
             return append(trim(arguments.substr(comma + 1)), out);
+        }
         return fail("variable " + quotedForMessage(name) + " has no value");
     }
 
     bool put(std::string_view text, std::string& out)
     {
-        if (out.size() + text.size() > kMaxValue)
-            return fail(kTooLong);
-        if (!_texts.spend(text.size()))
-            return fail(kTooMuch);
+        if (out.size() + text.size() > MaxValue) {
+            return fail(TooLong);
+        }
+        if (!_texts.spend(text.size())) {
+            return fail(TooMuch);
+        }
         out.append(text);
         return true;
     }
@@ -130,10 +142,12 @@ public:
         const auto declared = _declared.find(name);
         const bool asOutside = declared == _declared.end() || equalsNoCase(declared->second, "inherit") ||
                                equalsNoCase(declared->second, "unset");
-        if (asOutside)
+        if (asOutside) {
             return _result.outer ? _result.outer->find(name) : std::nullopt;
-        if (const auto done = _result.own.find(name); done != _result.own.end())
+        }
+        if (const auto done = _result.own.find(name); done != _result.own.end()) {
             return done->second;
+        }
         if (const auto open = std::find(_open.begin(), _open.end(), name); open != _open.end()) {
             // All that the circle leads through have no value.
             _circle.insert(open, _open.end());
@@ -142,8 +156,9 @@ public:
         _open.push_back(name);
         Value found = resolve(declared->second);
         _open.pop_back();
-        if (_circle.erase(name) > 0)
+        if (_circle.erase(name) > 0) {
             found.reset();
+        }
         _result.own.emplace(name, found);
         return found;
     }
@@ -151,8 +166,9 @@ public:
 private:
     Value resolve(std::string_view text)
     {
-        if (equalsNoCase(text, "initial"))
+        if (equalsNoCase(text, "initial")) {
             return {};
+        }
         return hasVariables(text) ? _substitution.run(text) : Value(text);
     }
 
@@ -181,15 +197,16 @@ bool ValueTexts::spend(std::size_t bytes)
 std::optional<std::string_view> CustomProperties::find(std::string_view name) const
 {
     for (const CustomProperties* at = this; at != nullptr; at = at->outer.get()) {
-        if (const auto found = at->own.find(name); found != at->own.end())
+        if (const auto found = at->own.find(name); found != at->own.end()) {
             return found->second;
+        }
     }
     return {};
 }
 
 bool hasVariables(std::string_view value)
 {
-    return findFunction(value, kVar) < value.size();
+    return findFunction(value, Var) < value.size();
 }
 
 std::shared_ptr<const CustomProperties> resolveCustom(const CustomDeclarations& declared,
@@ -199,8 +216,9 @@ std::shared_ptr<const CustomProperties> resolveCustom(const CustomDeclarations& 
     result->levels = outer ? outer->levels + 1 : 1;
     result->outer = std::move(outer);
     Resolver resolver(declared, *result, texts);
-    for (const auto& [name, text] : declared)
+    for (const auto& [name, text] : declared) {
         static_cast<void>(resolver.value(name));
+    }
     return result;
 }
 

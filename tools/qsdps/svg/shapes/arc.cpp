@@ -8,7 +8,7 @@ namespace qsdps::svg {
 namespace {
 
 /// Control point distance for a quarter of a circle of radius 1.
-constexpr double kQuarter = 0.5522847498307936;
+constexpr double Quarter = 0.5522847498307936;
 
 double angleOf(Point p)
 {
@@ -21,8 +21,9 @@ void appendArc(Path& path, const Arc& arc)
 {
     double rx = std::abs(arc.rx);
     double ry = std::abs(arc.ry);
-    if (arc.from == arc.to)
+    if (arc.from == arc.to) {
         return;
+    }
     if (rx == 0 || ry == 0) {
         path.lineTo(arc.to);
         return;
@@ -48,17 +49,20 @@ void appendArc(Path& path, const Arc& arc)
         return;
     }
     double factor = std::sqrt(std::max(0.0, 1 / square - 1));
-    if (arc.large == arc.sweep)
+    if (arc.large == arc.sweep) {
         factor = -factor;
+    }
     const Point unitCentre{factor * uy, -factor * ux};
     const Matrix toUser{
         cosine * rx, sine * rx, -sine * ry, cosine * ry, (arc.from.x + arc.to.x) / 2, (arc.from.y + arc.to.y) / 2};
     const double start = angleOf({ux - unitCentre.x, uy - unitCentre.y});
     double turn = angleOf({-ux - unitCentre.x, -uy - unitCentre.y}) - start;
-    if (arc.sweep && turn < 0)
+    if (arc.sweep && turn < 0) {
         turn += 2 * std::numbers::pi;
-    if (!arc.sweep && turn > 0)
+    }
+    if (!arc.sweep && turn > 0) {
         turn -= 2 * std::numbers::pi;
+    }
 
     const int pieces = std::clamp(static_cast<int>(std::ceil(std::abs(turn) / (std::numbers::pi / 2) - 1e-9)), 1, 4);
     const double step = turn / pieces;
@@ -76,8 +80,8 @@ void appendArc(Path& path, const Arc& arc)
 
 void appendEllipse(Path& path, Point centre, double rx, double ry)
 {
-    const double kx = rx * kQuarter;
-    const double ky = ry * kQuarter;
+    const double kx = rx * Quarter;
+    const double ky = ry * Quarter;
     const auto [x, y] = centre;
     path.moveTo({x + rx, y});
     path.cubicTo({x + rx, y + ky}, {x + kx, y + ry}, {x, y + ry});

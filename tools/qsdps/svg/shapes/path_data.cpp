@@ -44,10 +44,12 @@ private:
         }
         // Arguments may repeat without the letter; further pairs after a Move are Lines.
         do {
-            if (!runOnce(command))
+            if (!runOnce(command)) {
                 return false;
-            if (toLower(command) == 'm')
+            }
+            if (toLower(command) == 'm') {
                 command = command == 'm' ? 'l' : 'L';
+            }
         } while (moreArguments());
         return true;
     }
@@ -93,11 +95,13 @@ private:
     bool numbers(std::array<double, 6>& values, std::size_t count)
     {
         for (std::size_t i = 0; i < count; ++i) {
-            if (i > 0)
+            if (i > 0) {
                 _scanner.skipSeparator();
+            }
             const auto value = _scanner.number();
-            if (!value)
+            if (!value) {
                 return false;
+            }
             values[i] = *value;
         }
         return true;
@@ -116,8 +120,9 @@ private:
     /// After a Close the next segment begins a sub-path of its own at the same start.
     void reopen()
     {
-        if (_closed)
+        if (_closed) {
             _path.moveTo(_start);
+        }
         _closed = false;
     }
 
@@ -155,15 +160,17 @@ private:
     {
         std::array<double, 6> radii{};
         std::array<double, 6> end{};
-        if (!numbers(radii, 3))
+        if (!numbers(radii, 3)) {
             return false;
+        }
         _scanner.skipSeparator();
         const auto large = _scanner.flag();
         _scanner.skipSeparator();
         const auto sweep = _scanner.flag();
         _scanner.skipSeparator();
-        if (!large || !sweep || !numbers(end, 2))
+        if (!large || !sweep || !numbers(end, 2)) {
             return false;
+        }
         const Point to{origin.x + end[0], origin.y + end[1]};
         reopen();
         appendArc(_path, {_at, radii[0], radii[1], radii[2], *large, *sweep, to});
@@ -191,8 +198,9 @@ private:
 
 PathData parsePathData(std::string_view text)
 {
-    if (trim(text) == "none")
+    if (trim(text) == "none") {
         return {};
+    }
     return Builder(text).run();
 }
 

@@ -14,8 +14,9 @@ using Fault = std::function<void(std::string_view)>;
 std::optional<double> radius(std::string_view text, Axis axis, const LengthBase& base)
 {
     auto length = parseLength(text);
-    if (!length || length->value < 0)
+    if (!length || length->value < 0) {
         return {};
+    }
     length->neverNegative = true;
     return resolve(*length, axis, base);
 }
@@ -53,13 +54,16 @@ Path rectPath(const Element& element, const LengthBase& base, const Fault& fault
                   lengthOr(element.get(Geometry::Y), Axis::Vertical, base, 0),
                   lengthOr(element.get(Geometry::Width), Axis::Horizontal, base, 0),
                   lengthOr(element.get(Geometry::Height), Axis::Vertical, base, 0)};
-    if (box.width < 0 || box.height < 0)
+    if (box.width < 0 || box.height < 0) {
         fault("rect element left out: its size is negative");
-    if (!(box.width > 0) || !(box.height > 0))
+    }
+    if (!(box.width > 0) || !(box.height > 0)) {
         return {};
+    }
     const Size corner = radii(element, base);
-    if (corner.width <= 0 || corner.height <= 0)
+    if (corner.width <= 0 || corner.height <= 0) {
         return outlineOf(box);
+    }
     return roundedBox(box, std::min(corner.width, box.width / 2), std::min(corner.height, box.height / 2));
 }
 
@@ -71,11 +75,12 @@ Path ellipsePath(const Element& element, const LengthBase& base)
         size.height = size.width;
     }
     Path path;
-    if (size.width > 0 && size.height > 0)
+    if (size.width > 0 && size.height > 0) {
         appendEllipse(path,
                       {lengthOr(element.get(Geometry::Cx), Axis::Horizontal, base, 0),
                        lengthOr(element.get(Geometry::Cy), Axis::Vertical, base, 0)},
                       size.width, size.height);
+    }
     return path;
 }
 
@@ -93,18 +98,21 @@ Path linePath(const Element& element, const LengthBase& base)
 Path polyPath(const Element& element, const Fault& fault)
 {
     const std::vector<double> values = parseNumberList(attribute(element.node, "points"));
-    if (values.size() % 2 != 0)
+    if (values.size() % 2 != 0) {
         fault("last number of points ignored: it has no partner");
+    }
     Path path;
     for (std::size_t i = 0; i + 1 < values.size(); i += 2) {
         const Point p{values[i], values[i + 1]};
-        if (i == 0)
+        if (i == 0) {
             path.moveTo(p);
-        else
+        } else {
             path.lineTo(p);
+        }
     }
-    if (element.tag == Tag::Polygon && !path.empty())
+    if (element.tag == Tag::Polygon && !path.empty()) {
         path.close();
+    }
     return path;
 }
 
@@ -112,8 +120,9 @@ Path polyPath(const Element& element, const Fault& fault)
 
 double lengthOr(std::string_view text, Axis axis, const LengthBase& base, double initial)
 {
-    if (text.empty())
+    if (text.empty()) {
         return initial;
+    }
     const auto length = parseLength(text);
     return length ? resolve(*length, axis, base) : initial;
 }
@@ -123,8 +132,9 @@ Path shapePath(const Element& element, const LengthBase& base, const Fault& faul
     switch (element.tag) {
     case Tag::Path: {
         PathData data = parsePathData(attribute(element.node, "d"));
-        if (!data.complete)
+        if (!data.complete) {
             fault("path drawn up to a fault in its data");
+        }
         return std::move(data.path);
     }
     case Tag::Rect:

@@ -9,7 +9,7 @@
 namespace qsdps::svg {
 namespace {
 
-constexpr double kDegree = std::numbers::pi / 180;
+constexpr double Degree = std::numbers::pi / 180;
 
 struct Arguments {
     std::array<double, 6> value{};
@@ -19,14 +19,18 @@ struct Arguments {
 /// Style sheets write angles and lengths with units; angles come out in degrees.
 std::optional<double> unitFactor(std::string_view unit)
 {
-    if (unit.empty() || unit == "px" || unit == "deg")
+    if (unit.empty() || unit == "px" || unit == "deg") {
         return 1;
-    if (unit == "rad")
-        return 1 / kDegree;
-    if (unit == "grad")
+    }
+    if (unit == "rad") {
+        return 1 / Degree;
+    }
+    if (unit == "grad") {
         return 0.9;
-    if (unit == "turn")
+    }
+    if (unit == "turn") {
         return 360;
+    }
     return {};
 }
 
@@ -46,16 +50,19 @@ std::optional<Arguments> scanArguments(Scanner& scanner)
 {
     Arguments arguments;
     scanner.skipSpace();
-    if (!scanner.take('('))
+    if (!scanner.take('(')) {
         return {};
+    }
     scanner.skipSpace();
     while (!scanner.take(')')) {
         const auto value = scanner.number();
-        if (!value || arguments.count == arguments.value.size())
+        if (!value || arguments.count == arguments.value.size()) {
             return {};
+        }
         const auto factor = unitFactor(scanUnit(scanner));
-        if (!factor)
+        if (!factor) {
             return {};
+        }
         arguments.value[arguments.count++] = *value * *factor;
         scanner.skipSeparator();
     }
@@ -64,8 +71,8 @@ std::optional<Arguments> scanArguments(Scanner& scanner)
 
 Matrix rotation(double degrees)
 {
-    const double sine = std::sin(degrees * kDegree);
-    const double cosine = std::cos(degrees * kDegree);
+    const double sine = std::sin(degrees * Degree);
+    const double cosine = std::cos(degrees * Degree);
     return {cosine, sine, -sine, cosine, 0, 0};
 }
 
@@ -73,30 +80,42 @@ std::optional<Matrix> function(std::string_view name, const Arguments& arguments
 {
     const auto& v = arguments.value;
     const std::size_t n = arguments.count;
-    if (name == "matrix" && n == 6)
+    if (name == "matrix" && n == 6) {
         return Matrix{v[0], v[1], v[2], v[3], v[4], v[5]};
-    if (name == "translate" && (n == 1 || n == 2))
+    }
+    if (name == "translate" && (n == 1 || n == 2)) {
         return Matrix::translation(v[0], v[1]);
-    if (name == "translateX" && n == 1)
+    }
+    if (name == "translateX" && n == 1) {
         return Matrix::translation(v[0], 0);
-    if (name == "translateY" && n == 1)
+    }
+    if (name == "translateY" && n == 1) {
         return Matrix::translation(0, v[0]);
-    if (name == "scale" && (n == 1 || n == 2))
+    }
+    if (name == "scale" && (n == 1 || n == 2)) {
         return Matrix::scaling(v[0], n == 1 ? v[0] : v[1]);
-    if (name == "scaleX" && n == 1)
+    }
+    if (name == "scaleX" && n == 1) {
         return Matrix::scaling(v[0], 1);
-    if (name == "scaleY" && n == 1)
+    }
+    if (name == "scaleY" && n == 1) {
         return Matrix::scaling(1, v[0]);
-    if (name == "rotate" && n == 1)
+    }
+    if (name == "rotate" && n == 1) {
         return rotation(v[0]);
-    if (name == "rotate" && n == 3)
+    }
+    if (name == "rotate" && n == 3) {
         return Matrix::translation(v[1], v[2]) * rotation(v[0]) * Matrix::translation(-v[1], -v[2]);
-    if (name == "skewX" && n == 1)
-        return Matrix{1, 0, std::tan(v[0] * kDegree), 1, 0, 0};
-    if (name == "skewY" && n == 1)
-        return Matrix{1, std::tan(v[0] * kDegree), 0, 1, 0, 0};
-    if (name == "skew" && (n == 1 || n == 2))
-        return Matrix{1, std::tan(v[1] * kDegree), std::tan(v[0] * kDegree), 1, 0, 0};
+    }
+    if (name == "skewX" && n == 1) {
+        return Matrix{1, 0, std::tan(v[0] * Degree), 1, 0, 0};
+    }
+    if (name == "skewY" && n == 1) {
+        return Matrix{1, std::tan(v[0] * Degree), 0, 1, 0, 0};
+    }
+    if (name == "skew" && (n == 1 || n == 2)) {
+        return Matrix{1, std::tan(v[1] * Degree), std::tan(v[0] * Degree), 1, 0, 0};
+    }
     return {};
 }
 
@@ -106,17 +125,20 @@ std::optional<Matrix> parseTransform(std::string_view text)
 {
     Matrix product;
     text = trim(text);
-    if (text == "none")
+    if (text == "none") {
         return product;
+    }
     Scanner scanner(text);
     while (!scanner.atEnd()) {
         const std::string_view name = scanner.word();
         const auto arguments = scanArguments(scanner);
-        if (!arguments)
+        if (!arguments) {
             return {};
+        }
         const auto factor = function(name, *arguments);
-        if (!factor)
+        if (!factor) {
             return {};
+        }
         product = product * *factor;
         scanner.skipSeparator();
     }

@@ -17,8 +17,9 @@ struct Corner {
 
 Direction direction(Point from, Point to)
 {
-    if (from == to)
+    if (from == to) {
         return {};
+    }
     return std::atan2(to.y - from.y, to.x - from.x);
 }
 
@@ -50,14 +51,16 @@ public:
 
     void close()
     {
-        if (_corners.empty())
+        if (_corners.empty()) {
             return;
+        }
         const Direction closing = direction(_corners.back().at, _corners.front().at);
         _corners.back().out = closing;
         _corners.push_back({_corners.front().at, closing, {}});
         // Start and end are one corner.
-        if (!closing)
+        if (!closing) {
             _corners.back().in = _corners[_corners.size() - 2].in;
+        }
         _corners.back().out = _corners.front().out;
         _corners.front().in = _corners.back().in;
     }
@@ -66,17 +69,21 @@ public:
     {
         Direction last;
         for (Corner& corner : _corners) {
-            if (!corner.in)
+            if (!corner.in) {
                 corner.in = last;
-            if (corner.out)
+            }
+            if (corner.out) {
                 last = corner.out;
+            }
         }
         Direction next;
         for (auto corner = _corners.rbegin(); corner != _corners.rend(); ++corner) {
-            if (!corner->out)
+            if (!corner->out) {
                 corner->out = next;
-            if (corner->in)
+            }
+            if (corner->in) {
                 next = corner->in;
+            }
         }
         for (const Corner& corner : _corners) {
             const double in = firstOf(corner.in, corner.out, 0).value_or(0);

@@ -31,12 +31,12 @@ public:
     };
 
     /// No more than this many clips cut one object.
-    static constexpr std::size_t kMostClips = 1000;
+    static constexpr std::size_t MostClips = 1000;
 
     /// How many clips were begun.
     [[nodiscard]] std::size_t count() const { return _count; }
     /// Counts one more clip; false when there are as many as may be.
-    [[nodiscard]] bool begin() { return ++_count <= kMostClips; }
+    [[nodiscard]] bool begin() { return ++_count <= MostClips; }
     /// The clip that was made for a place; null when there is none.
     [[nodiscard]] const Clip* find(const Place& place) const
     {

@@ -14,7 +14,7 @@ public:
     template <typename Accepts>
     ReferenceChain(const Document& document, pugi::xml_node node, Accepts accepts)
     {
-        while (node && _nodes.size() < kMaxLength && accepts(document.tag(node)) && !contains(node)) {
+        while (node && _nodes.size() < MaxLength && accepts(document.tag(node)) && !contains(node)) {
             _nodes.push_back(node);
             node = document.target(node);
         }
@@ -28,21 +28,23 @@ public:
     [[nodiscard]] std::string_view get(const char* name) const
     {
         for (const pugi::xml_node& node : _nodes) {
-            if (const pugi::xml_attribute found = node.attribute(name))
+            if (const pugi::xml_attribute found = node.attribute(name)) {
                 return found.value();
+            }
         }
         return {};
     }
     [[nodiscard]] const std::vector<pugi::xml_node>& nodes() const { return _nodes; }
 
 private:
-    static constexpr std::size_t kMaxLength = 32;
+    static constexpr std::size_t MaxLength = 32;
 
     [[nodiscard]] bool contains(const pugi::xml_node& node) const
     {
         for (const pugi::xml_node& known : _nodes) {
-            if (known == node)
+            if (known == node) {
                 return true;
+            }
         }
         return false;
     }

@@ -15,8 +15,9 @@ namespace {
 std::optional<double> absolute(std::string_view text, const LengthBase& base)
 {
     const auto length = parseLength(text);
-    if (!length || hasPercent(*length) || length->value < 0)
+    if (!length || hasPercent(*length) || length->value < 0) {
         return {};
+    }
     const double value = resolve(*length, Axis::Diagonal, base);
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
@@ -41,14 +42,17 @@ Size rootSize(const StyledDocument& document, const SvgOptions& options, Budget&
     const LengthBase base = scene.lengthBase(root.style, {});
     auto width = absolute(root.get(Geometry::Width), base);
     auto height = absolute(root.get(Geometry::Height), base);
-    if (width && height)
+    if (width && height) {
         return {*width, *height};
+    }
     if (const auto viewBox = parseViewBox(attribute(document.elements().root(), "viewBox"))) {
         const double ratio = viewBox->height / viewBox->width;
-        if (width)
+        if (width) {
             return {*width, *width * ratio};
-        if (height)
+        }
+        if (height) {
             return {*height / ratio, *height};
+        }
         return {viewBox->width, viewBox->height};
     }
     const Size ink = inkSize(document, options, budget);

@@ -9,8 +9,9 @@ Scene::Scene(const StyledDocument& document, const SvgOptions& options, Report& 
 {
     // Large drawings have many elements to style.
     budget.styleWork += this->document().size();
-    for (const SheetMessage& message : document.sheetMessages())
+    for (const SheetMessage& message : document.sheetMessages()) {
         report.badInput(message.what, message.line);
+    }
     _rootFontSize = styleOf(this->document().root()).fontSize;
 }
 
@@ -29,14 +30,17 @@ Element Scene::resolve(const pugi::xml_node& node, const Style& parent)
 const Style& Scene::styleOf(const pugi::xml_node& node)
 {
     const auto known = _styles.find(node.hash_value());
-    if (known != _styles.end())
+    if (known != _styles.end()) {
         return *known->second;
+    }
     std::vector<pugi::xml_node> line;
-    for (pugi::xml_node at = node; at.type() == pugi::node_element && line.size() < kMaxDepth; at = at.parent())
+    for (pugi::xml_node at = node; at.type() == pugi::node_element && line.size() < MaxDepth; at = at.parent()) {
         line.push_back(at);
+    }
     Style style;
-    for (auto at = line.rbegin(); at != line.rend(); ++at)
+    for (auto at = line.rbegin(); at != line.rend(); ++at) {
         style = resolve(*at, style).style;
+    }
     return *_styles.emplace(node.hash_value(), std::make_unique<Style>(style)).first->second;
 }
 
@@ -52,8 +56,9 @@ bool Scene::spendReferences(std::size_t cost)
         return true;
     }
     _budget.references = 0;
-    if (!_budgetReported)
+    if (!_budgetReported) {
         _report.notDrawn("further reference (too many in all)");
+    }
     _budgetReported = true;
     return false;
 }
@@ -71,8 +76,9 @@ bool Scene::spendMeasuring(std::size_t cost)
 
 void Scene::reportDepth(const pugi::xml_node& node)
 {
-    if (!_budget.depthReported)
+    if (!_budget.depthReported) {
         badInput("elements left out: they are nested too deep", node);
+    }
     _budget.depthReported = true;
 }
 

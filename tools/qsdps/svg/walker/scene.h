@@ -28,7 +28,7 @@ struct Budget {
 };
 
 /// Elements nested deeper than this are not drawn; every level of the walk takes stack.
-inline constexpr int kMaxDepth = 250;
+inline constexpr int MaxDepth = 250;
 
 class Scene {
 public:

@@ -11,8 +11,9 @@ namespace {
 
 std::optional<double> at(const std::vector<double>& list, std::size_t index)
 {
-    if (index >= list.size())
+    if (index >= list.size()) {
         return {};
+    }
     return list[index];
 }
 
@@ -50,8 +51,9 @@ void TextBuilder::add(std::string_view text)
         const std::size_t from = i;
         const char32_t c = QsdNextUtf8(text, i);
         if (c < 0x80 && isSpace(static_cast<char>(c))) {
-            if (!_preserveSpace && _afterSpace)
+            if (!_preserveSpace && _afterSpace) {
                 continue;
+            }
             addCharacter(" ");
             _afterSpace = true;
             continue;
@@ -77,16 +79,18 @@ TextBuilder::Place TextBuilder::nextPlace()
     for (auto lists = _positions.rbegin(); lists != _positions.rend(); ++lists) {
         const std::size_t index = lists->next++;
         const auto take = [&](std::optional<double>& to, const std::vector<double>& list) {
-            if (!to)
+            if (!to) {
                 to = at(list, index);
+            }
         };
         take(place.x, lists->x);
         take(place.y, lists->y);
         take(dx, lists->dx);
         take(dy, lists->dy);
         take(rotate, lists->rotate);
-        if (!rotate && !lists->rotate.empty())
+        if (!rotate && !lists->rotate.empty()) {
             rotate = lists->rotate.back();
+        }
     }
     place.dx = dx.value_or(0);
     place.dy = dy.value_or(0);
@@ -99,18 +103,21 @@ void TextBuilder::addCharacter(std::string_view bytes)
     Place place = nextPlace();
     if (_path) {
         // Positions are distances along the path, which only the beginning can have here.
-        if (_newChunk)
+        if (_newChunk) {
             _startOffset += place.x.value_or(0);
+        }
         place.x.reset();
         place.y.reset();
     }
-    if (_newChunk || place.x)
+    if (_newChunk || place.x) {
         beginChunk(place);
-    else if (place.y)
+    } else if (place.y) {
         place.dy += *place.y - _y;
+    }
     const bool turned = !_newSpan && _chunks.back().spans.back().rotate != place.rotate;
-    if (_newSpan || turned || place.dx != 0 || place.dy != 0)
+    if (_newSpan || turned || place.dx != 0 || place.dy != 0) {
         beginSpan(place.dx, place.dy, place.rotate);
+    }
     _chunks.back().spans.back().text.append(bytes);
 }
 
@@ -143,8 +150,9 @@ std::vector<TextChunk> TextBuilder::finish()
 {
     if (!_chunks.empty() && !_preserveSpace && _afterSpace) {
         std::string& last = _chunks.back().spans.back().text;
-        if (last.ends_with(' '))
+        if (last.ends_with(' ')) {
             last.pop_back();
+        }
     }
     return std::move(_chunks);
 }

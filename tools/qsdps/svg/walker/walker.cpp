@@ -19,10 +19,12 @@ bool hasSeveral(const Document& document, const pugi::xml_node& parent)
 {
     bool one = false;
     for (const pugi::xml_node& child : parent.children()) {
-        if (!isDrawn(document.tag(child)))
+        if (!isDrawn(document.tag(child))) {
             continue;
-        if (one)
+        }
+        if (one) {
             return true;
+        }
         one = true;
     }
     return false;
@@ -30,9 +32,10 @@ bool hasSeveral(const Document& document, const pugi::xml_node& parent)
 
 bool isInside(pugi::xml_node node, const pugi::xml_node& outer)
 {
-    for (int levels = 0; node && levels <= kMaxDepth; ++levels, node = node.parent()) {
-        if (node == outer)
+    for (int levels = 0; node && levels <= MaxDepth; ++levels, node = node.parent()) {
+        if (node == outer) {
             return true;
+        }
     }
     return false;
 }
@@ -44,8 +47,9 @@ bool makesContent(const pugi::xml_node& filter)
         const std::string_view name = localName(child);
         for (const std::string_view maker :
              {"feFlood", "feImage", "feTurbulence", "feDiffuseLighting", "feSpecularLighting", "feTile"}) {
-            if (name == maker)
+            if (name == maker) {
                 return true;
+            }
         }
     }
     return false;
@@ -77,72 +81,86 @@ void Walker::drawRoot(const Matrix& toPage)
 
 bool Walker::spend(const pugi::xml_node& node, const State& state)
 {
-    if (measuring())
+    if (measuring()) {
         return _scene.spendMeasuring(costOf(node));
+    }
     return !state.referenced || _scene.spendReferences(costOf(node));
 }
 
 std::size_t Walker::costOf(const pugi::xml_node& node)
 {
     // Attributes are read anew each time they are referred to; long ones cost more than the element.
-    constexpr std::size_t kShortText = 512;
+    constexpr std::size_t ShortText = 512;
     std::size_t size = 0;
-    for (const pugi::xml_attribute& text : node.attributes())
+    for (const pugi::xml_attribute& text : node.attributes()) {
         size += std::strlen(text.value());
-    return 1 + size / kShortText;
+    }
+    return 1 + size / ShortText;
 }
 
 void Walker::drawElement(const pugi::xml_node& node, const State& parent, const Element* use)
 {
     const Tag tag = _scene.document().tag(node);
-    if (!isDrawn(tag) && !(use != nullptr && tag == Tag::Symbol))
+    if (!isDrawn(tag) && !(use != nullptr && tag == Tag::Symbol)) {
         return;
-    if (parent.depth >= kMaxDepth) {
+    }
+    if (parent.depth >= MaxDepth) {
         _scene.reportDepth(node);
         return;
     }
-    if (!spend(node, parent))
+    if (!spend(node, parent)) {
         return;
+    }
     const Element element = _scene.resolve(node, *parent.style);
     const OwnStyle& own = element.style.own;
-    if (!own.display || !conditionsHold(node, _scene.options().languages))
+    if (!own.display || !conditionsHold(node, _scene.options().languages)) {
         return;
+    }
     State state = parent;
     state.style = &element.style;
     ++state.depth;
-    if (!applyTransform(element, state))
+    if (!applyTransform(element, state)) {
         return;
+    }
     // What cuts a use is moved with it.
-    if (tag == Tag::Use)
+    if (tag == Tag::Use) {
         state.toPage = state.toPage * shiftOfUse(element, state);
+    }
     if (measuring()) {
         drawContent(element, state, use);
         return;
     }
     state.opacity *= own.opacity;
-    if (state.opacity <= 0)
+    if (state.opacity <= 0) {
         return;
+    }
 
     reportEffects(element);
     const BoundsOf bounds = [&, known = false, box = std::optional<Box>()]() mutable {
-        if (!std::exchange(known, true))
+        if (!std::exchange(known, true)) {
             box = boundsOf(element, state, use);
+        }
         return box;
     };
     ClipMemo memo;
     const Clip clip = own.clipPath.empty() ? nullptr : makeClip(own.clipPath, state, bounds, memo);
     const Clip mask = own.mask.empty() ? nullptr : makeMaskClip(own.mask, state, bounds);
-    if ((clip && clip->outlines.empty()) || (mask && mask->outlines.empty()))
+    if ((clip && clip->outlines.empty()) || (mask && mask->outlines.empty())) {
         return;
-    if (clip)
+    }
+    if (clip) {
         _canvas.pushClip(*clip);
-    if (mask)
+    }
+    if (mask) {
         _canvas.pushClip(*mask);
+    }
     drawContent(element, state, use);
-    if (mask)
+    if (mask) {
         _canvas.popClip();
-    if (clip)
+    }
+    if (clip) {
         _canvas.popClip();
+    }
 }
 
 void Walker::drawContent(const Element& element, const State& state, const Element* use)
@@ -169,12 +187,14 @@ void Walker::drawContent(const Element& element, const State& state, const Eleme
         drawImage(element, state);
         break;
     case Tag::ForeignObject:
-        if (!measuring())
+        if (!measuring()) {
             _scene.report().notDrawn("foreignObject");
+        }
         break;
     case Tag::FlowRoot:
-        if (!measuring())
+        if (!measuring()) {
             _scene.report().notDrawn("flowed text");
+        }
         break;
     default:
         drawShape(element, state);
@@ -185,8 +205,9 @@ void Walker::drawContent(const Element& element, const State& state, const Eleme
 void Walker::drawChildren(const pugi::xml_node& parent, const State& state)
 {
     for (const pugi::xml_node& child : parent.children()) {
-        if (child.type() == pugi::node_element)
+        if (child.type() == pugi::node_element) {
             drawElement(child, state);
+        }
     }
 }
 
@@ -203,25 +224,29 @@ void Walker::drawSwitch(const pugi::xml_node& node, const State& state)
     pugi::xml_node preferred;
     for (const pugi::xml_node& child : node.children()) {
         const Tag tag = _scene.document().tag(child);
-        if (!isDrawn(tag) || !conditionsHold(child, _scene.options().languages))
+        if (!isDrawn(tag) || !conditionsHold(child, _scene.options().languages)) {
             continue;
+        }
         if (tag != Tag::ForeignObject && tag != Tag::FlowRoot) {
             drawElement(child, state);
             return;
         }
-        if (!preferred)
+        if (!preferred) {
             preferred = child;
+        }
     }
-    if (preferred)
+    if (preferred) {
         drawElement(preferred, state);
+    }
 }
 
 void Walker::drawUse(const Element& element, State state)
 {
     const pugi::xml_node target = _scene.document().target(element.node);
     if (!target) {
-        if (!measuring())
+        if (!measuring()) {
             _scene.badInput("use element left out: it refers to nothing in this file", element.node);
+        }
         return;
     }
     const Scene::Expansion expansion(_scene, target);
@@ -230,8 +255,9 @@ void Walker::drawUse(const Element& element, State state)
         return;
     }
     state.referenced = true;
-    if (isFinite(state.toPage))
+    if (isFinite(state.toPage)) {
         drawElement(target, state, &element);
+    }
 }
 
 void Walker::drawViewport(const Element& element, State state, const Element* use)
@@ -247,8 +273,9 @@ void Walker::drawViewport(const Element& element, State state, const Element* us
         box = {lengthOr(element.get(Geometry::X), Axis::Horizontal, base, 0),
                lengthOr(element.get(Geometry::Y), Axis::Vertical, base, 0),
                size(Geometry::Width, Axis::Horizontal, box.width), size(Geometry::Height, Axis::Vertical, box.height)};
-        if (!(box.width > 0) || !(box.height > 0))
+        if (!(box.width > 0) || !(box.height > 0)) {
             return;
+        }
     }
     // What lies outside of a viewport is cut, unless the element says otherwise; the page itself cuts the root.
     const bool cut = !isRoot && !element.style.own.overflowShown && !measuring();
@@ -262,13 +289,16 @@ void Walker::drawViewport(const Element& element, State state, const Element* us
         state.toPage = outer * Matrix::translation(box.x, box.y);
         state.viewport = {box.width, box.height};
     }
-    if (!isFinite(state.toPage))
+    if (!isFinite(state.toPage)) {
         return;
-    if (cut)
+    }
+    if (cut) {
         pushBoxClip(box, outer);
+    }
     drawGroup(element.node, state);
-    if (cut)
+    if (cut) {
         _canvas.popClip();
+    }
 }
 
 Matrix Walker::shiftOfUse(const Element& use, const State& state) const
@@ -281,12 +311,14 @@ Matrix Walker::shiftOfUse(const Element& use, const State& state) const
 bool Walker::applyTransform(const Element& element, State& state)
 {
     const std::string_view text = element.style.own.transform;
-    if (text.empty())
+    if (text.empty()) {
         return true;
+    }
     const auto transform = parseTransform(text);
     if (!transform) {
-        if (!measuring())
+        if (!measuring()) {
             _scene.badInput(badValue(text, "transform"), element.node);
+        }
         return true;
     }
     state.toPage = state.toPage * *transform;
@@ -295,8 +327,9 @@ bool Walker::applyTransform(const Element& element, State& state)
 
 bool Walker::beginGroup(State& state, bool needed)
 {
-    if (!needed || state.opacity >= 1 || measuring())
+    if (!needed || state.opacity >= 1 || measuring()) {
         return false;
+    }
     _canvas.beginGroup(state.opacity);
     state.opacity = 1;
     return true;
@@ -304,30 +337,36 @@ bool Walker::beginGroup(State& state, bool needed)
 
 void Walker::endGroup(bool begun)
 {
-    if (begun)
+    if (begun) {
         _canvas.endGroup();
+    }
 }
 
 void Walker::reportEffects(const Element& element)
 {
     const OwnStyle& own = element.style.own;
-    if (own.blend)
+    if (own.blend) {
         _scene.report().approximated("blend mode");
-    if (!own.filter)
+    }
+    if (!own.filter) {
         return;
+    }
     const pugi::xml_node filter = _scene.document().byId(own.filterId);
-    if (!own.filterId.empty() && _scene.document().tag(filter) != Tag::Filter)
+    if (!own.filterId.empty() && _scene.document().tag(filter) != Tag::Filter) {
         return;
-    if (makesContent(filter))
+    }
+    if (makesContent(filter)) {
         _scene.report().notDrawn("filter");
-    else
+    } else {
         _scene.report().approximated("filter");
+    }
 }
 
 std::optional<Box> Walker::boundsOf(const Element& element, const State& state, const Element* use)
 {
-    if (isShape(element.tag))
+    if (isShape(element.tag)) {
         return pathBounds(shapePath(element, baseOf(state), [](std::string_view) {}));
+    }
     BoundsCanvas canvas(state.toPage.inverse(), false);
     Walker(_scene, canvas, Purpose::Measure).drawContent(element, state, use);
     return canvas.box();

@@ -14,8 +14,8 @@
 namespace qsdps::svg {
 namespace {
 
-constexpr std::size_t kMaxImage = std::size_t{256} << 20;
-constexpr int kMaxEmbedded = 4;
+constexpr std::size_t MaxImage = std::size_t{256} << 20;
+constexpr int MaxEmbedded = 4;
 
 bool looksLikeSvg(const std::string& data)
 {
@@ -30,22 +30,25 @@ void completeSize(Box& viewport, const Element& element, std::optional<Size> own
     const auto given = [&](Geometry which) { return parseLength(element.get(which)).has_value(); };
     const bool width = given(Geometry::Width);
     const bool height = given(Geometry::Height);
-    if (!own || !(own->width > 0) || !(own->height > 0) || (width && height))
+    if (!own || !(own->width > 0) || !(own->height > 0) || (width && height)) {
         return;
-    if (width)
+    }
+    if (width) {
         viewport.height = viewport.width * own->height / own->width;
-    else if (height)
+    } else if (height) {
         viewport.width = viewport.height * own->width / own->height;
-    else
+    } else {
         viewport = {viewport.x, viewport.y, own->width, own->height};
+    }
 }
 
 } // namespace
 
 void Walker::drawImage(const Element& element, State state)
 {
-    if (!element.style.visible)
+    if (!element.style.visible) {
         return;
+    }
     const LengthBase base = baseOf(state);
     ImageObject image;
     image.viewport = {lengthOr(element.get(Geometry::X), Axis::Horizontal, base, 0),
@@ -57,10 +60,11 @@ void Walker::drawImage(const Element& element, State state)
         return;
     }
     const std::string_view source = href(element.node);
-    if (source.empty())
+    if (source.empty()) {
         return;
+    }
     std::size_t& budget = _scene.budget().imageBytes;
-    auto bytes = readLinked(source, _scene.options().baseFolder, std::min(budget, kMaxImage));
+    auto bytes = readLinked(source, _scene.options().baseFolder, std::min(budget, MaxImage));
     if (!bytes) {
         if (!measuring()) {
             _scene.notDrawn("image", element.node);
@@ -74,8 +78,9 @@ void Walker::drawImage(const Element& element, State state)
     }
     completeSize(image.viewport, element, imageSize(bytes->data));
     if (!(image.viewport.width > 0) || !(image.viewport.height > 0) ||
-        !isFinite(outlineOf(image.viewport), state.toPage))
+        !isFinite(outlineOf(image.viewport), state.toPage)) {
         return;
+    }
     const AspectRatio aspect = parseAspectRatio(attribute(element.node, "preserveAspectRatio"));
     image.data = std::move(bytes->data);
     image.name = std::move(bytes->name);
@@ -91,17 +96,17 @@ void Walker::drawEmbedded(std::string bytes, const Element& element, Box viewpor
 {
     Budget& budget = _scene.budget();
     // Reading a drawing costs far more than handing on a picture.
-    constexpr std::size_t kDrawingCost = 16;
-    budget.imageBytes -= std::min(budget.imageBytes, bytes.size() * kDrawingCost);
+    constexpr std::size_t DrawingCost = 16;
+    budget.imageBytes -= std::min(budget.imageBytes, bytes.size() * DrawingCost);
     std::string error;
-    const auto document = budget.embedded < kMaxEmbedded
+    const auto document = budget.embedded < MaxEmbedded
                               ? StyledDocument::load(std::move(bytes), _scene.options().baseFolder, error)
                               : nullptr;
     if (!document) {
         _scene.notDrawn("image", element.node);
         return;
     }
-    budget.imageBytes -= std::min(budget.imageBytes, document->sheetBytes() * kDrawingCost);
+    budget.imageBytes -= std::min(budget.imageBytes, document->sheetBytes() * DrawingCost);
     ++budget.embedded;
     drawDocument(*document, element, viewport, state);
     --budget.embedded;
@@ -111,12 +116,14 @@ void Walker::drawDocument(const StyledDocument& document, const Element& element
 {
     const Size size = rootSize(document, _scene.options(), _scene.budget());
     completeSize(viewport, element, size);
-    if (!(viewport.width > 0) || !(viewport.height > 0) || !(size.width > 0) || !(size.height > 0))
+    if (!(viewport.width > 0) || !(viewport.height > 0) || !(size.width > 0) || !(size.height > 0)) {
         return;
+    }
     const AspectRatio aspect = parseAspectRatio(attribute(element.node, "preserveAspectRatio"));
     const Matrix toPage = state.toPage * fitBox({0, 0, size.width, size.height}, aspect, viewport);
-    if (!isFinite(toPage))
+    if (!isFinite(toPage)) {
         return;
+    }
     pushBoxClip(viewport, state.toPage);
     const bool group = beginGroup(state, true);
     Scene scene(document, _scene.options(), _scene.report(), _scene.budget(), size);

@@ -79,48 +79,58 @@ Paint Walker::makeReference(const PaintSpec& wanted, const State& state, const B
     default:
         break;
     }
-    if (wanted.fallback == PaintSpec::Kind::Color)
+    if (wanted.fallback == PaintSpec::Kind::Color) {
         return solid(wanted.color, 1);
-    if (wanted.fallback == PaintSpec::Kind::CurrentColor)
+    }
+    if (wanted.fallback == PaintSpec::Kind::CurrentColor) {
         return solid(state.style->color, 1);
+    }
     return {};
 }
 
 Paint Walker::makeTile(const pugi::xml_node& node, const State& state, const BoundsOf& bounds)
 {
     const ReferenceChain chain(_scene.document(), node, [](Tag tag) { return tag == Tag::Pattern; });
-    if (chain.endsEarly())
+    if (chain.endsEarly()) {
         _scene.badInput("pattern refers to itself, or through too many others", node);
+    }
     const auto content = std::find_if(chain.nodes().begin(), chain.nodes().end(), hasElements);
-    if (content == chain.nodes().end() || state.depth >= kMaxDepth)
+    if (content == chain.nodes().end() || state.depth >= MaxDepth) {
         return {};
+    }
     const bool cellOfBox = chain.get("patternUnits") != "userSpaceOnUse";
     const auto viewBox = parseViewBox(chain.get("viewBox"));
     const bool contentOfBox = chain.get("patternContentUnits") == "objectBoundingBox" && !viewBox;
     Box box;
     if (cellOfBox || contentOfBox) {
         box = bounds().value_or(Box{});
-        if (!(box.width > 0) || !(box.height > 0))
+        if (!(box.width > 0) || !(box.height > 0)) {
             return {};
+        }
     }
     LengthBase base = baseOf(state);
-    if (cellOfBox)
+    if (cellOfBox) {
         base.viewport = {1, 1};
+    }
     const auto get = [&](const char* name, Axis axis) { return lengthOr(chain.get(name), axis, base, 0); };
     Box cell{get("x", Axis::Horizontal), get("y", Axis::Vertical), get("width", Axis::Horizontal),
              get("height", Axis::Vertical)};
-    if (cellOfBox)
+    if (cellOfBox) {
         cell = {box.x + cell.x * box.width, box.y + cell.y * box.height, cell.width * box.width,
                 cell.height * box.height};
-    if (!(cell.width > 0) || !(cell.height > 0) || !isFinite(outlineOf(cell), state.toPage))
+    }
+    if (!(cell.width > 0) || !(cell.height > 0) || !isFinite(outlineOf(cell), state.toPage)) {
         return {};
+    }
 
     auto tile = std::make_shared<Tile>();
     tile->cell = cell;
-    if (const auto transform = parseTransform(chain.get("patternTransform")))
+    if (const auto transform = parseTransform(chain.get("patternTransform"))) {
         tile->toUser = *transform;
-    if (!isFinite(tile->toUser) || tile->toUser.determinant() == 0)
+    }
+    if (!isFinite(tile->toUser) || tile->toUser.determinant() == 0) {
         return {};
+    }
     State inner = state;
     inner.opacity = 1;
     inner.context = nullptr;
@@ -131,8 +141,9 @@ Paint Walker::makeTile(const pugi::xml_node& node, const State& state, const Bou
         inner.viewport = {viewBox->width, viewBox->height};
     } else {
         inner.toPage = Matrix::translation(cell.x, cell.y);
-        if (contentOfBox)
+        if (contentOfBox) {
             inner.toPage = inner.toPage * Matrix::scaling(box.width, box.height);
+        }
     }
     Scene& scene = _scene;
     tile->draw = [&scene, inner, cell, source = *content](Canvas& canvas, const Matrix& toPage) {
@@ -155,13 +166,15 @@ void Walker::drawTile(const pugi::xml_node& content, const State& state, const B
     // How often a cell is drawn is the painter's choice; a tile within a tile multiplies that.
     inner.referenced = _scene.tiles > 0;
     const bool cut = !style.own.overflowShown;
-    if (cut)
+    if (cut) {
         pushBoxClip(cell, patternToPage);
+    }
     ++_scene.tiles;
     drawChildren(content, inner);
     --_scene.tiles;
-    if (cut)
+    if (cut) {
         _canvas.popClip();
+    }
 }
 
 } // namespace qsdps::svg

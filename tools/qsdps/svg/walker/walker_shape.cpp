@@ -21,19 +21,23 @@ bool hasMarkers(const Element& element)
 std::vector<double> dashLengths(std::string_view text, const LengthBase& base)
 {
     const auto lengths = parseLengthList(text);
-    if (!lengths)
+    if (!lengths) {
         return {};
+    }
     std::vector<double> dashes;
-    for (const Length& length : *lengths)
+    for (const Length& length : *lengths) {
         dashes.push_back(resolve(length, Axis::Diagonal, base));
+    }
     const bool negative = std::any_of(dashes.begin(), dashes.end(), [](double d) { return !(d >= 0); });
-    if (negative || !(std::accumulate(dashes.begin(), dashes.end(), 0.0) > 0))
+    if (negative || !(std::accumulate(dashes.begin(), dashes.end(), 0.0) > 0)) {
         return {};
+    }
     if (dashes.size() % 2 != 0) {
         const std::size_t count = dashes.size();
         dashes.reserve(2 * count);
-        for (std::size_t i = 0; i < count; ++i)
+        for (std::size_t i = 0; i < count; ++i) {
             dashes.push_back(dashes[i]);
+        }
     }
     return dashes;
 }
@@ -42,13 +46,16 @@ std::vector<double> dashLengths(std::string_view text, const LengthBase& base)
 void scaleDashes(StrokeStyle& stroke, const Element& element, const Path& path)
 {
     const auto stated = parseNumber(attribute(element.node, "pathLength"));
-    if (!stated || !(*stated > 0) || stroke.dashes.empty())
+    if (!stated || !(*stated > 0) || stroke.dashes.empty()) {
         return;
+    }
     const double factor = pathLength(path) / *stated;
-    if (!(factor > 0))
+    if (!(factor > 0)) {
         return;
-    for (double& dash : stroke.dashes)
+    }
+    for (double& dash : stroke.dashes) {
         dash *= factor;
+    }
     stroke.dashOffset *= factor;
 }
 
@@ -74,31 +81,37 @@ void Walker::drawShape(const Element& element, State state)
     const auto ignore = [](std::string_view) {};
     const Path path = measuring() ? shapePath(element, baseOf(state), ignore)
                                   : shapePath(element, baseOf(state), faultsOf(element.node));
-    if (path.empty())
+    if (path.empty()) {
         return;
+    }
     if (!isFinite(path, state.toPage)) {
-        if (!measuring())
+        if (!measuring()) {
             _scene.badInput("shape left out: its coordinates are out of range", element.node);
+        }
         return;
     }
     StrokeStyle stroke = strokeStyle(style, state);
     const bool hasStroke = stroke.width > 0 && style.stroke.kind != PaintSpec::Kind::None;
     if (measuring()) {
         _canvas.fill(path, style.fillRule, {Rgb{}, 1}, state.toPage);
-        if (hasStroke)
+        if (hasStroke) {
             _canvas.stroke(path, stroke, {Rgb{}, 1}, state.toPage);
+        }
         return;
     }
     const BoundsOf bounds = [&] { return pathBounds(path); };
     ContextPaint paints;
     paints.toPage = state.toPage;
-    if (element.tag != Tag::Line)
+    if (element.tag != Tag::Line) {
         paints.fill = makePaint(style.fill, style.fillOpacity, state, bounds);
-    if (hasStroke)
+    }
+    if (hasStroke) {
         paints.stroke = makePaint(style.stroke, style.strokeOpacity, state, bounds);
+    }
     const bool markers = hasMarkers(element);
-    if (!style.visible || (paints.fill.none() && paints.stroke.none() && !markers))
+    if (!style.visible || (paints.fill.none() && paints.stroke.none() && !markers)) {
         return;
+    }
 
     const bool group = beginGroup(state, markers || (!paints.fill.none() && !paints.stroke.none()));
     paints.fill.opacity *= state.opacity;

@@ -18,13 +18,15 @@ std::vector<std::string> familyList(std::string_view text)
 {
     std::vector<std::string> families;
     Scanner scanner(text);
-    constexpr std::size_t kMostFamilies = 32;
-    while (!scanner.atEnd() && families.size() < kMostFamilies) {
+    constexpr std::size_t MostFamilies = 32;
+    while (!scanner.atEnd() && families.size() < MostFamilies) {
         std::string_view name = trim(scanner.upTo(','));
-        if (name.size() >= 2 && (name.front() == '"' || name.front() == '\'') && name.back() == name.front())
+        if (name.size() >= 2 && (name.front() == '"' || name.front() == '\'') && name.back() == name.front()) {
             name = trim(name.substr(1, name.size() - 2));
-        if (!name.empty())
+        }
+        if (!name.empty()) {
             families.emplace_back(name);
+        }
     }
     return families;
 }
@@ -51,8 +53,9 @@ double baselineHeight(Baseline baseline)
 
 TextAnchor anchorOf(const Style& style)
 {
-    if (!style.rightToLeft || style.textAnchor == TextAnchor::Middle)
+    if (!style.rightToLeft || style.textAnchor == TextAnchor::Middle) {
         return style.textAnchor;
+    }
     return style.textAnchor == TextAnchor::Start ? TextAnchor::End : TextAnchor::Start;
 }
 
@@ -85,23 +88,27 @@ public:
     {
         TextPositions positions = readPositions(element, state);
         const bool positioned = !positions.empty();
-        if (positioned)
+        if (positioned) {
             _builder.pushPositions(std::move(positions));
+        }
         const std::optional<double> length = readLength(element, state);
         const std::size_t before = length ? _builder.breakSpan() : 0;
         const TextSpan span = makeSpan(element.style, state, shift, opacity);
         const auto useSpan = [&] { _builder.setSpan(span, anchorOf(element.style), element.style.preserveSpace); };
         useSpan();
         for (const pugi::xml_node& child : element.node.children()) {
-            if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
+            if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) {
                 addText(child.value(), state);
-            else if (child.type() == pugi::node_element && inner(child, state, shift, opacity))
+            } else if (child.type() == pugi::node_element && inner(child, state, shift, opacity)) {
                 useSpan();
+            }
         }
-        if (length)
+        if (length) {
             applyLength(before, *length);
-        if (positioned)
+        }
+        if (positioned) {
             _builder.popPositions();
+        }
     }
 
     [[nodiscard]] std::vector<TextChunk> finish() { return _builder.finish(); }
@@ -109,9 +116,10 @@ public:
 private:
     void addText(std::string_view text, const State& state)
     {
-        constexpr std::size_t kShortText = 128;
-        if (!state.referenced || _walker._scene.spendReferences(text.size() / kShortText))
+        constexpr std::size_t ShortText = 128;
+        if (!state.referenced || _walker._scene.spendReferences(text.size() / ShortText)) {
             _builder.add(text);
+        }
     }
 
     /// A span inside; true when it may have changed what the builder writes with.
@@ -119,30 +127,35 @@ private:
     {
         Scene& scene = _walker._scene;
         const Tag tag = scene.document().tag(node);
-        if (tag == Tag::Tref && !_walker.measuring())
+        if (tag == Tag::Tref && !_walker.measuring()) {
             scene.report().notDrawn("tref");
-        if (!isTextChild(tag))
+        }
+        if (!isTextChild(tag)) {
             return false;
-        if (parent.depth >= kMaxDepth) {
+        }
+        if (parent.depth >= MaxDepth) {
             scene.reportDepth(node);
             return false;
         }
-        if (!_walker.spend(node, parent))
+        if (!_walker.spend(node, parent)) {
             return false;
+        }
         const Element element = scene.resolve(node, *parent.style);
-        if (!element.style.own.display || !conditionsHold(node, scene.options().languages))
+        if (!element.style.own.display || !conditionsHold(node, scene.options().languages)) {
             return false;
+        }
         State state = parent;
         state.style = &element.style;
         ++state.depth;
         shift += baselineShift(element.style, *parent.style);
         opacity *= element.style.own.opacity;
-        if (tag == Tag::Switch)
+        if (tag == Tag::Switch) {
             chooseFrom(node, state, shift, opacity);
-        else if (tag == Tag::TextPath)
+        } else if (tag == Tag::TextPath) {
             onPath(element, state, shift, opacity);
-        else
+        } else {
             this->element(element, state, shift, opacity);
+        }
         return true;
     }
 
@@ -152,43 +165,51 @@ private:
         pugi::xml_node tref;
         for (const pugi::xml_node& child : node.children()) {
             const Tag tag = scene.document().tag(child);
-            if (!conditionsHold(child, scene.options().languages))
+            if (!conditionsHold(child, scene.options().languages)) {
                 continue;
+            }
             if (isTextChild(tag)) {
                 inner(child, state, shift, opacity);
                 return;
             }
-            if (tag == Tag::Tref)
+            if (tag == Tag::Tref) {
                 tref = child;
+            }
         }
-        if (tref)
+        if (tref) {
             inner(tref, state, shift, opacity);
+        }
     }
 
     void onPath(const Element& textPath, const State& state, double shift, double opacity)
     {
         Scene& scene = _walker._scene;
         const pugi::xml_node target = scene.document().target(textPath.node);
-        if (!isShape(scene.document().tag(target)))
+        if (!isShape(scene.document().tag(target))) {
             return;
+        }
         // The path is read, measured and walked anew for each text along it.
-        constexpr std::size_t kPasses = 4;
-        const std::size_t cost = kPasses * Walker::costOf(target);
-        if (!(_walker.measuring() ? scene.spendMeasuring(cost) : scene.spendReferences(cost)))
+        constexpr std::size_t Passes = 4;
+        const std::size_t cost = Passes * Walker::costOf(target);
+        if (!(_walker.measuring() ? scene.spendMeasuring(cost) : scene.spendReferences(cost))) {
             return;
+        }
         const Element shape = scene.resolve(target, scene.styleOf(target.parent()));
         Path path = shapePath(shape, _walker.baseOf(state), [](std::string_view) {});
         double scale = 1;
         const double length = pathLength(path);
-        if (const auto stated = parseNumber(attribute(target, "pathLength")); stated && *stated > 0)
+        if (const auto stated = parseNumber(attribute(target, "pathLength")); stated && *stated > 0) {
             scale = length / *stated;
+        }
         const Length offset = parseLength(attribute(textPath.node, "startOffset")).value_or(Length{});
         const double start = qsdps::resolve(offset, scale > 0 ? length / scale : 0, _walker.baseOf(state)) * scale;
         const auto transform = parseTransform(shape.style.own.transform);
-        if (transform)
+        if (transform) {
             path = path.transformed(*transform);
-        if (path.empty() || !isFinite(path, state.toPage))
+        }
+        if (path.empty() || !isFinite(path, state.toPage)) {
             return;
+        }
         _builder.setPath(std::move(path), start);
         element(textPath, state, shift, opacity);
         _builder.setPath({}, 0);
@@ -200,10 +221,12 @@ private:
         const auto read = [&](std::string_view text, Axis axis) {
             std::vector<double> values;
             const auto lengths = parseLengthList(text);
-            if (!lengths && !_walker.measuring())
+            if (!lengths && !_walker.measuring()) {
                 _walker._scene.badInput(badValue(text, "a list of text positions"), element.node);
-            for (const Length& length : lengths.value_or(std::vector<Length>{}))
+            }
+            for (const Length& length : lengths.value_or(std::vector<Length>{})) {
                 values.push_back(qsdps::resolve(length, axis, base));
+            }
             return values;
         };
         TextPositions positions;
@@ -218,32 +241,38 @@ private:
     [[nodiscard]] std::optional<double> readLength(const Element& element, const State& state) const
     {
         const auto length = parseLength(attribute(element.node, "textLength"));
-        if (!length || !(length->value > 0))
+        if (!length || !(length->value > 0)) {
             return {};
+        }
         return qsdps::resolve(*length, Axis::Horizontal, _walker.baseOf(state));
     }
 
     void applyLength(std::size_t before, double length)
     {
-        if (TextSpan* only = _builder.onlySpanSince(before))
+        if (TextSpan* only = _builder.onlySpanSince(before)) {
             only->textLength = length;
-        else if (_builder.anySince(before) && !_walker.measuring())
+        } else if (_builder.anySince(before) && !_walker.measuring()) {
             _walker._scene.report().approximated("textLength");
+        }
         static_cast<void>(_builder.breakSpan());
     }
 
     double baselineShift(const Style& style, const Style& parent) const
     {
         const std::string_view text = style.own.baselineShift;
-        if (text.empty() || text == "baseline")
+        if (text.empty() || text == "baseline") {
             return 0;
-        if (text == "super")
+        }
+        if (text == "super") {
             return parent.fontSize * 0.4;
-        if (text == "sub")
+        }
+        if (text == "sub") {
             return parent.fontSize * -0.2;
+        }
         const auto length = parseLength(text);
-        if (!length)
+        if (!length) {
             return 0;
+        }
         return qsdps::resolve(*length, style.fontSize, _walker._scene.lengthBase(style, {}));
     }
 
@@ -258,8 +287,9 @@ private:
             span.fill = {Rgb{}, 1};
         } else if (style.visible && !_walker.measuring()) {
             span.fill = _walker.makePaint(style.fill, style.fillOpacity, state, _bounds);
-            if (span.strokeStyle.width > 0)
+            if (span.strokeStyle.width > 0) {
                 span.stroke = _walker.makePaint(style.stroke, style.strokeOpacity, state, _bounds);
+            }
         }
         span.opacity = opacity;
         span.underline = style.underline;
@@ -280,8 +310,9 @@ private:
 
 void Walker::reportVertical(const Element& text)
 {
-    if (!measuring() && text.style.vertical)
+    if (!measuring() && text.style.vertical) {
         _scene.report().approximated("vertical text");
+    }
 }
 
 std::vector<TextChunk> Walker::clipTexts(const Element& element, State state)
@@ -315,8 +346,9 @@ void Walker::drawText(const Element& element, State state)
     });
     const bool group = beginGroup(state, layered);
     for (TextChunk& chunk : chunks) {
-        for (TextSpan& span : chunk.spans)
+        for (TextSpan& span : chunk.spans) {
             span.opacity *= state.opacity;
+        }
         _canvas.text(chunk, state.toPage);
     }
     endGroup(group);

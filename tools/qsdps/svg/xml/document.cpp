@@ -10,9 +10,9 @@
 namespace qsdps::svg {
 namespace {
 
-constexpr std::size_t kMaxInflated = std::size_t{512} << 20;
-constexpr std::size_t kMaxEntityText = std::size_t{64} << 20;
-constexpr std::string_view kSvgNamespace = "http://www.w3.org/2000/svg";
+constexpr std::size_t MaxInflated = std::size_t{512} << 20;
+constexpr std::size_t MaxEntityText = std::size_t{64} << 20;
+constexpr std::string_view SvgNamespace = "http://www.w3.org/2000/svg";
 
 } // namespace
 
@@ -27,8 +27,9 @@ std::string textOf(const pugi::xml_node& element)
 {
     std::string text;
     for (const pugi::xml_node& child : element.children()) {
-        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) {
             text += child.value();
+        }
     }
     return text;
 }
@@ -43,72 +44,84 @@ std::string_view href(const pugi::xml_node& element)
     std::string_view found;
     for (const pugi::xml_attribute& candidate : element.attributes()) {
         const std::string_view name = candidate.name();
-        if (name == "href")
+        if (name == "href") {
             return trim(candidate.value());
-        if (name.ends_with(":href"))
+        }
+        if (name.ends_with(":href")) {
             found = trim(candidate.value());
+        }
     }
     return found;
 }
 
 pugi::xml_node following(pugi::xml_node node)
 {
-    if (node.first_child())
+    if (node.first_child()) {
         return node.first_child();
-    while (node && !node.next_sibling())
+    }
+    while (node && !node.next_sibling()) {
         node = node.parent();
+    }
     return node ? node.next_sibling() : node;
 }
 
 std::unique_ptr<Document> Document::load(std::string bytes, std::string& error)
 {
-    if (isGzip(bytes) && !gunzip(bytes, kMaxInflated, error))
+    if (isGzip(bytes) && !gunzip(bytes, MaxInflated, error)) {
         return nullptr;
+    }
     if (bytes.empty()) {
         error = "the file is empty";
         return nullptr;
     }
     auto document = std::make_unique<Document>();
     document->_text = toUtf8(std::move(bytes));
-    if (!expandEntities(document->_text, kMaxEntityText, error) || !document->parse(error))
+    if (!expandEntities(document->_text, MaxEntityText, error) || !document->parse(error)) {
         return nullptr;
+    }
     document->index();
     return document;
 }
 
 bool Document::parse(std::string& error)
 {
-    for (std::size_t at = _text.find('\n'); at != _text.npos; at = _text.find('\n', at + 1))
+    for (std::size_t at = _text.find('\n'); at != _text.npos; at = _text.find('\n', at + 1)) {
         _lineStarts.push_back(at + 1);
-    constexpr unsigned kOptions = pugi::parse_default | pugi::parse_ws_pcdata | pugi::parse_pi;
+    }
+    constexpr unsigned Options = pugi::parse_default | pugi::parse_ws_pcdata | pugi::parse_pi;
     const pugi::xml_parse_result result =
-        _xml.load_buffer_inplace(_text.data(), _text.size(), kOptions, pugi::encoding_utf8);
+        _xml.load_buffer_inplace(_text.data(), _text.size(), Options, pugi::encoding_utf8);
     if (!result) {
         error = "line " + std::to_string(lineAt(result.offset)) + ": " + result.description();
         return false;
     }
     _root = _xml.document_element();
-    if (localName(_root) == "svg")
+    if (localName(_root) == "svg") {
         return true;
+    }
     // A drawing inside of something else, a web page for instance.
-    while (_root && localName(_root) != "svg")
+    while (_root && localName(_root) != "svg") {
         _root = following(_root);
-    if (!_root)
+    }
+    if (!_root) {
         error = "there is no svg element";
+    }
     return static_cast<bool>(_root);
 }
 
 void Document::index()
 {
     for (pugi::xml_node node = _xml.first_child(); node; node = following(node)) {
-        if (node.type() != pugi::node_element)
+        if (node.type() != pugi::node_element) {
             continue;
+        }
         for (const pugi::xml_attribute& candidate : node.attributes()) {
             const std::string_view name = candidate.name();
-            if (name == "id")
+            if (name == "id") {
                 _ids.try_emplace(candidate.value(), node);
-            else if (name.starts_with("xmlns:") && candidate.value() == kSvgNamespace)
+            } else if (name.starts_with("xmlns:") && candidate.value() == SvgNamespace) {
                 _prefixes.insert(name.substr(6));
+            }
         }
     }
 }
@@ -127,12 +140,14 @@ pugi::xml_node Document::target(const pugi::xml_node& element) const
 
 Tag Document::tag(const pugi::xml_node& element) const
 {
-    if (element.type() != pugi::node_element)
+    if (element.type() != pugi::node_element) {
         return Tag::Unknown;
+    }
     const std::string_view name = element.name();
     const std::size_t colon = name.find(':');
-    if (colon == name.npos)
+    if (colon == name.npos) {
         return tagByName(name);
+    }
     return _prefixes.contains(name.substr(0, colon)) ? tagByName(name.substr(colon + 1)) : Tag::Unknown;
 }
 
@@ -143,8 +158,9 @@ int Document::line(const pugi::xml_node& element) const
 
 int Document::lineAt(std::ptrdiff_t offset) const
 {
-    if (offset < 0)
+    if (offset < 0) {
         return 0;
+    }
     const auto after = std::upper_bound(_lineStarts.begin(), _lineStarts.end(), static_cast<std::size_t>(offset));
     return static_cast<int>(after - _lineStarts.begin()) + 1;
 }

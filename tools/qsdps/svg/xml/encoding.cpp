@@ -8,10 +8,10 @@
 namespace qsdps::svg {
 namespace {
 
-constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t Replacement = 0xFFFD;
 
 // What Windows-1252 has at 0x80 to 0x9F, where Latin-1 has control characters.
-constexpr std::array<char16_t, 32> kWindows1252 = {
+constexpr std::array<char16_t, 32> Windows1252 = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
@@ -40,8 +40,9 @@ std::string fromUtf16(std::string_view bytes, bool bigEndian)
                 i += 2;
             }
         }
-        if (c != 0xFEFF)
+        if (c != 0xFEFF) {
             appendUtf8(out, c);
+        }
     }
     return out;
 }
@@ -52,7 +53,7 @@ std::string fromWindows1252(std::string_view bytes)
     out.reserve(bytes.size());
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const unsigned c = byteAt(bytes, i);
-        appendUtf8(out, c >= 0x80 && c < 0xA0 ? kWindows1252[c - 0x80] : char32_t{c});
+        appendUtf8(out, c >= 0x80 && c < 0xA0 ? Windows1252[c - 0x80] : char32_t{c});
     }
     return out;
 }
@@ -60,16 +61,19 @@ std::string fromWindows1252(std::string_view bytes)
 /// The encoding named in the XML declaration, in lower case.
 std::string declaredEncoding(std::string_view bytes)
 {
-    if (!bytes.starts_with("<?xml"))
+    if (!bytes.starts_with("<?xml")) {
         return {};
+    }
     std::string_view declaration = bytes.substr(0, std::min<std::size_t>(bytes.find("?>"), 1000));
     const std::size_t at = declaration.find("encoding");
-    if (at == declaration.npos)
+    if (at == declaration.npos) {
         return {};
+    }
     Scanner scanner(declaration.substr(at + 8));
     scanner.skipSpace();
-    if (!scanner.take('='))
+    if (!scanner.take('=')) {
         return {};
+    }
     scanner.skipSpace();
     const char quote = scanner.peek();
     scanner.advance();
@@ -82,8 +86,9 @@ std::string declaredEncoding(std::string_view bytes)
 
 void appendUtf8(std::string& out, char32_t c)
 {
-    if (c > 0x10FFFF || (c >= 0xD800 && c < 0xE000))
-        c = kReplacement;
+    if (c > 0x10FFFF || (c >= 0xD800 && c < 0xE000)) {
+        c = Replacement;
+    }
     const auto put = [&](char32_t byte) { out.push_back(static_cast<char>(byte)); };
     if (c < 0x80) {
         put(c);
@@ -105,16 +110,20 @@ void appendUtf8(std::string& out, char32_t c)
 std::string toUtf8(std::string bytes)
 {
     const std::string_view view = bytes;
-    if (view.starts_with("\xEF\xBB\xBF"))
+    if (view.starts_with("\xEF\xBB\xBF")) {
         return bytes.substr(3);
+    }
     using namespace std::string_view_literals;
-    if (view.starts_with("\xFE\xFF"sv) || view.starts_with("\0<"sv))
+    if (view.starts_with("\xFE\xFF"sv) || view.starts_with("\0<"sv)) {
         return fromUtf16(view, true);
-    if (view.starts_with("\xFF\xFE"sv) || view.starts_with("<\0"sv))
+    }
+    if (view.starts_with("\xFF\xFE"sv) || view.starts_with("<\0"sv)) {
         return fromUtf16(view, false);
+    }
     const std::string declared = declaredEncoding(view);
-    if (declared == "iso-8859-1" || declared == "latin1" || declared == "iso8859-1" || declared == "windows-1252")
+    if (declared == "iso-8859-1" || declared == "latin1" || declared == "iso8859-1" || declared == "windows-1252") {
         return fromWindows1252(view);
+    }
     return bytes;
 }
 

@@ -8,7 +8,7 @@
 namespace qsdps::svg {
 namespace {
 
-constexpr int kMaxNesting = 40;
+constexpr int MaxNesting = 40;
 
 struct Entity {
     std::string value;
@@ -42,8 +42,9 @@ void readDeclaration(Scanner& scanner, Entities& entities)
     while (!scanner.atEnd() && scanner.peek() != '>') {
         const char c = scanner.peek();
         scanner.advance();
-        if (c == '"' || c == '\'')
+        if (c == '"' || c == '\'') {
             scanner.upTo(c);
+        }
     }
     scanner.take('>');
 }
@@ -54,25 +55,28 @@ Entities readSubset(std::string_view text, std::size_t& bodyStart)
     Entities entities;
     // Only a short prolog can stand before the DOCTYPE.
     const std::size_t doctype = text.find("<!DOCTYPE");
-    if (doctype == text.npos || text.substr(0, doctype).find("<svg") != text.npos)
+    if (doctype == text.npos || text.substr(0, doctype).find("<svg") != text.npos) {
         return entities;
+    }
     Scanner scanner(text.substr(doctype));
     while (!scanner.atEnd() && scanner.peek() != '[' && scanner.peek() != '>') {
         const char c = scanner.peek();
         scanner.advance();
-        if (c == '"' || c == '\'')
+        if (c == '"' || c == '\'') {
             scanner.upTo(c);
+        }
     }
-    if (!scanner.take('['))
+    if (!scanner.take('[')) {
         return entities;
+    }
     while (!scanner.atEnd() && scanner.peek() != ']') {
         const std::string_view rest = scanner.rest();
-        constexpr std::string_view kEntity = "<!ENTITY";
+        constexpr std::string_view EntityDeclaration = "<!ENTITY";
         if (rest.starts_with("<!--")) {
             const std::size_t end = rest.find("-->");
             scanner = Scanner(end == rest.npos ? std::string_view() : rest.substr(end + 3));
-        } else if (rest.starts_with(kEntity)) {
-            scanner = Scanner(rest.substr(kEntity.size()));
+        } else if (rest.starts_with(EntityDeclaration)) {
+            scanner = Scanner(rest.substr(EntityDeclaration.size()));
             readDeclaration(scanner, entities);
         } else {
             scanner.advance();
@@ -92,8 +96,9 @@ public:
         while (!text.empty()) {
             const std::size_t mark = text.find('&');
             out.append(text.substr(0, mark));
-            if (mark == text.npos)
+            if (mark == text.npos) {
                 break;
+            }
             text.remove_prefix(mark);
             const std::size_t end = text.substr(0, 256).find(';');
             const auto found = end == text.npos ? _entities.end() : _entities.find(text.substr(1, end - 1));
@@ -102,8 +107,9 @@ public:
                 text.remove_prefix(1);
                 continue;
             }
-            if (!expand(found->second, nesting) || !spend(found->second.value.size()))
+            if (!expand(found->second, nesting) || !spend(found->second.value.size())) {
                 return false;
+            }
             out.append(found->second.value);
             text.remove_prefix(end + 1);
         }
@@ -113,14 +119,17 @@ public:
 private:
     bool expand(Entity& entity, int nesting)
     {
-        if (entity.expanded)
+        if (entity.expanded) {
             return true;
-        if (entity.active || nesting >= kMaxNesting)
+        }
+        if (entity.active || nesting >= MaxNesting) {
             return false;
+        }
         entity.active = true;
         std::string value;
-        if (!append(value, entity.value, nesting + 1))
+        if (!append(value, entity.value, nesting + 1)) {
             return false;
+        }
         entity.value = std::move(value);
         entity.expanded = true;
         entity.active = false;
@@ -129,8 +138,9 @@ private:
 
     bool spend(std::size_t size)
     {
-        if (size > _left)
+        if (size > _left) {
             return false;
+        }
         _left -= size;
         return true;
     }
@@ -145,8 +155,9 @@ bool expandEntities(std::string& text, std::size_t limit, std::string& error)
 {
     std::size_t bodyStart = 0;
     Entities entities = readSubset(text, bodyStart);
-    if (entities.empty())
+    if (entities.empty()) {
         return true;
+    }
     std::string out = text.substr(0, bodyStart);
     Expander expander(entities, limit);
     if (!expander.append(out, std::string_view(text).substr(bodyStart), 0)) {

@@ -15,9 +15,9 @@ bool isGzip(const std::string& bytes)
 
 bool gunzip(std::string& bytes, std::size_t limit, std::string& error)
 {
-    constexpr int kGzipWindow = 15 + 16;
+    constexpr int GzipWindow = 15 + 16;
     z_stream stream{};
-    if (inflateInit2(&stream, kGzipWindow) != Z_OK) {
+    if (inflateInit2(&stream, GzipWindow) != Z_OK) {
         error = "not enough memory to decompress";
         return false;
     }
@@ -29,8 +29,9 @@ bool gunzip(std::string& bytes, std::size_t limit, std::string& error)
         if (stream.avail_in == 0) {
             const std::size_t part =
                 std::min<std::size_t>(bytes.size() - used, std::numeric_limits<unsigned>::max() / 2);
-            if (part == 0)
+            if (part == 0) {
                 break;
+            }
             stream.next_in = reinterpret_cast<Bytef*>(bytes.data() + used);
             stream.avail_in = static_cast<uInt>(part);
             used += part;

@@ -13,8 +13,9 @@ namespace fs = std::filesystem;
 
 int hexValue(char c)
 {
-    if (isDigit(c))
+    if (isDigit(c)) {
         return c - '0';
+    }
     const char lower = toLower(c);
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
@@ -38,16 +39,21 @@ std::string percentDecoded(std::string_view text)
 
 int base64Value(char c)
 {
-    if (c >= 'A' && c <= 'Z')
+    if (c >= 'A' && c <= 'Z') {
         return c - 'A';
-    if (c >= 'a' && c <= 'z')
+    }
+    if (c >= 'a' && c <= 'z') {
         return c - 'a' + 26;
-    if (isDigit(c))
+    }
+    if (isDigit(c)) {
         return c - '0' + 52;
-    if (c == '+' || c == '-')
+    }
+    if (c == '+' || c == '-') {
         return 62;
-    if (c == '/' || c == '_')
+    }
+    if (c == '/' || c == '_') {
         return 63;
+    }
     return -1;
 }
 
@@ -59,11 +65,13 @@ std::string base64Decoded(std::string_view text)
     unsigned bits = 0;
     int count = 0;
     for (const char c : text) {
-        if (c == '=')
+        if (c == '=') {
             break;
+        }
         const int value = base64Value(c);
-        if (value < 0)
+        if (value < 0) {
             continue;
+        }
         bits = bits << 6 | static_cast<unsigned>(value);
         count += 6;
         if (count >= 8) {
@@ -77,12 +85,14 @@ std::string base64Decoded(std::string_view text)
 std::optional<LinkedFile> fromDataUri(std::string_view uri)
 {
     const std::size_t comma = uri.find(',');
-    if (comma == uri.npos)
+    if (comma == uri.npos) {
         return {};
+    }
     const std::string_view type = trim(uri.substr(0, comma));
     const std::string_view body = uri.substr(comma + 1);
-    if (type.ends_with("base64"))
+    if (type.ends_with("base64")) {
         return LinkedFile{base64Decoded(body.find('%') == body.npos ? body : percentDecoded(body)), "data URI"};
+    }
     return LinkedFile{percentDecoded(body), "data URI"};
 }
 
@@ -96,15 +106,18 @@ std::optional<LinkedFile> fromFile(const std::string& name, const fs::path& base
 {
     std::error_code error;
     const fs::path folder = fs::canonical(baseFolder, error);
-    if (error)
+    if (error) {
         return {};
+    }
     // Links are followed before the comparison, so that none leads outside.
     const fs::path file = fs::canonical(folder / name, error);
-    if (error || !isInside(file, folder) || !fs::is_regular_file(file, error))
+    if (error || !isInside(file, folder) || !fs::is_regular_file(file, error)) {
         return {};
+    }
     const std::uintmax_t size = fs::file_size(file, error);
-    if (error || size > limit)
+    if (error || size > limit) {
         return {};
+    }
     LinkedFile linked{std::string(static_cast<std::size_t>(size), '\0'), name};
     std::ifstream in(file, std::ios::binary);
     in.read(linked.data.data(), static_cast<std::streamsize>(size));
@@ -117,21 +130,25 @@ std::optional<LinkedFile> fromFile(const std::string& name, const fs::path& base
 std::optional<LinkedFile> readLinked(std::string_view href, const fs::path& baseFolder, std::size_t limit)
 {
     if (equalsNoCase(href.substr(0, 5), "data:")) {
-        if (href.size() > limit)
+        if (href.size() > limit) {
             return {};
+        }
         return fromDataUri(href.substr(5));
     }
-    if (baseFolder.empty() || href.empty())
+    if (baseFolder.empty() || href.empty()) {
         return {};
-    constexpr std::string_view kFileScheme = "file://";
-    if (href.starts_with(kFileScheme))
-        href.remove_prefix(kFileScheme.size());
-    else if (href.find("://") != href.npos)
+    }
+    constexpr std::string_view FileScheme = "file://";
+    if (href.starts_with(FileScheme)) {
+        href.remove_prefix(FileScheme.size());
+    } else if (href.find("://") != href.npos) {
         return {};
+    }
     const std::string name = percentDecoded(href.substr(0, href.find('#')));
     // A NUL would end the name early for the file system.
-    if (name.empty() || name.find('\0') != name.npos)
+    if (name.empty() || name.find('\0') != name.npos) {
         return {};
+    }
     return fromFile(name, baseFolder, limit);
 }
 

@@ -6,7 +6,7 @@ namespace qsdps::svg {
 
 Tag tagByName(std::string_view localName)
 {
-    static const std::unordered_map<std::string_view, Tag> kTags = {
+    static const std::unordered_map<std::string_view, Tag> Tags = {
         {"a", Tag::A},
         {"circle", Tag::Circle},
         {"clipPath", Tag::ClipPath},
@@ -39,8 +39,8 @@ Tag tagByName(std::string_view localName)
         {"tspan", Tag::Tspan},
         {"use", Tag::Use},
     };
-    const auto found = kTags.find(localName);
-    return found == kTags.end() ? Tag::Unknown : found->second;
+    const auto found = Tags.find(localName);
+    return found == Tags.end() ? Tag::Unknown : found->second;
 }
 
 bool isShape(Tag tag)
