@@ -46,7 +46,7 @@ std::optional<Alignment> parseAlignment(const std::string& text)
 std::optional<double> parsePositiveLength(const std::string& text)
 {
     constexpr double PointsPerPixel = 0.75;
-    const std::optional<double> length = parseLength(text, PointsPerPixel);
+    const std::optional<double> length = parsePoints(text, PointsPerPixel);
     return length && *length > 0 ? length : std::nullopt;
 }
 
@@ -54,14 +54,14 @@ std::optional<double> parseZoom(const std::string& text)
 {
     constexpr double Least = 1e-4;
     constexpr double Most = 1e4;
-    return parseNumber(text, Least, Most);
+    return parseNumberWithin(text, Least, Most);
 }
 
 std::optional<double> parseDpi(const std::string& text)
 {
     constexpr double Least = 1;
     constexpr double Most = 1e5;
-    return parseNumber(text, Least, Most);
+    return parseNumberWithin(text, Least, Most);
 }
 
 /// A colour as it looks on white paper; none inside for one that leaves the paper bare.

@@ -5,7 +5,7 @@
 #include "page/text_form.h"
 #include "ps/QsdPSColorModel.h"
 #include "toolkit/base/QsEncoding.h"
-#include "values/lengths.h"
+#include "values/paper.h"
 
 #include <optional>
 #include <string>

@@ -1,6 +1,7 @@
 #include "drawing/bounds_canvas.h"
 
 #include "drawing/path_metrics.h"
+#include "values/utf8.h"
 
 #include <algorithm>
 
@@ -11,11 +12,6 @@ namespace {
 constexpr double MeanAdvance = 0.5;
 constexpr double Ascent = 0.8;
 constexpr double Descent = 0.2;
-
-std::size_t countCharacters(const std::string& utf8)
-{
-    return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; }));
-}
 
 } // namespace
 

@@ -17,12 +17,6 @@ struct Range {
     }
 };
 
-double cubicAt(double p0, double p1, double p2, double p3, double t)
-{
-    const double s = 1 - t;
-    return s * s * s * p0 + 3 * s * s * t * p1 + 3 * s * t * t * p2 + t * t * t * p3;
-}
-
 /// Widens the range by the extremes of one coordinate of a cubic; the end point included.
 void addCubic(Range& range, double p0, double p1, double p2, double p3)
 {

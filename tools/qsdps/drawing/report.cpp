@@ -1,5 +1,7 @@
 #include "drawing/report.h"
 
+#include "values/utf8.h"
+
 #include <algorithm>
 #include <iterator>
 #include <ostream>
@@ -123,7 +125,7 @@ std::string badValue(std::string_view value, std::string_view name)
     constexpr std::size_t Longest = 40;
     std::size_t length = std::min(value.size(), Longest);
     // Not within a character of several bytes.
-    while (length < value.size() && length > 0 && (static_cast<unsigned char>(value[length]) & 0xC0) == 0x80) {
+    while (length < value.size() && length > 0 && continuesCharacter(value[length])) {
         --length;
     }
     std::string shown(value.substr(0, length));

@@ -3,6 +3,7 @@
 #include "page/lettering.h"
 #include "page/painter.h"
 #include "page/text_painter.h"
+#include "values/utf8.h"
 
 #include <algorithm>
 #include <cmath>
@@ -29,9 +30,7 @@ std::size_t lettersIn(const TextChunk& chunk)
 {
     std::size_t count = 0;
     for (const TextSpan& span : chunk.spans) {
-        // All bytes of a character but the first are of one kind.
-        count += static_cast<std::size_t>(
-            std::count_if(span.text.begin(), span.text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+        count += countCharacters(span.text);
     }
     return count;
 }

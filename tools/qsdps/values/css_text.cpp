@@ -1,6 +1,7 @@
 #include "values/css_text.h"
 
 #include "values/scanner.h"
+#include "values/utf8.h"
 
 #include <algorithm>
 
@@ -128,7 +129,7 @@ std::string quotedForMessage(std::string_view text)
     constexpr std::size_t Longest = 60;
     std::string out = "'";
     for (const char c : trim(text)) {
-        if (out.size() > Longest && (c & 0xC0) != 0x80) {
+        if (out.size() > Longest && !continuesCharacter(c)) {
             return out + "...'";
         }
         out.push_back((c & 0x80) == 0 && (c < ' ' || c == 0x7F) ? ' ' : c);

@@ -64,17 +64,12 @@ double resolveUnit(double value, Unit unit, double whole, const LengthBase& base
     case Unit::Rem:
         return value * base.rootFontSize;
     case Unit::In:
-        return value * base.dpi;
     case Unit::Cm:
-        return value * base.dpi / 2.54;
     case Unit::Mm:
-        return value * base.dpi / 25.4;
     case Unit::Q:
-        return value * base.dpi / 101.6;
     case Unit::Pt:
-        return value * base.dpi / 72;
     case Unit::Pc:
-        return value * base.dpi / 6;
+        return value * base.dpi / *perInch(unit);
     case Unit::Vw:
         return value / 100 * base.viewport.width;
     case Unit::Vh:
@@ -93,6 +88,26 @@ std::optional<Unit> unitByName(std::string_view name)
         }
     }
     return {};
+}
+
+std::optional<double> perInch(Unit unit)
+{
+    switch (unit) {
+    case Unit::In:
+        return 1;
+    case Unit::Cm:
+        return 2.54;
+    case Unit::Mm:
+        return 25.4;
+    case Unit::Q:
+        return 101.6;
+    case Unit::Pt:
+        return 72;
+    case Unit::Pc:
+        return 6;
+    default:
+        return std::nullopt;
+    }
 }
 
 std::string_view nameOf(Unit unit)

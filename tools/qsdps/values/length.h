@@ -43,6 +43,8 @@ struct LengthBase {
 
 /// The unit of a name in letters of either case; nothing for others. No name is User, as "px" is.
 [[nodiscard]] std::optional<Unit> unitByName(std::string_view name);
+/// How many of an absolute unit make an inch; nothing for the others.
+[[nodiscard]] std::optional<double> perInch(Unit unit);
 /// The name of a unit, '%' for Percent.
 [[nodiscard]] std::string_view nameOf(Unit unit);
 /// One length with its unit, or calc(); nothing when the text is anything else.

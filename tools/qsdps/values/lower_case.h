@@ -1,6 +1,8 @@
 // Names that mean the same in capitals.
 #pragma once
 
+#include "values/scanner.h"
+
 #include <string>
 #include <string_view>
 
@@ -11,9 +13,7 @@ namespace qsdps {
 {
     std::string result(text);
     for (char& c : result) {
-        if (c >= 'A' && c <= 'Z') {
-            c = static_cast<char>(c - 'A' + 'a');
-        }
+        c = toLower(c);
     }
     return result;
 }

@@ -1,8 +1,8 @@
 #include "svg/walker/text_builder.h"
 
-#include "svg/xml/encoding.h"
 #include "toolkit/base/QsdUtf8.h"
 #include "values/scanner.h"
+#include "values/utf8.h"
 
 #include <string>
 

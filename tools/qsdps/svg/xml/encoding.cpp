@@ -1,61 +1,61 @@
 #include "svg/xml/encoding.h"
 
+#include "toolkit/base/QsdUtf8.h"
+#include "values/iconv.h"
 #include "values/scanner.h"
+#include "values/utf8.h"
 
 #include <algorithm>
-#include <array>
+#include <optional>
 
 namespace qsdps::svg {
 namespace {
 
-constexpr char32_t Replacement = 0xFFFD;
-
-// What Windows-1252 has at 0x80 to 0x9F, where Latin-1 has control characters.
-constexpr std::array<char16_t, 32> Windows1252 = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
-};
-
-unsigned byteAt(std::string_view s, std::size_t i)
+/// The text in UTF-8, each unit that makes no character as U+FFFD, without byte order marks. Nothing where the C
+/// library does not know the character set.
+std::optional<std::string> fromUtf16(std::string_view bytes, const char* name)
 {
-    return static_cast<unsigned char>(s[i]);
-}
-
-std::string fromUtf16(std::string_view bytes, bool bigEndian)
-{
-    const auto unit = [&](std::size_t i) -> char32_t {
-        const unsigned first = byteAt(bytes, i);
-        const unsigned second = byteAt(bytes, i + 1);
-        return bigEndian ? first << 8 | second : second << 8 | first;
-    };
-    std::string out;
-    out.reserve(bytes.size() / 2);
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        char32_t c = unit(i);
-        if (c >= 0xD800 && c < 0xDC00 && i + 3 < bytes.size()) {
-            const char32_t low = unit(i + 2);
-            if (low >= 0xDC00 && low < 0xE000) {
-                c = 0x10000 + ((c - 0xD800) << 10) + (low - 0xDC00);
-                i += 2;
-            }
-        }
-        if (c != 0xFEFF) {
-            appendUtf8(out, c);
+    constexpr std::size_t UnitSize = 2;
+    constexpr std::string_view Mark = "\xEF\xBB\xBF";
+    const Iconv iconv(name, "UTF-8");
+    if (!iconv.isOpen()) {
+        return std::nullopt;
+    }
+    bytes = bytes.substr(0, bytes.size() / UnitSize * UnitSize);
+    std::string text;
+    while (!bytes.empty()) {
+        bytes.remove_prefix(iconv.convert(bytes, text));
+        if (!bytes.empty()) {
+            appendUtf8(text, QsdReplacementCharacter);
+            bytes.remove_prefix(UnitSize);
         }
     }
-    return out;
+    std::string out;
+    std::string_view rest = text;
+    for (std::size_t at = rest.find(Mark); at != rest.npos; at = rest.find(Mark)) {
+        out.append(rest.substr(0, at));
+        rest.remove_prefix(at + Mark.size());
+    }
+    return out.append(rest);
 }
 
-std::string fromWindows1252(std::string_view bytes)
+/// The text in UTF-8; bytes that Windows-1252 lacks are the control characters of Latin-1. Nothing where the C library
+/// does not know the character set.
+std::optional<std::string> fromWindows1252(std::string_view bytes)
 {
-    std::string out;
-    out.reserve(bytes.size());
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        const unsigned c = byteAt(bytes, i);
-        appendUtf8(out, c >= 0x80 && c < 0xA0 ? Windows1252[c - 0x80] : char32_t{c});
+    const Iconv iconv("CP1252", "UTF-8");
+    if (!iconv.isOpen()) {
+        return std::nullopt;
     }
-    return out;
+    std::string text;
+    while (!bytes.empty()) {
+        bytes.remove_prefix(iconv.convert(bytes, text));
+        if (!bytes.empty()) {
+            appendUtf8(text, static_cast<unsigned char>(bytes.front()));
+            bytes.remove_prefix(1);
+        }
+    }
+    return text;
 }
 
 /// The encoding named in the XML declaration, in lower case.
@@ -84,29 +84,6 @@ std::string declaredEncoding(std::string_view bytes)
 
 } // namespace
 
-void appendUtf8(std::string& out, char32_t c)
-{
-    if (c > 0x10FFFF || (c >= 0xD800 && c < 0xE000)) {
-        c = Replacement;
-    }
-    const auto put = [&](char32_t byte) { out.push_back(static_cast<char>(byte)); };
-    if (c < 0x80) {
-        put(c);
-    } else if (c < 0x800) {
-        put(0xC0 | c >> 6);
-        put(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        put(0xE0 | c >> 12);
-        put(0x80 | (c >> 6 & 0x3F));
-        put(0x80 | (c & 0x3F));
-    } else {
-        put(0xF0 | c >> 18);
-        put(0x80 | (c >> 12 & 0x3F));
-        put(0x80 | (c >> 6 & 0x3F));
-        put(0x80 | (c & 0x3F));
-    }
-}
-
 std::string toUtf8(std::string bytes)
 {
     const std::string_view view = bytes;
@@ -115,14 +92,14 @@ std::string toUtf8(std::string bytes)
     }
     using namespace std::string_view_literals;
     if (view.starts_with("\xFE\xFF"sv) || view.starts_with("\0<"sv)) {
-        return fromUtf16(view, true);
+        return fromUtf16(view, "UTF-16BE").value_or(bytes);
     }
     if (view.starts_with("\xFF\xFE"sv) || view.starts_with("<\0"sv)) {
-        return fromUtf16(view, false);
+        return fromUtf16(view, "UTF-16LE").value_or(bytes);
     }
     const std::string declared = declaredEncoding(view);
     if (declared == "iso-8859-1" || declared == "latin1" || declared == "iso8859-1" || declared == "windows-1252") {
-        return fromWindows1252(view);
+        return fromWindows1252(view).value_or(bytes);
     }
     return bytes;
 }

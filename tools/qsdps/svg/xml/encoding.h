@@ -2,12 +2,9 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace qsdps::svg {
 
-/// Appends one character in UTF-8; U+FFFD in place of what is no character.
-void appendUtf8(std::string& out, char32_t c);
 /// Turns a file in UTF-16 (by its mark or first characters), Latin-1 or Windows-1252 (as declared) into UTF-8;
 /// anything else is taken to be UTF-8 and only loses its byte order mark.
 [[nodiscard]] std::string toUtf8(std::string bytes);

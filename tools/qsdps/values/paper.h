@@ -1,18 +1,17 @@
-// Numbers, lengths and sizes as people write them in options.
+// Numbers, lengths and sizes of paper as people write them in options.
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string_view>
 
 namespace qsdps {
 
 /// A number in these limits; none for other text.
-[[nodiscard]] std::optional<double> parseNumber(std::string_view text, double least, double most);
+[[nodiscard]] std::optional<double> parseNumberWithin(std::string_view text, double least, double most);
 
 /// A length in points of a text such as "12", "2.5cm" or "1in": mm, cm, in, pt, pc and px (1/96 inch); a bare number
 /// counts in `unit` points. None when the text is no finite length.
-[[nodiscard]] std::optional<double> parseLength(std::string_view text, double unit);
+[[nodiscard]] std::optional<double> parsePoints(std::string_view text, double unit);
 
 /// One length for all four sides or four of them, left, top, right and bottom, separated by commas; none below 0.
 struct Margins {

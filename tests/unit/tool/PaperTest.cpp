@@ -1,4 +1,4 @@
-#include "values/lengths.h"
+#include "values/paper.h"
 
 #include <gtest/gtest.h>
 
@@ -6,19 +6,19 @@ using namespace qsdps;
 
 TEST(Lengths, TakeUnits)
 {
-    EXPECT_DOUBLE_EQ(parseLength("1in", 1).value(), 72);
-    EXPECT_DOUBLE_EQ(parseLength("25.4mm", 1).value(), 72);
-    EXPECT_DOUBLE_EQ(parseLength("2.54cm", 1).value(), 72);
-    EXPECT_DOUBLE_EQ(parseLength("96px", 1).value(), 72);
-    EXPECT_DOUBLE_EQ(parseLength("6pc", 1).value(), 72);
-    EXPECT_DOUBLE_EQ(parseLength("12pt", 5).value(), 12);
-    EXPECT_DOUBLE_EQ(parseLength("12", 0.75).value(), 9);
+    EXPECT_DOUBLE_EQ(parsePoints("1in", 1).value(), 72);
+    EXPECT_DOUBLE_EQ(parsePoints("25.4mm", 1).value(), 72);
+    EXPECT_DOUBLE_EQ(parsePoints("2.54cm", 1).value(), 72);
+    EXPECT_DOUBLE_EQ(parsePoints("96px", 1).value(), 72);
+    EXPECT_DOUBLE_EQ(parsePoints("6pc", 1).value(), 72);
+    EXPECT_DOUBLE_EQ(parsePoints("12pt", 5).value(), 12);
+    EXPECT_DOUBLE_EQ(parsePoints("12", 0.75).value(), 9);
 }
 
 TEST(Lengths, RefuseOtherText)
 {
     for (const char* text : {"", "x", "1furlong", "1 in in", "nan", "inf", "-inf", "1e308in", "1,5cm"}) {
-        EXPECT_FALSE(parseLength(text, 1)) << text;
+        EXPECT_FALSE(parsePoints(text, 1)) << text;
     }
 }
 
@@ -64,11 +64,11 @@ TEST(Lengths, OnePaperUnitCountsForBothSides)
 
 TEST(Lengths, NumbersHaveLimits)
 {
-    EXPECT_EQ(parseNumber("2", 1, 3), 2);
-    EXPECT_EQ(parseNumber("+2", 1, 3), 2);
-    EXPECT_EQ(parseNumber("3", 1, 3), 3);
+    EXPECT_EQ(parseNumberWithin("2", 1, 3), 2);
+    EXPECT_EQ(parseNumberWithin("+2", 1, 3), 2);
+    EXPECT_EQ(parseNumberWithin("3", 1, 3), 3);
     for (const char* const text : {"", "0", "nan", "inf", "-2", "+-2", "3.1", "2 ", "2mm", "1e400", "0x2"}) {
-        EXPECT_FALSE(parseNumber(text, 1, 3)) << text;
+        EXPECT_FALSE(parseNumberWithin(text, 1, 3)) << text;
     }
 }
 

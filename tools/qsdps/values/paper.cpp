@@ -1,22 +1,19 @@
-#include "values/lengths.h"
+#include "values/paper.h"
 
+#include "values/length.h"
 #include "values/lower_case.h"
+#include "values/scanner.h"
 
-#include <charconv>
+#include <array>
 #include <cmath>
 #include <string>
-#include <utility>
 
 namespace qsdps {
 
 namespace {
 
-struct Unit {
-    std::string_view name;
-    double points;
-};
-
-constexpr Unit Units[] = {{"mm", 72 / 25.4}, {"cm", 72 / 2.54}, {"in", 72}, {"pt", 1}, {"pc", 12}, {"px", 0.75}};
+constexpr double PointsPerInch = 72;
+constexpr double PixelsPerInch = 96;
 
 struct Paper {
     std::string_view name;
@@ -30,31 +27,15 @@ constexpr Paper Papers[] = {
     {"ledger", {1224, 792}}, {"tabloid", {792, 1224}}, {"executive", {522, 756}},
 };
 
-/// A number at the beginning of a text, and what stands behind it; none where there is no finite one.
-std::optional<std::pair<double, std::string_view>> takeNumber(std::string_view text)
+/// The points in a unit that paper is measured in, by its name; none for others.
+std::optional<double> pointsOf(std::string_view name)
 {
-    // The library takes no plus sign.
-    if (text.size() > 1 && text[0] == '+' && text[1] != '-') {
-        text.remove_prefix(1);
-    }
-    double value = 0;
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc() || !std::isfinite(value)) {
+    const std::optional<Unit> unit = name.empty() ? std::nullopt : unitByName(name);
+    if (!unit || *unit == Unit::Q) {
         return std::nullopt;
     }
-    return std::pair(value, std::string_view(rest, static_cast<std::size_t>(end - rest)));
-}
-
-std::optional<double> pointsOf(std::string_view unit)
-{
-    const std::string name = lowerCase(unit);
-    for (const Unit& known : Units) {
-        if (known.name == name) {
-            return known.points;
-        }
-    }
-    return std::nullopt;
+    const std::optional<double> count = *unit == Unit::User ? PixelsPerInch : perInch(*unit);
+    return count ? std::optional(PointsPerInch / *count) : std::nullopt;
 }
 
 /// Where the x between two lengths stands; that of "px" is none.
@@ -69,23 +50,23 @@ std::size_t findCross(std::string_view text)
 
 } // namespace
 
-std::optional<double> parseNumber(std::string_view text, double least, double most)
+std::optional<double> parseNumberWithin(std::string_view text, double least, double most)
 {
-    const auto number = takeNumber(text);
-    const bool isOne = number && number->second.empty() && number->first >= least && number->first <= most;
-    return isOne ? std::optional(number->first) : std::nullopt;
+    Scanner scanner(text);
+    const std::optional<double> number = scanner.number();
+    const bool isOne = number && scanner.atEnd() && *number >= least && *number <= most;
+    return isOne ? number : std::nullopt;
 }
 
-std::optional<double> parseLength(std::string_view text, double unit)
+std::optional<double> parsePoints(std::string_view text, double unit)
 {
-    const auto number = takeNumber(text);
-    const std::optional<double> points = !number                  ? std::nullopt
-                                         : number->second.empty() ? std::optional(unit)
-                                                                  : pointsOf(number->second);
-    if (!points || !std::isfinite(number->first * *points)) {
+    Scanner scanner(text);
+    const std::optional<double> number = scanner.number();
+    const std::optional<double> points = scanner.atEnd() ? std::optional(unit) : pointsOf(scanner.rest());
+    if (!number || !points || !std::isfinite(*number * *points)) {
         return std::nullopt;
     }
-    return number->first * *points;
+    return *number * *points;
 }
 
 std::optional<Margins> parseMargins(std::string_view text)
@@ -94,7 +75,7 @@ std::optional<Margins> parseMargins(std::string_view text)
     std::size_t count = 0;
     while (count < sides.size()) {
         const std::size_t comma = text.find(',');
-        const std::optional<double> side = parseLength(text.substr(0, comma), 1);
+        const std::optional<double> side = parsePoints(text.substr(0, comma), 1);
         if (!side || *side < 0) {
             return std::nullopt;
         }
@@ -133,11 +114,11 @@ std::optional<PaperSize> parsePaper(std::string_view text)
     const std::string_view down = std::string_view(name).substr(cross + 1);
     // A unit at one of them is meant for both.
     const auto unitOf = [](std::string_view length) {
-        const auto number = takeNumber(length);
-        return number ? pointsOf(number->second) : std::nullopt;
+        Scanner scanner(length);
+        return scanner.number() ? pointsOf(scanner.rest()) : std::nullopt;
     };
-    const std::optional<double> width = parseLength(across, unitOf(down).value_or(1));
-    const std::optional<double> height = parseLength(down, unitOf(across).value_or(1));
+    const std::optional<double> width = parsePoints(across, unitOf(down).value_or(1));
+    const std::optional<double> height = parsePoints(down, unitOf(across).value_or(1));
     if (!width || !height || !(*width > 0) || !(*height > 0)) {
         return std::nullopt;
     }
