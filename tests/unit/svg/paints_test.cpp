@@ -110,11 +110,10 @@ public:
 
 Lines tileLines(const std::string& content)
 {
-    std::string error;
-    const auto drawing = SvgDrawing::load("<svg width='9' height='9'>" + content + "</svg>", {}, error);
+    const auto drawing = SvgDrawing::load("<svg width='9' height='9'>" + content + "</svg>", {});
     TileCanvas canvas;
     Report report;
-    drawing->draw(canvas, report);
+    (*drawing)->draw(canvas, report);
     return canvas.inside.lines;
 }
 

@@ -46,23 +46,22 @@ Pages openPages(const Options& options, bool& failed)
 {
     Pages pages;
     for (const Source& input : options.inputs) {
-        std::string error;
-        std::unique_ptr<DocumentPage> page = DocumentPage::open(input, options, error);
-        if (page == nullptr) {
-            tell(options, nameOfInput(input), options.inputs.size() > 1 ? error + "; left out" : error);
-            failed = true;
+        auto page = DocumentPage::open(input, options);
+        if (page) {
+            pages.push_back(*std::move(page));
         } else {
-            pages.push_back(std::move(page));
+            const std::string message = page.error().message();
+            tell(options, page.error().file, options.inputs.size() > 1 ? message + "; left out" : message);
+            failed = true;
         }
     }
     return pages;
 }
 
-/// The font map that the user gives, entered; an empty one where none is given. None with a reason in `error` when it
-/// cannot be used.
-std::optional<FontMap> readFontMap(const Options& options, std::string& error)
+/// The font map that the user gives, entered; an empty one where none is given.
+Result<FontMap> readFontMap(const Options& options)
 {
-    return options.fontMap.empty() ? FontMap() : FontMap::enter(options.fontMap, error);
+    return options.fontMap.empty() ? FontMap() : FontMap::enter(options.fontMap);
 }
 
 const char* localeName(QsEncoding encoding)
@@ -123,12 +122,10 @@ Outcome drawPages(QsdPSDevice& device, const Pages& pages, const PaperSize& pape
         paintBackground(sheet);
         DocumentPage& page = *pages[i];
         Report report;
-        std::string error;
-        const bool drawn = page.draw(
-            sheet, report, [&](double part) { progress.advance(part); }, error);
+        const Status drawn = page.draw(sheet, report, [&](double part) { progress.advance(part); });
         progress.hide();
         if (!drawn) {
-            tell(options, page.name(), error);
+            tell(options, drawn.error().file, drawn.error().message());
             return Outcome::Broken;
         }
         if (report.anythingNotDrawn()) {
@@ -234,10 +231,9 @@ int convert(const Options& options)
         return *refused;
     }
     QsdGlobalContext::GetInstance().setLocale(QsLocale(localeName(options.encoding), options.encoding));
-    std::string error;
-    const std::optional<FontMap> fontMap = readFontMap(options, error);
+    const Result<FontMap> fontMap = readFontMap(options);
     if (!fontMap) {
-        tell(options, options.fontMap, error);
+        tell(options, options.fontMap, fontMap.error().message());
         return 1;
     }
     if (options.output == "-" && isatty(STDOUT_FILENO) != 0) {
@@ -266,8 +262,8 @@ int convert(const Options& options)
     }
 
     OutputFile output(options.output);
-    if (!output.open(error)) {
-        tell(options, outputName, "cannot be written: " + error);
+    if (const Status opened = output.open(); !opened) {
+        tell(options, outputName, "cannot be written: " + opened.error().message());
         return 1;
     }
     QsdMemoryDisplay display;
@@ -300,8 +296,8 @@ int convert(const Options& options)
         tell(options, outputName, "cannot be written: " + writeFailure(output));
         return 1;
     }
-    if (!output.commit(error)) {
-        tell(options, outputName, "cannot be written: " + error);
+    if (const Status committed = output.commit(); !committed) {
+        tell(options, outputName, "cannot be written: " + committed.error().message());
         return 1;
     }
     return failed ? 1 : 0;

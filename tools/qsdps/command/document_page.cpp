@@ -37,7 +37,7 @@ public:
     {
     }
 
-    bool draw(const Sheet& sheet, Report& report, const std::function<void(double)>&, std::string&) override
+    Status draw(const Sheet& sheet, Report& report, const std::function<void(double)>&) override
     {
         Painter painter(sheet.port, sheet.units, placement(size().width, size().height, sheet.paper, sheet.options),
                         sheet.paperColor, sheet.tools, report);
@@ -45,7 +45,7 @@ public:
         painter.pushClip({{{outlineOf(size()), FillRule::NonZero, Matrix(), nullptr}}, nullptr});
         _drawing->draw(painter, report);
         painter.finish();
-        return true;
+        return {};
     }
 
 private:
@@ -58,16 +58,19 @@ struct OpenPicture {
     std::unique_ptr<ImageReader> reader;
 };
 
-/// Null with a reason in `error` when the header cannot be read.
-OpenPicture openPicture(std::unique_ptr<Input> input, std::string& error)
+/// An error of an input: that of the system, where reading failed, or else of what was read.
+Error errorOf(const Input& input, const Error& error)
 {
-    try {
-        auto reader = openImage(*input, input->start());
-        return {std::move(input), std::move(reader)};
-    } catch (const ImageError& problem) {
-        error = input->failure().empty() ? problem.what() : input->failure();
-        return {};
+    return input.failure().empty() ? error : Error{input.failure()};
+}
+
+Result<OpenPicture> openPicture(std::unique_ptr<Input> input)
+{
+    auto reader = openImage(*input, input->start());
+    if (!reader) {
+        return errorOf(*input, reader.error());
     }
+    return OpenPicture{std::move(input), *std::move(reader)};
 }
 
 /// A picture, of which little more than the header is in memory.
@@ -85,48 +88,44 @@ public:
         }
     }
 
-    bool draw(const Sheet& sheet, Report&, const std::function<void(double)>& advance, std::string& error) override
+    Status draw(const Sheet& sheet, Report&, const std::function<void(double)>& advance) override
     {
-        OpenPicture picture = std::exchange(_picture, {});
-        if (picture.reader == nullptr && !reopen(picture, error)) {
-            return false;
+        Result<OpenPicture> picture = _picture.reader != nullptr ? std::exchange(_picture, {}) : reopened();
+        if (!picture) {
+            return picture.error().in(name());
         }
         placePixels(sheet);
         QsdPSDevice* const document = sheet.document;
         if (document != nullptr && isGreyOn(sheet)) {
             document->setColorModel(QsdPSGrey);
         }
-        try {
-            drawPicture(sheet.port, *picture.reader, sheet.paperColor, sheet.tools, [&](std::uint32_t rows) {
+        const Status drawn =
+            drawPicture(sheet.port, *picture->reader, sheet.paperColor, sheet.tools, [&](std::uint32_t rows) {
                 advance(static_cast<double>(rows) / _header.height);
                 return document == nullptr || !document->writeFailed();
             });
-        } catch (const ImageError& problem) {
-            error = picture.input->failure().empty() ? problem.what() : picture.input->failure();
-        }
         if (document != nullptr) {
             document->setColorModel(sheet.options.color);
         }
-        return error.empty();
+        return drawn ? Status() : errorOf(*picture->input, drawn.error()).in(name());
     }
 
 private:
-    bool reopen(OpenPicture& picture, std::string& error) const
+    [[nodiscard]] Result<OpenPicture> reopened() const
     {
-        std::unique_ptr<Input> input = Input::open(_inputName, error);
-        if (input == nullptr) {
-            return false;
+        auto input = Input::open(_inputName);
+        if (!input) {
+            return input.error();
         }
-        picture = openPicture(std::move(input), error);
-        if (picture.reader == nullptr) {
-            return false;
+        auto picture = openPicture(*std::move(input));
+        if (!picture) {
+            return picture.error();
         }
-        const ImageHeader& header = picture.reader->header();
+        const ImageHeader& header = picture->reader->header();
         if (header.width != _header.width || header.height != _header.height) {
-            error = "changed while it was being read";
-            return false;
+            return Error{"changed while it was being read"};
         }
-        return true;
+        return picture;
     }
 
     /// Gives the port the space of the picture's pixels.
@@ -173,32 +172,32 @@ std::string nameOfInput(const Source& input)
     return input.name == "-" ? "standard input" : input.name;
 }
 
-std::unique_ptr<DocumentPage> DocumentPage::open(const Source& input, const Options& options, std::string& error)
+Result<std::unique_ptr<DocumentPage>> DocumentPage::open(const Source& input, const Options& options)
 {
-    const bool isWindow = input.kind == Source::Window;
-    std::unique_ptr<Input> file =
-        isWindow ? openWindow(input.name, options.quiet, error) : Input::open(input.name, error);
-    if (file == nullptr) {
-        return nullptr;
+    using Opened = Result<std::unique_ptr<DocumentPage>>;
+    const std::string name = nameOfInput(input);
+    auto file = input.kind == Source::Window ? openWindow(input.name, options.quiet) : Input::open(input.name);
+    if (!file) {
+        return file.error().in(name);
     }
-    if (isImage(file->start())) {
-        OpenPicture picture = openPicture(std::move(file), error);
-        return picture.reader == nullptr ? nullptr : std::make_unique<PicturePage>(input, std::move(picture), options);
+    if (isImage((*file)->start())) {
+        auto picture = openPicture(*std::move(file));
+        return picture ? Opened(std::make_unique<PicturePage>(input, *std::move(picture), options))
+                       : picture.error().in(name);
     }
-    if (!mayBeDrawing(file->start())) {
-        error = "not a PNG, JPEG, PNM or SVG file";
-        return nullptr;
+    if (!mayBeDrawing((*file)->start())) {
+        return Error{"not a PNG, JPEG, PNM or SVG file", name};
     }
-    std::string bytes;
-    if (!file->readAll(bytes, error)) {
-        return nullptr;
+    Result<std::string> bytes = (*file)->readAll();
+    if (!bytes) {
+        return bytes.error().in(name);
     }
     SvgOptions svg;
-    svg.fileName = nameOfInput(input);
+    svg.fileName = name;
     svg.baseFolder = folderOf(input.name);
     svg.dpi = options.dpi;
-    std::unique_ptr<SvgDrawing> drawing = SvgDrawing::load(std::move(bytes), svg, error);
-    return drawing == nullptr ? nullptr : std::make_unique<DrawingPage>(input, std::move(drawing));
+    auto drawing = SvgDrawing::load(*std::move(bytes), svg);
+    return drawing ? Opened(std::make_unique<DrawingPage>(input, *std::move(drawing))) : drawing.error().in(name);
 }
 
 } // namespace qsdps

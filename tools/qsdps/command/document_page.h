@@ -5,6 +5,7 @@
 #include "drawing/geometry.h"
 #include "drawing/report.h"
 #include "page/painter.h"
+#include "values/result.h"
 
 #include <functional>
 #include <memory>
@@ -29,9 +30,8 @@ struct Sheet {
 /// A drawing or picture that was opened. It can be drawn once; one of a file that is there to stay, again and again.
 class DocumentPage {
 public:
-    /// Opens an input and looks what it is. Null with a reason in `error` when it cannot be drawn.
-    [[nodiscard]] static std::unique_ptr<DocumentPage> open(const Source& input, const Options& options,
-                                                            std::string& error);
+    /// Opens an input and looks what it is. An error of it when it cannot be drawn.
+    [[nodiscard]] static Result<std::unique_ptr<DocumentPage>> open(const Source& input, const Options& options);
     virtual ~DocumentPage() = default;
     DocumentPage(const DocumentPage&) = delete;
     DocumentPage& operator=(const DocumentPage&) = delete;
@@ -43,10 +43,10 @@ public:
     /// Its own size in CSS pixels.
     [[nodiscard]] const Box& size() const { return _size; }
     /// Draws it; the port's transformer maps the units of the sheet to the port. What cannot be drawn as asked is
-    /// counted in `report`; `advance` is told how much is done, 0 to 1. False with a reason in `error` when the input
-    /// turns out broken only now; then the document is spoilt.
-    [[nodiscard]] virtual bool draw(const Sheet& sheet, Report& report, const std::function<void(double)>& advance,
-                                    std::string& error) = 0;
+    /// counted in `report`; `advance` is told how much is done, 0 to 1. An error when the input turns out broken
+    /// only now; then the document is spoilt.
+    [[nodiscard]] virtual Status draw(const Sheet& sheet, Report& report,
+                                      const std::function<void(double)>& advance) = 0;
 
 protected:
     DocumentPage(std::string name, std::string title, const Box& size)

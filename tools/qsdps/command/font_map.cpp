@@ -47,26 +47,25 @@ bool enterText(const std::string& text)
 
 } // namespace
 
-std::optional<FontMap> FontMap::enter(const std::string& path, std::string& error)
+Result<FontMap> FontMap::enter(const std::string& path)
 {
     // A device may never come to its end; a pipe is what a shell gives for a command's output.
     std::error_code problem;
     const std::filesystem::file_status status = std::filesystem::status(path, problem);
     if (std::filesystem::is_character_file(status) || std::filesystem::is_block_file(status)) {
-        error = "not read: a font map cannot be a device";
-        return std::nullopt;
+        return Error{"not read: a font map cannot be a device"};
     }
     // A hyphen is no name for standard input here, which drawings may come through.
-    const std::unique_ptr<Input> file = Input::open(path == "-" ? "./-" : path, error);
-    FontMap map;
-    if (file == nullptr || !file->readAll(map._text, error)) {
-        error.insert(0, "not read: ");
-        return std::nullopt;
+    const auto file = Input::open(path == "-" ? "./-" : path);
+    Result<std::string> text = file ? (*file)->readAll() : file.error();
+    if (!text) {
+        return Error{"not read: " + text.error().text};
     }
+    FontMap map;
+    map._text = *std::move(text);
     const KeptReason reason;
     if (!enterText(map._text)) {
-        error = "not a font map file that can be used" + reason.text();
-        return std::nullopt;
+        return Error{"not a font map file that can be used" + reason.text()};
     }
     return map;
 }

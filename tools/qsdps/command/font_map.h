@@ -2,8 +2,8 @@
 #pragma once
 
 #include "toolkit/base/QsEncoding.h"
+#include "values/result.h"
 
-#include <optional>
 #include <string>
 
 namespace qsdps {
@@ -13,9 +13,9 @@ class FontMap {
 public:
     /// An empty map.
     FontMap() = default;
-    /// Reads the file at `path` and enters its families into the registry of the process. None, with a reason in
-    /// `error`, when it cannot be read or is not right to its end.
-    [[nodiscard]] static std::optional<FontMap> enter(const std::string& path, std::string& error);
+    /// Reads the file at `path` and enters its families into the registry of the process. An error
+    /// when it cannot be read or is not right to its end.
+    [[nodiscard]] static Result<FontMap> enter(const std::string& path);
 
     /// Enters the families again. A document that is begun reads the map on the data path, which replaces families of
     /// the same name; after that call those of this map count once more.

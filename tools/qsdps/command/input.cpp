@@ -23,34 +23,30 @@ void Input::Closer::operator()(std::FILE* file) const
     }
 }
 
-std::unique_ptr<Input> Input::open(const std::string& name, std::string& error)
+Result<std::unique_ptr<Input>> Input::open(const std::string& name)
 {
     std::FILE* const file = name == "-" ? stdin : std::fopen(name.c_str(), "rb");
     if (file == nullptr) {
-        error = std::strerror(errno);
-        return nullptr;
+        return Error{std::strerror(errno)};
     }
-    std::unique_ptr<Input> input(new Input(file, 0));
-    return input->begin(error) ? std::move(input) : nullptr;
+    return begun(std::unique_ptr<Input>(new Input(file, 0)));
 }
 
-std::unique_ptr<Input> Input::ofProgram(std::FILE* file, pid_t program, std::string& error)
+Result<std::unique_ptr<Input>> Input::ofProgram(std::FILE* file, pid_t program)
 {
-    std::unique_ptr<Input> input(new Input(file, program));
-    return input->begin(error) ? std::move(input) : nullptr;
+    return begun(std::unique_ptr<Input>(new Input(file, program)));
 }
 
-bool Input::begin(std::string& error)
+Result<std::unique_ptr<Input>> Input::begun(std::unique_ptr<Input> input)
 {
     std::array<char, 16> start;
-    const std::size_t size = read(reinterpret_cast<std::uint8_t*>(start.data()), start.size());
+    const std::size_t size = input->read(reinterpret_cast<std::uint8_t*>(start.data()), start.size());
     if (size == 0) {
-        error = _error != 0 ? failure() : "the file is empty";
-        return false;
+        return Error{input->_error != 0 ? input->failure() : "the file is empty"};
     }
-    _start = start;
-    _startSize = size;
-    return true;
+    input->_start = start;
+    input->_startSize = size;
+    return input;
 }
 
 bool Input::canBeReopened() const
@@ -71,18 +67,20 @@ std::size_t Input::read(std::uint8_t* out, std::size_t count) noexcept
     return kept + more;
 }
 
-bool Input::readAll(std::string& bytes, std::string& error)
+Result<std::string> Input::readAll()
 {
+    std::string bytes;
     std::array<std::uint8_t, 65536> block;
     for (std::size_t count = 0; (count = read(block.data(), block.size())) != 0;) {
         bytes.append(reinterpret_cast<const char*>(block.data()), count);
         if (bytes.size() > LargestInput) {
-            error = "too large";
-            return false;
+            return Error{"too large"};
         }
     }
-    error = failure();
-    return error.empty();
+    if (_error != 0) {
+        return Error{failure()};
+    }
+    return bytes;
 }
 
 std::string Input::failure() const

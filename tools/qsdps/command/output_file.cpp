@@ -90,35 +90,33 @@ OutputFile::~OutputFile()
     discard();
 }
 
-bool OutputFile::open(std::string& error)
+Status OutputFile::open()
 {
     std::signal(SIGPIPE, SIG_IGN);
-    const int descriptor = _name == "-" ? STDOUT_FILENO : openNamed(error);
-    if (descriptor < 0) {
-        return false;
+    const Result<int> descriptor = _name == "-" ? STDOUT_FILENO : openNamed();
+    if (!descriptor) {
+        return descriptor.error();
     }
-    _buffer = std::make_unique<Buffer>(descriptor, _name != "-");
+    _buffer = std::make_unique<Buffer>(*descriptor, _name != "-");
     _stream = std::make_unique<std::ostream>(_buffer.get());
-    return true;
+    return {};
 }
 
-int OutputFile::openNamed(std::string& error)
+Result<int> OutputFile::openNamed()
 {
     struct stat status {};
     const bool exists = stat(_name.c_str(), &status) == 0;
     if (_name.empty() || (!exists && errno != ENOENT)) {
-        error = std::strerror(errno);
-        return -1;
+        return Error{std::strerror(errno)};
     }
     if (exists && S_ISREG(status.st_mode) && !mayBeReplaced(_name, status)) {
-        error = "the file of this name is write-protected";
-        return -1;
+        return Error{"the file of this name is write-protected"};
     }
     const int descriptor = exists && !S_ISREG(status.st_mode)
                                ? ::open(_name.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC)
                                : openTemporary(exists ? status.st_mode & 07777 : newFileMode());
     if (descriptor < 0) {
-        error = std::strerror(errno);
+        return Error{std::strerror(errno)};
     }
     return descriptor;
 }
@@ -142,20 +140,18 @@ int OutputFile::writeError() const
     return _buffer->error();
 }
 
-bool OutputFile::commit(std::string& error)
+Status OutputFile::commit()
 {
     _buffer->close();
     if (_buffer->error() != 0) {
-        error = std::strerror(_buffer->error());
-        return false;
+        return Error{std::strerror(_buffer->error())};
     }
     if (!_temporary.empty() && std::rename(_temporary.c_str(), _final.c_str()) != 0) {
-        error = std::strerror(errno);
-        return false;
+        return Error{std::strerror(errno)};
     }
     _temporary.clear();
     keepOnSignal();
-    return true;
+    return {};
 }
 
 void OutputFile::discard()

@@ -1,6 +1,8 @@
 // The file that a document goes to.
 #pragma once
 
+#include "values/result.h"
+
 #include <memory>
 #include <ostream>
 #include <string>
@@ -20,20 +22,20 @@ public:
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    /// Opens the file; false, and a reason in `error`, when that fails, or the user may not write a file that is there.
-    [[nodiscard]] bool open(std::string& error);
+    /// Opens the file. An error when that fails, or the user may not write a file that is there.
+    [[nodiscard]] Status open();
     /// The stream to write to, once the file is open.
     [[nodiscard]] std::ostream& stream() { return *_stream; }
     /// Why some of what the stream was given was not written, as an error of the system; 0 when all was.
     [[nodiscard]] int writeError() const;
-    /// Writes what is left and gives the document its name; false, and a reason in `error`, when that fails.
-    [[nodiscard]] bool commit(std::string& error);
+    /// Writes what is left and gives the document its name.
+    [[nodiscard]] Status commit();
 
 private:
     class Buffer;
 
-    /// Opens a file that has a name; -1, and a reason in `error`, when that fails.
-    [[nodiscard]] int openNamed(std::string& error);
+    /// Opens a file that has a name; its descriptor.
+    [[nodiscard]] Result<int> openNamed();
     /// Opens the temporary file with these permissions; -1, and a reason in errno, when that fails.
     [[nodiscard]] int openTemporary(mode_t mode);
     void discard();

@@ -48,30 +48,29 @@ int start(const std::string& window, bool quiet, int writeEnd, pid_t& program)
 
 } // namespace
 
-std::unique_ptr<Input> openWindow(const std::string& window, bool quiet, std::string& error)
+Result<std::unique_ptr<Input>> openWindow(const std::string& window, bool quiet)
 {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) {
-        error = std::strerror(errno);
-        return nullptr;
+        return Error{std::strerror(errno)};
     }
     pid_t program = 0;
     const int failed = start(window, quiet, ends[1], program);
     close(ends[1]);
     std::FILE* const file = failed == 0 ? fdopen(ends[0], "rb") : nullptr;
     if (file == nullptr) {
-        error = failed == ENOENT
-                    ? "the program qsdps-window, which reads windows of the X Window System, is not installed"
-                    : std::strerror(failed == 0 ? errno : failed);
+        const Error error{failed == ENOENT
+                              ? "the program qsdps-window, which reads windows of the X Window System, is not installed"
+                              : std::strerror(failed == 0 ? errno : failed)};
         close(ends[0]);
         // A program that nobody listens to ends by itself.
         while (failed == 0 && waitpid(program, nullptr, 0) == -1 && errno == EINTR) {
         }
-        return nullptr;
+        return error;
     }
-    std::unique_ptr<Input> input = Input::ofProgram(file, program, error);
-    if (input == nullptr) {
-        error = "cannot be read";
+    Result<std::unique_ptr<Input>> input = Input::ofProgram(file, program);
+    if (!input) {
+        return Error{"cannot be read"};
     }
     return input;
 }

@@ -25,13 +25,13 @@ std::string collapsed(std::string_view text)
 
 } // namespace
 
-std::unique_ptr<SvgDrawing> SvgDrawing::load(std::string bytes, const SvgOptions& options, std::string& error)
+Result<std::unique_ptr<SvgDrawing>> SvgDrawing::load(std::string bytes, const SvgOptions& options)
 {
-    auto document = svg::StyledDocument::load(std::move(bytes), options.baseFolder, error);
+    auto document = svg::StyledDocument::load(std::move(bytes), options.baseFolder);
     if (!document) {
-        return nullptr;
+        return document.error();
     }
-    return std::unique_ptr<SvgDrawing>(new SvgDrawing(std::move(document), options));
+    return std::unique_ptr<SvgDrawing>(new SvgDrawing(*std::move(document), options));
 }
 
 SvgDrawing::SvgDrawing(std::unique_ptr<svg::StyledDocument> document, const SvgOptions& options)

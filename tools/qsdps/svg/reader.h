@@ -4,6 +4,7 @@
 #include "drawing/canvas.h"
 #include "drawing/report.h"
 #include "svg/walker/svg_options.h"
+#include "values/result.h"
 
 #include <memory>
 #include <string>
@@ -18,9 +19,8 @@ class StyledDocument;
 /// file.
 class SvgDrawing {
 public:
-    /// Parses an SVG file, gzipped or not. Null with a reason in `error` ("line N: ..." where known).
-    [[nodiscard]] static std::unique_ptr<SvgDrawing> load(std::string bytes, const SvgOptions& options,
-                                                          std::string& error);
+    /// Parses an SVG file, gzipped or not.
+    [[nodiscard]] static Result<std::unique_ptr<SvgDrawing>> load(std::string bytes, const SvgOptions& options);
     ~SvgDrawing();
     SvgDrawing(const SvgDrawing&) = delete;
     SvgDrawing& operator=(const SvgDrawing&) = delete;

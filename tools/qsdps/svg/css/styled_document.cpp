@@ -5,14 +5,13 @@
 
 namespace qsdps::svg {
 
-std::unique_ptr<StyledDocument> StyledDocument::load(std::string bytes, const std::filesystem::path& baseFolder,
-                                                     std::string& error)
+Result<std::unique_ptr<StyledDocument>> StyledDocument::load(std::string bytes, const std::filesystem::path& baseFolder)
 {
-    std::unique_ptr<Document> elements = Document::load(std::move(bytes), error);
+    Result<std::unique_ptr<Document>> elements = Document::load(std::move(bytes));
     if (!elements) {
-        return nullptr;
+        return elements.error();
     }
-    std::unique_ptr<StyledDocument> document(new StyledDocument(std::move(elements)));
+    std::unique_ptr<StyledDocument> document(new StyledDocument(*std::move(elements)));
     document->loadSheets(baseFolder);
     return document;
 }

@@ -15,10 +15,9 @@ namespace qsdps::svg {
 
 class StyledDocument {
 public:
-    /// Parses a file, compressed or not, and the style sheets that it names inside `baseFolder` (empty: none); null
-    /// with a reason in `error` ("line N: ..." where known).
-    [[nodiscard]] static std::unique_ptr<StyledDocument>
-    load(std::string bytes, const std::filesystem::path& baseFolder, std::string& error);
+    /// Parses a file, compressed or not, and the style sheets that it names inside `baseFolder` (empty: none).
+    [[nodiscard]] static Result<std::unique_ptr<StyledDocument>> load(std::string bytes,
+                                                                      const std::filesystem::path& baseFolder);
 
     [[nodiscard]] const Document& elements() const { return *_elements; }
     [[nodiscard]] const StyleSheets& sheets() const { return _sheets; }

@@ -98,17 +98,19 @@ void Walker::drawEmbedded(std::string bytes, const Element& element, Box viewpor
     // Reading a drawing costs far more than handing on a picture.
     constexpr std::size_t DrawingCost = 16;
     budget.imageBytes -= std::min(budget.imageBytes, bytes.size() * DrawingCost);
-    std::string error;
-    const auto document = budget.embedded < MaxEmbedded
-                              ? StyledDocument::load(std::move(bytes), _scene.options().baseFolder, error)
-                              : nullptr;
-    if (!document) {
+    if (budget.embedded >= MaxEmbedded) {
         _scene.notDrawn("image", element.node);
         return;
     }
-    budget.imageBytes -= std::min(budget.imageBytes, document->sheetBytes() * DrawingCost);
+    const auto loaded = StyledDocument::load(std::move(bytes), _scene.options().baseFolder);
+    if (!loaded) {
+        _scene.notDrawn("image", element.node);
+        return;
+    }
+    const StyledDocument& document = **loaded;
+    budget.imageBytes -= std::min(budget.imageBytes, document.sheetBytes() * DrawingCost);
     ++budget.embedded;
-    drawDocument(*document, element, viewport, state);
+    drawDocument(document, element, viewport, state);
     --budget.embedded;
 }
 

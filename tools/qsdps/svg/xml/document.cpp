@@ -65,25 +65,32 @@ pugi::xml_node following(pugi::xml_node node)
     return node ? node.next_sibling() : node;
 }
 
-std::unique_ptr<Document> Document::load(std::string bytes, std::string& error)
+Result<std::unique_ptr<Document>> Document::load(std::string bytes)
 {
-    if (isGzip(bytes) && !gunzip(bytes, MaxInflated, error)) {
-        return nullptr;
+    if (isGzip(bytes)) {
+        Result<std::string> content = gunzip(std::move(bytes), MaxInflated);
+        if (!content) {
+            return content.error();
+        }
+        bytes = *std::move(content);
     }
     if (bytes.empty()) {
-        error = "the file is empty";
-        return nullptr;
+        return Error{"the file is empty"};
+    }
+    Result<std::string> text = expandEntities(toUtf8(std::move(bytes)), MaxEntityText);
+    if (!text) {
+        return text.error();
     }
     auto document = std::make_unique<Document>();
-    document->_text = toUtf8(std::move(bytes));
-    if (!expandEntities(document->_text, MaxEntityText, error) || !document->parse(error)) {
-        return nullptr;
+    document->_text = *std::move(text);
+    if (const Status parsed = document->parse(); !parsed) {
+        return parsed.error();
     }
     document->index();
     return document;
 }
 
-bool Document::parse(std::string& error)
+Status Document::parse()
 {
     for (std::size_t at = _text.find('\n'); at != _text.npos; at = _text.find('\n', at + 1)) {
         _lineStarts.push_back(at + 1);
@@ -92,21 +99,20 @@ bool Document::parse(std::string& error)
     const pugi::xml_parse_result result =
         _xml.load_buffer_inplace(_text.data(), _text.size(), Options, pugi::encoding_utf8);
     if (!result) {
-        error = "line " + std::to_string(lineAt(result.offset)) + ": " + result.description();
-        return false;
+        return Error{result.description(), {}, lineAt(result.offset)};
     }
     _root = _xml.document_element();
     if (localName(_root) == "svg") {
-        return true;
+        return {};
     }
     // A drawing inside of something else, a web page for instance.
     while (_root && localName(_root) != "svg") {
         _root = following(_root);
     }
     if (!_root) {
-        error = "there is no svg element";
+        return Error{"there is no svg element"};
     }
-    return static_cast<bool>(_root);
+    return {};
 }
 
 void Document::index()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "svg/xml/tags.h"
+#include "values/result.h"
 
 #include <cstddef>
 #include <memory>
@@ -29,8 +30,8 @@ namespace qsdps::svg {
 
 class Document {
 public:
-    /// Parses a file, compressed or not; null with a reason in `error` ("line N: ..." where known).
-    [[nodiscard]] static std::unique_ptr<Document> load(std::string bytes, std::string& error);
+    /// Parses a file, compressed or not.
+    [[nodiscard]] static Result<std::unique_ptr<Document>> load(std::string bytes);
 
     /// The svg element.
     [[nodiscard]] const pugi::xml_node& root() const { return _root; }
@@ -48,7 +49,7 @@ public:
     [[nodiscard]] int line(const pugi::xml_node& element) const;
 
 private:
-    bool parse(std::string& error);
+    Status parse();
     void index();
     [[nodiscard]] int lineAt(std::ptrdiff_t offset) const;
 

@@ -151,21 +151,19 @@ private:
 
 } // namespace
 
-bool expandEntities(std::string& text, std::size_t limit, std::string& error)
+Result<std::string> expandEntities(std::string text, std::size_t limit)
 {
     std::size_t bodyStart = 0;
     Entities entities = readSubset(text, bodyStart);
     if (entities.empty()) {
-        return true;
+        return text;
     }
     std::string out = text.substr(0, bodyStart);
     Expander expander(entities, limit);
     if (!expander.append(out, std::string_view(text).substr(bodyStart), 0)) {
-        error = "entities refer to themselves or expand to too much text";
-        return false;
+        return Error{"entities refer to themselves or expand to too much text"};
     }
-    text = std::move(out);
-    return true;
+    return out;
 }
 
 } // namespace qsdps::svg

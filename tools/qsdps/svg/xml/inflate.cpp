@@ -13,13 +13,12 @@ bool isGzip(const std::string& bytes)
     return bytes.size() > 2 && bytes[0] == '\x1f' && static_cast<unsigned char>(bytes[1]) == 0x8b;
 }
 
-bool gunzip(std::string& bytes, std::size_t limit, std::string& error)
+Result<std::string> gunzip(std::string bytes, std::size_t limit)
 {
     constexpr int GzipWindow = 15 + 16;
     z_stream stream{};
     if (inflateInit2(&stream, GzipWindow) != Z_OK) {
-        error = "not enough memory to decompress";
-        return false;
+        return Error{"not enough memory to decompress"};
     }
     std::string content;
     std::array<char, 1 << 16> buffer{};
@@ -42,18 +41,15 @@ bool gunzip(std::string& bytes, std::size_t limit, std::string& error)
         const std::size_t produced = buffer.size() - stream.avail_out;
         if (content.size() + produced > limit) {
             inflateEnd(&stream);
-            error = "the decompressed drawing is too large";
-            return false;
+            return Error{"the decompressed drawing is too large"};
         }
         content.append(buffer.data(), produced);
     }
     inflateEnd(&stream);
     if (status != Z_STREAM_END) {
-        error = "the compressed data is damaged or cut short";
-        return false;
+        return Error{"the compressed data is damaged or cut short"};
     }
-    bytes = std::move(content);
-    return true;
+    return content;
 }
 
 } // namespace qsdps::svg
