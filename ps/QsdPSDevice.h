@@ -278,8 +278,7 @@ private:
     void writeColorPattern(const QsdPalette* palette) const;
 
     /// Writes the path of an arc, and strokes it unless it is to be filled; false when it does not show.
-    bool writeArc(const QsdPalette* palette, const QsdRect& rect, float start, float range,
-                                bool fill) const;
+    bool writeArc(const QsdPalette* palette, const QsdRect& rect, float start, float range, bool fill) const;
     void writeClosedCurves(unsigned long count, const QsdPoint* points, bool fill) const;
 
     void writeBitmapMask(const QsdPalette* palette, const QsdPixelRows& pixels, const QsdRect& rect,

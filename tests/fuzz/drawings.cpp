@@ -9,9 +9,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     dropMessages();
-    std::string error;
-    const auto drawing = qsdps::SvgDrawing::load(std::string(reinterpret_cast<const char*>(data), size), {}, error);
-    if (drawing == nullptr) {
+    const auto drawing = qsdps::SvgDrawing::load(std::string(reinterpret_cast<const char*>(data), size), {});
+    if (!drawing) {
         return 0;
     }
     QsdMemoryDisplay display;
@@ -22,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     device.setTransformer(units.toPoints());
     qsdps::Report report;
     qsdps::Painter painter(device, units, qsdps::Matrix(), {255, 255, 255}, tools, report);
-    drawing->draw(painter, report);
+    (*drawing)->draw(painter, report);
     device.end();
     return 0;
 }

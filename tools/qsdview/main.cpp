@@ -1,10 +1,10 @@
 // qsdview: drawings in a window.
+#include "command/standard_files.h"
+#include "command/toolkit_messages.h"
 #include "qsdview/print.h"
 #include "qsdview/view_options.h"
 #include "qsdview/viewer.h"
-#include "standard_files.h"
 #include "toolkit/base/QsdGlobalContext.h"
-#include "toolkit_messages.h"
 
 #include <exception>
 #include <filesystem>
@@ -28,12 +28,11 @@ qsdview::Viewer::Pages openPages(const qsdps::Options& options)
             tell(qsdps::nameOfInput(file), "cannot be read again and again, as a window needs it");
             continue;
         }
-        std::string error;
-        std::unique_ptr<qsdps::DocumentPage> page = qsdps::DocumentPage::open(file, options, error);
-        if (page == nullptr) {
-            tell(file.name, error);
+        auto page = qsdps::DocumentPage::open(file, options);
+        if (page) {
+            pages.push_back(*std::move(page));
         } else {
-            pages.push_back(std::move(page));
+            tell(page.error().file, page.error().message());
         }
     }
     return pages;

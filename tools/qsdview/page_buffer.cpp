@@ -1,6 +1,6 @@
 #include "qsdview/page_buffer.h"
 
-#include "layout.h"
+#include "command/layout.h"
 #include "toolkit/x11/QsdXDisplay.h"
 
 #include <algorithm>
@@ -28,23 +28,23 @@ PageBuffer::PageBuffer(QsdXDisplay& display, const qsdps::Options& options)
 {
 }
 
-bool PageBuffer::show(qsdps::DocumentPage& page, double zoom, const QsdRect& whole, const QsdRect& shown,
-                      const QsdXWindow& window, const QsdPoint& at, std::string& error)
+qsdps::Status PageBuffer::show(qsdps::DocumentPage& page, double zoom, const QsdRect& whole, const QsdRect& shown,
+                               const QsdXWindow& window, const QsdPoint& at)
 {
-    bool isDrawn = true;
+    qsdps::Status drawn;
     if (_page != &page || _zoom != zoom || shown.intersected(_area) != shown) {
         _page = &page;
         _zoom = zoom;
         _area = roomy(shown, whole);
-        isDrawn = draw(page, error);
+        drawn = draw(page);
     }
     const QsdRect part{shown.x - _area.x, shown.y - _area.y, shown.width, shown.height};
     _tools.palette->setClipRegion(QsdRegion::Full());
     window.drawBitmap(_tools.palette.get(), _pixmap.get(), part, at);
-    return isDrawn;
+    return drawn;
 }
 
-bool PageBuffer::draw(qsdps::DocumentPage& page, std::string& error)
+qsdps::Status PageBuffer::draw(qsdps::DocumentPage& page)
 {
     _report = {};
     _pixmap = nullptr; // before there are two of them
@@ -64,8 +64,7 @@ bool PageBuffer::draw(qsdps::DocumentPage& page, std::string& error)
                              qsdps::Units(std::max(onPaper.width, onPaper.height)),
                              PaperColor};
     _pixmap->setTransformer(sheet.units.toPoints().compose(sheet.toPort));
-    return page.draw(
-        sheet, _report, [](double) {}, error);
+    return page.draw(sheet, _report, [](double) {});
 }
 
 } // namespace qsdview

@@ -1,7 +1,7 @@
 // Pages drawn through the port into the X server.
 #pragma once
 
-#include "document_page.h"
+#include "command/document_page.h"
 #include "toolkit/x11/QsdXPixmap.h"
 #include "toolkit/x11/QsdXWindow.h"
 
@@ -17,14 +17,14 @@ public:
 
     /// Copies the rectangle `shown` of a page, which has `zoom` pixels in a CSS pixel and is `whole` pixels large in
     /// all, to the top left corner `at` of what it covers in the window. Draws the page first where that part of it is
-    /// not at hand. False, with a reason in `error`, when the page cannot be drawn again.
-    [[nodiscard]] bool show(qsdps::DocumentPage& page, double zoom, const QsdRect& whole, const QsdRect& shown,
-                            const QsdXWindow& window, const QsdPoint& at, std::string& error);
+    /// not at hand. An error when the page cannot be drawn again.
+    [[nodiscard]] qsdps::Status show(qsdps::DocumentPage& page, double zoom, const QsdRect& whole, const QsdRect& shown,
+                                     const QsdXWindow& window, const QsdPoint& at);
     /// What could not be drawn as the page asks, of the page drawn last.
     [[nodiscard]] const qsdps::Report& report() const { return _report; }
 
 private:
-    [[nodiscard]] bool draw(qsdps::DocumentPage& page, std::string& error);
+    [[nodiscard]] qsdps::Status draw(qsdps::DocumentPage& page);
 
     QsdXDisplay& _display;
     const qsdps::Options& _options;

@@ -1,7 +1,7 @@
 #include "qsdview/print.h"
 
-#include "convert.h"
-#include "toolkit_messages.h"
+#include "command/convert.h"
+#include "command/toolkit_messages.h"
 
 #include <filesystem>
 #include <stdexcept>

@@ -1,7 +1,7 @@
 // Documents of what is viewed.
 #pragma once
 
-#include "options.h"
+#include "command/options.h"
 
 #include <string>
 #include <vector>

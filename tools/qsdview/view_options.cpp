@@ -1,6 +1,6 @@
 #include "qsdview/view_options.h"
 
-#include "command_line.h"
+#include "command/command_line.h"
 
 namespace qsdview {
 

@@ -1,6 +1,6 @@
 #include "qsdview/viewer.h"
 
-#include "output_check.h"
+#include "command/output_check.h"
 #include "qsdview/print.h"
 
 #include <algorithm>
@@ -229,11 +229,11 @@ void Viewer::paint()
     if (shown != window) {
         _window.fillRectangle(_palette.get(), {0, 0, window.width, window.height});
     }
-    std::string error;
     qsdps::DocumentPage& page = *_pages[_page];
-    if (!_buffer.show(page, _view.zoom(), _view.page(), shown, _window, at, error)) {
-        _note = error;
-        std::cerr << "qsdview: " << page.name() << ": " << error << '\n';
+    const qsdps::Status isShown = _buffer.show(page, _view.zoom(), _view.page(), shown, _window, at);
+    if (!isShown) {
+        _note = isShown.error().message();
+        std::cerr << "qsdview: " << isShown.error().file << ": " << _note << '\n';
     }
     if (!_reported[_page]) {
         _reported[_page] = true;

@@ -1,7 +1,7 @@
 // The window of the viewer.
 #pragma once
 
-#include "document_page.h"
+#include "command/document_page.h"
 #include "qsdview/command.h"
 #include "qsdview/page_buffer.h"
 #include "qsdview/view.h"

@@ -6,15 +6,15 @@
 namespace qsdps {
 namespace {
 
-const std::string kTarget = "<rect x='10' y='10' width='20' height='20' clip-path='url(#c)'/>";
-const std::string kFill = "fill #000000 M10,10 L30,10 L30,30 L10,30 Z";
+const std::string Target = "<rect x='10' y='10' width='20' height='20' clip-path='url(#c)'/>";
+const std::string Fill = "fill #000000 M10,10 L30,10 L30,30 L10,30 Z";
 
 TEST(Clips, AreTheUnionOfTheirShapes)
 {
     EXPECT_EQ(linesOf("<clipPath id='c'><path d='M0 0H5' clip-rule='evenodd'/><path id='q' d='M0 0H6' display='none'/>"
                       "<use href='#r' x='3'/></clipPath><path id='r' d='M0 0H7' fill='none'/>" +
-                      kTarget),
-              (Lines{"clip evenodd M0,0 L5,0 M3,0 L10,0", kFill, "popClip"}));
+                      Target),
+              (Lines{"clip evenodd M0,0 L5,0 M3,0 L10,0", Fill, "popClip"}));
 }
 
 TEST(Clips, FitTheBoundingBox)
@@ -28,16 +28,16 @@ TEST(Clips, CutEachOther)
 {
     EXPECT_EQ(linesOf("<clipPath id='d'><path d='M0 0H9'/></clipPath>"
                       "<clipPath id='c' clip-path='url(#d)'><path d='M0 0H5' clip-path='url(#d)'/></clipPath>" +
-                      kTarget),
-              (Lines{"clip M0,0 L5,0 inner( M0,0 L9,0 ) within( M0,0 L9,0 )", kFill, "popClip"}));
+                      Target),
+              (Lines{"clip M0,0 L5,0 inner( M0,0 L9,0 ) within( M0,0 L9,0 )", Fill, "popClip"}));
 }
 
 TEST(Clips, HideEverythingWhenEmptyAndNothingWhenMissing)
 {
-    EXPECT_EQ(linesOf("<clipPath id='c'/>" + kTarget), Lines{});
-    EXPECT_EQ(linesOf(kTarget), Lines{kFill});
-    EXPECT_EQ(linesOf("<clipPath id='c' clip-path='url(#c)'><path d='M0 0H5'/></clipPath>" + kTarget),
-              (Lines{"clip M0,0 L5,0", kFill, "popClip"}));
+    EXPECT_EQ(linesOf("<clipPath id='c'/>" + Target), Lines{});
+    EXPECT_EQ(linesOf(Target), Lines{Fill});
+    EXPECT_EQ(linesOf("<clipPath id='c' clip-path='url(#c)'><path d='M0 0H5'/></clipPath>" + Target),
+              (Lines{"clip M0,0 L5,0", Fill, "popClip"}));
 }
 
 TEST(Clips, CutWhatIsBroughtInByReferenceTwice)
@@ -47,8 +47,8 @@ TEST(Clips, CutWhatIsBroughtInByReferenceTwice)
                       "<clipPath id='b' clipPathUnits='objectBoundingBox'><path d='M0 0H1'/></clipPath>"
                       "<clipPath id='c'><use href='#r' x='3' clip-path='url(#b)'/></clipPath>"
                       "<defs><path id='r' d='M0 0H8V4' clip-path='url(#d)'/></defs>" +
-                      kTarget),
-              (Lines{"clip M3,0 L11,0 L11,4 inner( M3,0 L12,0 within( M3,0 L10,0 ) ) around( M3,0 L11,0 )", kFill,
+                      Target),
+              (Lines{"clip M3,0 L11,0 L11,4 inner( M3,0 L12,0 within( M3,0 L10,0 ) ) around( M3,0 L11,0 )", Fill,
                      "popClip"}));
 }
 
@@ -57,9 +57,9 @@ TEST(Clips, OfTextsAreTheirVisibleLetters)
     const Recording r = draw("<clipPath id='c'><text x='3' y='9' fill='none'>a<tspan visibility='hidden'>b</tspan>"
                              "</text><text visibility='hidden'>c<tspan visibility='visible'>d</tspan></text>"
                              "<use href='#t' x='5'/></clipPath><defs><text id='t' x='1' y='1'>e</text></defs>" +
-                             kTarget);
+                             Target);
     EXPECT_EQ(r.canvas.lines,
-              (Lines{"clip text 3,9 [a] [b]hidden text 0,0 [c]hidden [d] text 6,1 [e]", kFill, "popClip"}));
+              (Lines{"clip text 3,9 [a] [b]hidden text 0,0 [c]hidden [d] text 6,1 [e]", Fill, "popClip"}));
     EXPECT_EQ(r.messages, "");
 }
 

@@ -51,12 +51,14 @@ struct Outcome {
 Outcome survive(const std::string& file)
 {
     Outcome outcome;
-    const auto drawing = SvgDrawing::load(file, {}, outcome.error);
-    if (!drawing)
+    const auto drawing = SvgDrawing::load(file, {});
+    if (!drawing) {
+        outcome.error = drawing.error().message();
         return outcome;
+    }
     CountingCanvas canvas;
     Report report;
-    drawing->draw(canvas, report);
+    (*drawing)->draw(canvas, report);
     EXPECT_EQ(canvas.depth, 0);
     outcome.objects = canvas.objects;
     outcome.complete = !report.anythingNotDrawn();
@@ -206,12 +208,11 @@ TEST(Hostile, BoundingBoxesOfWhatMultiplies)
     for (int i = 1; i < 9; ++i)
         file += "<g id='a" + std::to_string(i) + "'>" + repeat("<use href='#a" + std::to_string(i - 1) + "'/>", 10) +
                 "</g>";
-    std::string error;
-    const auto drawing = SvgDrawing::load(svg(file + "</defs><use href='#a8' clip-path='url(#c)'/>"), {}, error);
-    ASSERT_TRUE(drawing) << error;
+    const auto drawing = SvgDrawing::load(svg(file + "</defs><use href='#a8' clip-path='url(#c)'/>"), {});
+    ASSERT_TRUE(drawing) << drawing.error().message();
     CountingCanvas canvas;
     Report report;
-    drawing->draw(canvas, report);
+    (*drawing)->draw(canvas, report);
     EXPECT_TRUE(report.anythingApproximated());
 }
 

@@ -6,7 +6,7 @@
 namespace qsdps {
 namespace {
 
-const std::string kStops = "<stop offset='0' stop-color='red'/><stop offset='1' stop-color='blue'/>";
+const std::string Stops = "<stop offset='0' stop-color='red'/><stop offset='1' stop-color='blue'/>";
 
 /// The paint that a rectangle 10,20 30x40 gets from the definitions, as its fill "url(#g)" and what follows.
 Paint paintFrom(const std::string& definitions, const std::string& fallback = {})
@@ -27,7 +27,7 @@ const Tile& tileOf(const Paint& paint)
 
 TEST(Gradients, FitTheBoundingBox)
 {
-    const Paint paint = paintFrom("<linearGradient id='g'>" + kStops + "</linearGradient>");
+    const Paint paint = paintFrom("<linearGradient id='g'>" + Stops + "</linearGradient>");
     const Gradient& gradient = gradientOf(paint);
     EXPECT_EQ(gradient.toUser.map(gradient.start), (Point{10, 20}));
     EXPECT_EQ(gradient.toUser.map(gradient.end), (Point{40, 20}));
@@ -37,7 +37,7 @@ TEST(Gradients, FitTheBoundingBox)
 
 TEST(Gradients, TakeWhatTheyLackFromOthers)
 {
-    const Paint paint = paintFrom("<linearGradient id='a' spreadMethod='reflect' x2='5'>" + kStops +
+    const Paint paint = paintFrom("<linearGradient id='a' spreadMethod='reflect' x2='5'>" + Stops +
                                   "</linearGradient><radialGradient id='g' xlink:href='#a' r='25%' "
                                   "gradientUnits='userSpaceOnUse' gradientTransform='translate(1 2)'/>");
     const Gradient& gradient = gradientOf(paint);
@@ -53,7 +53,7 @@ TEST(Gradients, KeepTheFocusInside)
 {
     const Paint paint = paintFrom("<radialGradient id='g' fx='9' gradientUnits='userSpaceOnUse' cx='0' cy='0' fy='0' "
                                   "r='5'>" +
-                                  kStops + "</radialGradient>");
+                                  Stops + "</radialGradient>");
     const Gradient& gradient = gradientOf(paint);
     EXPECT_GT(gradient.start.x, 4.9);
     EXPECT_LT(gradient.start.x, 5);
@@ -78,13 +78,13 @@ TEST(Gradients, ComeDownToAColourOrNothing)
     EXPECT_EQ(paintFrom("<linearGradient id='g'/>").source.index(), 0U);
     EXPECT_EQ(std::get<Rgb>(paintFrom("<linearGradient id='g'><stop stop-color='red'/></linearGradient>").source),
               (Rgb{255, 0, 0}));
-    EXPECT_EQ(std::get<Rgb>(paintFrom("<linearGradient id='g' x2='0'>" + kStops + "</linearGradient>").source),
+    EXPECT_EQ(std::get<Rgb>(paintFrom("<linearGradient id='g' x2='0'>" + Stops + "</linearGradient>").source),
               (Rgb{0, 0, 255}));
     EXPECT_EQ(std::get<Rgb>(paintFrom("", "red").source), (Rgb{255, 0, 0}));
     EXPECT_EQ(paintFrom("").source.index(), 0U);
-    EXPECT_EQ(linesOf("<linearGradient id='g'>" + kStops +
-                      "</linearGradient><path d='M0 0H5' fill='none' stroke='url(#g)'/>"),
-              Lines{});
+    EXPECT_EQ(
+        linesOf("<linearGradient id='g'>" + Stops + "</linearGradient><path d='M0 0H5' fill='none' stroke='url(#g)'/>"),
+        Lines{});
 }
 
 TEST(Patterns, DrawTheirTile)
@@ -110,11 +110,10 @@ public:
 
 Lines tileLines(const std::string& content)
 {
-    std::string error;
-    const auto drawing = SvgDrawing::load("<svg width='9' height='9'>" + content + "</svg>", {}, error);
+    const auto drawing = SvgDrawing::load("<svg width='9' height='9'>" + content + "</svg>", {});
     TileCanvas canvas;
     Report report;
-    drawing->draw(canvas, report);
+    (*drawing)->draw(canvas, report);
     return canvas.inside.lines;
 }
 

@@ -126,9 +126,12 @@ void RecordingCanvas::beginGroup(double opacity)
 Recording drawFile(const std::string& bytes, const SvgOptions& options)
 {
     Recording recording;
-    const auto drawing = SvgDrawing::load(bytes, options, recording.error);
-    if (!drawing)
+    const auto loaded = SvgDrawing::load(bytes, options);
+    if (!loaded) {
+        recording.error = loaded.error().message();
         return recording;
+    }
+    const std::unique_ptr<SvgDrawing>& drawing = *loaded;
     recording.width = drawing->width();
     recording.height = drawing->height();
     recording.title = drawing->title();

@@ -27,33 +27,33 @@ protected:
     }
 };
 
-constexpr const char* kRed = "#ff0000";
-constexpr const char* kBlue = "#0000ff";
-constexpr const char* kBlack = "#000000";
+constexpr const char* Red = "#ff0000";
+constexpr const char* Blue = "#0000ff";
+constexpr const char* Black = "#000000";
 
 TEST_F(SheetFiles, AreImported)
 {
     for (const char* import : {"url(red.css)", "url( 'red.css' )", "'red.css'", "\"red.css\" print", "URL(red.css) all",
                                "url(a%20b.css)", "'./sub/../red.css'", "'data:text/css,path{fill:red}'"})
-        EXPECT_EQ(colorFrom("@import " + std::string(import) + ";"), kRed) << import;
-    EXPECT_EQ(colorFrom("@import 'file://" + pathOf("in/red.css") + "';"), kRed);
-    EXPECT_EQ(colorFrom("@import 'red.css' screen;"), kBlack);
-    EXPECT_EQ(colorFrom("@charset 'utf-8'; @import 'red.css'; @import 'blue.css';"), kBlue);
+        EXPECT_EQ(colorFrom("@import " + std::string(import) + ";"), Red) << import;
+    EXPECT_EQ(colorFrom("@import 'file://" + pathOf("in/red.css") + "';"), Red);
+    EXPECT_EQ(colorFrom("@import 'red.css' screen;"), Black);
+    EXPECT_EQ(colorFrom("@charset 'utf-8'; @import 'red.css'; @import 'blue.css';"), Blue);
     // What is imported stands before what imports it, whatever is written in it.
-    EXPECT_EQ(colorFrom("@import 'blue.css'; path{fill:red}"), kRed);
-    EXPECT_EQ(colorFrom("path{fill:red} @import 'blue.css';"), kRed);
-    EXPECT_EQ(colorFrom("@media print{@import 'blue.css';} path{fill:red}"), kRed);
+    EXPECT_EQ(colorFrom("@import 'blue.css'; path{fill:red}"), Red);
+    EXPECT_EQ(colorFrom("path{fill:red} @import 'blue.css';"), Red);
+    EXPECT_EQ(colorFrom("@media print{@import 'blue.css';} path{fill:red}"), Red);
 }
 
 TEST_F(SheetFiles, ImportFromWhereTheyStand)
 {
     write("in/sub/outer.css", "@import 'inner.css';");
     write("in/sub/inner.css", "@import '../red.css';");
-    EXPECT_EQ(colorFrom("@import 'sub/outer.css';"), kRed);
-    EXPECT_EQ(colorFrom("@import 'file://" + pathOf("in/sub/outer.css") + "';"), kRed);
+    EXPECT_EQ(colorFrom("@import 'sub/outer.css';"), Red);
+    EXPECT_EQ(colorFrom("@import 'file://" + pathOf("in/sub/outer.css") + "';"), Red);
     write("in/sub/far.css", "@import '../../secret.css';");
-    EXPECT_EQ(colorFrom("@import 'sub/far.css';"), kBlack);
-    EXPECT_EQ(colorFrom("@import \"data:text/css,@import 'red.css';\";"), kBlack);
+    EXPECT_EQ(colorFrom("@import 'sub/far.css';"), Black);
+    EXPECT_EQ(colorFrom("@import \"data:text/css,@import 'red.css';\";"), Black);
 }
 
 TEST_F(SheetFiles, AreNamedByInstructions)
@@ -61,13 +61,13 @@ TEST_F(SheetFiles, AreNamedByInstructions)
     const auto color = [&](const std::string& prolog, const std::string& content = {}) {
         return open(prolog, content).canvas.lines.at(0).substr(5, 7);
     };
-    EXPECT_EQ(color("<?xml version='1.0'?><?xml-stylesheet type='text/css' href='red.css'?>"), kRed);
-    EXPECT_EQ(color("<?xml-stylesheet href = \"red.css\" media=\"print\" ?>"), kRed);
-    EXPECT_EQ(color("<?xml-stylesheet href='red.css' media='screen'?>"), kBlack);
-    EXPECT_EQ(color("<?xml-stylesheet href='red.css' alternate='yes' title='x'?>"), kBlack);
-    EXPECT_EQ(color("<?xml-stylesheet href='blue.css'?>", "<style>path{fill:red}</style>"), kRed);
-    EXPECT_EQ(color("<?xml-stylesheet href='blue.css'?><?xml-stylesheet href='red.css'?>"), kRed);
-    EXPECT_EQ(color("", "<?xml-stylesheet href='red.css'?>"), kBlack);
+    EXPECT_EQ(color("<?xml version='1.0'?><?xml-stylesheet type='text/css' href='red.css'?>"), Red);
+    EXPECT_EQ(color("<?xml-stylesheet href = \"red.css\" media=\"print\" ?>"), Red);
+    EXPECT_EQ(color("<?xml-stylesheet href='red.css' media='screen'?>"), Black);
+    EXPECT_EQ(color("<?xml-stylesheet href='red.css' alternate='yes' title='x'?>"), Black);
+    EXPECT_EQ(color("<?xml-stylesheet href='blue.css'?>", "<style>path{fill:red}</style>"), Red);
+    EXPECT_EQ(color("<?xml-stylesheet href='blue.css'?><?xml-stylesheet href='red.css'?>"), Red);
+    EXPECT_EQ(color("", "<?xml-stylesheet href='red.css'?>"), Black);
     EXPECT_EQ(open("<?xml-stylesheet type='text/xsl' href='x.xsl'?>").messages,
               "in:1: style sheet 'x.xsl' skipped: its type is 'text/xsl'\n");
     EXPECT_NE(open("<?xml-stylesheet?>").messages.find("style sheet '' not read"), std::string::npos);
@@ -78,7 +78,7 @@ TEST_F(SheetFiles, AreNotReadElsewhere)
     for (const std::string href : {"../secret.css", "link.css", "/etc/passwd", "http://localhost/a.css", "none.css",
                                    ".", "red.css%00", "sub/../../secret.css"}) {
         const Recording r = open("<?xml-stylesheet href='" + href + "'?>", "<style>@import '" + href + "';</style>");
-        EXPECT_EQ(r.canvas.lines.at(0).substr(5, 7), kBlack) << href;
+        EXPECT_EQ(r.canvas.lines.at(0).substr(5, 7), Black) << href;
         EXPECT_EQ(r.messages, "in:1: style sheet '" + href +
                                   "' not read: no such file beside the drawing or below, or too large\n");
     }
@@ -90,11 +90,11 @@ TEST_F(SheetFiles, ThatImportThemselvesEnd)
 {
     write("in/self.css", "@import 'self.css'; path{fill:red}");
     const Recording self = open("", "<style>@import 'self.css';</style>");
-    EXPECT_EQ(self.canvas.lines.at(0).substr(5, 7), kRed);
+    EXPECT_EQ(self.canvas.lines.at(0).substr(5, 7), Red);
     EXPECT_EQ(self.messages, "in:1: style sheet 'self.css' not read: it imports itself, in 'self.css'\n");
     write("in/one.css", "@import 'sub/two.css';");
     write("in/sub/two.css", "@import '../one.css'; path{fill:red}");
-    EXPECT_EQ(colorFrom("@import 'one.css';"), kRed);
+    EXPECT_EQ(colorFrom("@import 'one.css';"), Red);
     for (int i = 0; i < 40; ++i)
         write("in/deep" + std::to_string(i) + ".css", "@import 'deep" + std::to_string(i + 1) + ".css';");
     EXPECT_NE(
@@ -124,14 +124,14 @@ TEST_F(SheetFiles, AreNamedInMessages)
 TEST_F(SheetFiles, MayBeInOtherEncodings)
 {
     write("in/mark.css", "\xEF\xBB\xBFpath{fill:red}");
-    EXPECT_EQ(colorFrom("@import 'mark.css';"), kRed);
+    EXPECT_EQ(colorFrom("@import 'mark.css';"), Red);
 }
 
 TEST_F(SheetFiles, StyleDrawingsInside)
 {
     write("in/inner.svg", "<?xml-stylesheet href='red.css'?><svg width='9' height='9'><path d='M0 0H5'/></svg>");
     const Recording r = open("", "<image width='9' height='9' href='inner.svg'/>");
-    EXPECT_EQ(r.canvas.lines.at(1).substr(5, 7), kRed);
+    EXPECT_EQ(r.canvas.lines.at(1).substr(5, 7), Red);
 }
 
 } // namespace

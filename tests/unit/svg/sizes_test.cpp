@@ -69,6 +69,27 @@ TEST(Files, MayBeInOtherEncodings)
     EXPECT_EQ(drawFile(wide).title, "ab");
 }
 
+TEST(Files, AreConvertedAsFarAsTheirCharacterSetGoes)
+{
+    const auto wide = [](const std::u16string& text) {
+        std::string bytes = "\xFF\xFE";
+        for (const char16_t unit : text) {
+            bytes.push_back(static_cast<char>(unit & 0xFF));
+            bytes.push_back(static_cast<char>(unit >> 8));
+        }
+        return bytes;
+    };
+    // A pair of surrogates, half of one, and a mark in the middle.
+    std::u16string units = u"<svg><title>a\U0001D11Eb";
+    units += char16_t{0xD800};
+    units += u"c\uFEFFd</title></svg>";
+    EXPECT_EQ(drawFile(wide(units)).title, std::string("a\xF0\x9D\x84\x9E") + "b\xEF\xBF\xBD" + "cd");
+    // The odd byte at the end belongs to no character.
+    EXPECT_EQ(drawFile(wide(u"<svg><title>e</title></svg>") + "\n").title, "e");
+    const std::string declared = "<?xml version='1.0' encoding='windows-1252'?><svg><title>";
+    EXPECT_EQ(drawFile(declared + "\x80\xE9\x81!</title></svg>").title, "\xE2\x82\xAC\xC3\xA9\xC2\x81!");
+}
+
 TEST(Files, ExpandTheirOwnEntities)
 {
     EXPECT_EQ(drawFile("<!DOCTYPE svg [<!ENTITY a 'M0 0'><!ENTITY b '&a;H5'><!ENTITY e SYSTEM 'file:///etc/passwd'>]>"

@@ -14,29 +14,29 @@ std::string colorFrom(const std::string& sheet, const std::string& attributes = 
     return lines.size() == 1 ? lines[0].substr(5, 7) : "nothing";
 }
 
-constexpr const char* kRed = "#ff0000";
-constexpr const char* kBlue = "#0000ff";
-constexpr const char* kBlack = "#000000";
+constexpr const char* Red = "#ff0000";
+constexpr const char* Blue = "#0000ff";
+constexpr const char* Black = "#000000";
 
 TEST(StyleSheets, SelectElements)
 {
     for (const char* selector : {"*", "path", ".a", "#p", "path.a.b#p", ".outer path", "g > g > path", ".outer>g>.b",
                                  "[d]", "path[d='M0 0H5']", "[class~=b]", "[d^=M]", "[d$=H5]", "[d*='0 0']", "x, path",
                                  "path:first-child", "svg g path"})
-        EXPECT_EQ(colorFrom(std::string(selector) + "{fill:red}"), kRed) << selector;
+        EXPECT_EQ(colorFrom(std::string(selector) + "{fill:red}"), Red) << selector;
     for (const char* selector : {"rect", ".c", "#q", "#p#q", ".a.c", ".outer > path", "path:hover", "g + path",
                                  "[class=a]", "[x]", "path g", ""})
-        EXPECT_EQ(colorFrom(std::string(selector) + "{fill:red}"), kBlack) << selector;
+        EXPECT_EQ(colorFrom(std::string(selector) + "{fill:red}"), Black) << selector;
 }
 
 TEST(StyleSheets, WeighRulesAgainstEachOther)
 {
-    EXPECT_EQ(colorFrom("#p{fill:red} .a.b{fill:blue} path{fill:green}"), kRed);
-    EXPECT_EQ(colorFrom(".a{fill:blue} .b{fill:red}"), kRed);
-    EXPECT_EQ(colorFrom(".a{fill:red}", "fill='blue'"), kRed);
-    EXPECT_EQ(colorFrom(".a{fill:blue}", "style='fill:red'"), kRed);
-    EXPECT_EQ(colorFrom(".a{fill:red !important}", "style='fill:blue'"), kRed);
-    EXPECT_EQ(colorFrom(".a{fill:blue !important}", "style='fill:red!important'"), kRed);
+    EXPECT_EQ(colorFrom("#p{fill:red} .a.b{fill:blue} path{fill:green}"), Red);
+    EXPECT_EQ(colorFrom(".a{fill:blue} .b{fill:red}"), Red);
+    EXPECT_EQ(colorFrom(".a{fill:red}", "fill='blue'"), Red);
+    EXPECT_EQ(colorFrom(".a{fill:blue}", "style='fill:red'"), Red);
+    EXPECT_EQ(colorFrom(".a{fill:red !important}", "style='fill:blue'"), Red);
+    EXPECT_EQ(colorFrom(".a{fill:blue !important}", "style='fill:red!important'"), Red);
 }
 
 /// The letters of the ids, a to f, that a selector chooses among the children of a group: rect, path, rect, text node,
@@ -120,24 +120,24 @@ TEST(StyleSheets, BacktrackToFindAMatch)
     EXPECT_EQ(linesOf("<style>.a > .b .c{fill:red}</style><g class='a'><g class='b'><g><g class='b'>"
                       "<path class='c' d='M0 0H5'/></g></g></g></g>")[0]
                   .substr(5, 7),
-              kRed);
+              Red);
     EXPECT_EQ(linesOf("<style>.a + .b ~ .c{fill:red}</style><g display='none'/><g class='a'/><g class='b'/><g/>"
                       "<g class='b'/><path class='c' d='M0 0H5'/>")[0]
                   .substr(5, 7),
-              kRed);
+              Red);
 }
 
 TEST(StyleSheets, WeighWhatIsInsideOfNot)
 {
-    EXPECT_EQ(colorFrom("path:not(#q){fill:red} path.a.b{fill:blue}"), kRed);
-    EXPECT_EQ(colorFrom("path:not(rect){fill:red} path.a{fill:blue}"), kBlue);
-    EXPECT_EQ(colorFrom(":is(path, #q){fill:red} .a.b{fill:blue}"), kRed);
-    EXPECT_EQ(colorFrom(":where(#p){fill:blue} path{fill:red}"), kRed);
-    EXPECT_EQ(colorFrom("path:first-child{fill:red} path{fill:blue}"), kRed);
+    EXPECT_EQ(colorFrom("path:not(#q){fill:red} path.a.b{fill:blue}"), Red);
+    EXPECT_EQ(colorFrom("path:not(rect){fill:red} path.a{fill:blue}"), Blue);
+    EXPECT_EQ(colorFrom(":is(path, #q){fill:red} .a.b{fill:blue}"), Red);
+    EXPECT_EQ(colorFrom(":where(#p){fill:blue} path{fill:red}"), Red);
+    EXPECT_EQ(colorFrom("path:first-child{fill:red} path{fill:blue}"), Red);
     std::string classes = "path";
     for (int i = 0; i < 60; ++i)
         classes += ".a";
-    EXPECT_EQ(colorFrom("#p{fill:red}" + classes + "{fill:blue}"), kRed);
+    EXPECT_EQ(colorFrom("#p{fill:red}" + classes + "{fill:blue}"), Red);
 }
 
 /// What the report says of a sheet, without the name and place in front.
@@ -176,23 +176,23 @@ TEST(StyleSheets, TellWhatTheyDoNotKnow)
 
 TEST(StyleSheets, DropOnlyTheRuleThatIsBad)
 {
-    EXPECT_EQ(colorFrom(".a{fill:red} .a:hover{fill:blue} ..{fill:blue} .b:not({fill:blue}"), kRed);
-    EXPECT_EQ(colorFrom(".a{fill:red} path, .a:hover{fill:blue}"), kRed);
-    EXPECT_EQ(colorFrom(":is(.a:hover, .b){fill:red}"), kRed);
-    EXPECT_EQ(colorFrom("path:not(.a:hover, .c){fill:blue} .a{fill:red}"), kRed);
-    EXPECT_EQ(colorFrom("path[d='}']{fill:blue} path{ .a{fill:blue} & > .b{fill:blue} fill:red } .c{fill:blue}"), kRed);
-    EXPECT_EQ(colorFrom("@font-face{a:b} @keyframes k{from{fill:blue} to{fill:blue}} .a{fill:red}"), kRed);
+    EXPECT_EQ(colorFrom(".a{fill:red} .a:hover{fill:blue} ..{fill:blue} .b:not({fill:blue}"), Red);
+    EXPECT_EQ(colorFrom(".a{fill:red} path, .a:hover{fill:blue}"), Red);
+    EXPECT_EQ(colorFrom(":is(.a:hover, .b){fill:red}"), Red);
+    EXPECT_EQ(colorFrom("path:not(.a:hover, .c){fill:blue} .a{fill:red}"), Red);
+    EXPECT_EQ(colorFrom("path[d='}']{fill:blue} path{ .a{fill:blue} & > .b{fill:blue} fill:red } .c{fill:blue}"), Red);
+    EXPECT_EQ(colorFrom("@font-face{a:b} @keyframes k{from{fill:blue} to{fill:blue}} .a{fill:red}"), Red);
 }
 
 TEST(StyleSheets, PassOverWhatTheyDoNotKnow)
 {
     EXPECT_EQ(
         colorFrom("@import url(x.css); @media screen{.a{fill:blue}} /* .a{fill:blue} */ .a{ fill : red ; zap: 1 }"),
-        kRed);
-    EXPECT_EQ(colorFrom("<![CDATA[ .a > .b {fill:blue} .a{fill:red} ]]>"), kRed);
-    EXPECT_EQ(colorFrom(".a{fill:red"), kRed);
-    EXPECT_EQ(colorFrom(".a{FILL:red}"), kRed);
-    EXPECT_EQ(colorFrom("", "style='/* fill:blue; */ fill:red /*;fill:blue*/'"), kRed);
+        Red);
+    EXPECT_EQ(colorFrom("<![CDATA[ .a > .b {fill:blue} .a{fill:red} ]]>"), Red);
+    EXPECT_EQ(colorFrom(".a{fill:red"), Red);
+    EXPECT_EQ(colorFrom(".a{FILL:red}"), Red);
+    EXPECT_EQ(colorFrom("", "style='/* fill:blue; */ fill:red /*;fill:blue*/'"), Red);
 }
 
 TEST(StyleSheets, AreForPaper)
@@ -201,24 +201,24 @@ TEST(StyleSheets, AreForPaper)
          {"print", "all", "only print", "PRINT", "screen, print", "not screen", "not screen and (x)",
           "(prefers-color-scheme: light)", "print and (prefers-color-scheme:light)", "not (prefers-color-scheme: dark)",
           "((prefers-color-scheme: dark) or (not (prefers-color-scheme: dark)))", "(min-width: 1px), print", ""}) {
-        EXPECT_EQ(colorFrom("@media " + std::string(query) + "{.a{fill:red}} .c{fill:blue}"), kRed) << query;
+        EXPECT_EQ(colorFrom("@media " + std::string(query) + "{.a{fill:red}} .c{fill:blue}"), Red) << query;
         EXPECT_EQ(draw("<style media='" + std::string(query) + "'>path{fill:red}</style><path d='M0 0H5'/>")
                       .canvas.lines[0]
                       .substr(5, 7),
-                  kRed)
+                  Red)
             << query;
     }
     for (const char* query :
          {"screen", "not print", "not all", "only screen", "speech, screen", "nonsense", "(prefers-color-scheme: dark)",
           "print and (min-width: 1px)", "not (min-width: 1px)", "print and", "(", "print (min-width: 1px)"}) {
-        EXPECT_EQ(colorFrom("@media " + std::string(query) + "{.a{fill:blue}}"), kBlack) << query;
+        EXPECT_EQ(colorFrom("@media " + std::string(query) + "{.a{fill:blue}}"), Black) << query;
         EXPECT_EQ(draw("<style media='" + std::string(query) + "'>path{fill:red}</style><path d='M0 0H5'/>")
                       .canvas.lines[0]
                       .substr(5, 7),
-                  kBlack)
+                  Black)
             << query;
     }
-    EXPECT_EQ(colorFrom(".a{fill:blue} @media print{@media all{.a{fill:red}} @media screen{.a{fill:blue}}}"), kRed);
+    EXPECT_EQ(colorFrom(".a{fill:blue} @media print{@media all{.a{fill:red}} @media screen{.a{fill:blue}}}"), Red);
     EXPECT_EQ(toldOf("@media screen and (min-width: 5px){path{fill:red}}"), "");
 }
 
@@ -250,18 +250,18 @@ TEST(Styles, PlaceShapesFromTheSheet)
 
 TEST(Styles, KeepTheLastValidValue)
 {
-    EXPECT_EQ(colorFrom(".a{fill:red}", "fill='nonsense'"), kRed);
-    EXPECT_EQ(linesOf("<g fill='blue'><path d='M0 0H5' fill='nonsense'/></g>")[0].substr(5, 7), kBlue);
+    EXPECT_EQ(colorFrom(".a{fill:red}", "fill='nonsense'"), Red);
+    EXPECT_EQ(linesOf("<g fill='blue'><path d='M0 0H5' fill='nonsense'/></g>")[0].substr(5, 7), Blue);
 }
 
 TEST(Styles, FallBackToWhatIsValid)
 {
-    EXPECT_EQ(colorFrom("", "style='fill:red;fill:color(display-p3 0 0 1)'"), kRed);
-    EXPECT_EQ(colorFrom(".a{fill:nonsense}", "fill='red'"), kRed);
-    EXPECT_EQ(colorFrom(".a{marker-start:nonsense;stop-color:x;font:bad;overflow:bad}", "fill='red'"), kRed);
+    EXPECT_EQ(colorFrom("", "style='fill:red;fill:color(display-p3 0 0 1)'"), Red);
+    EXPECT_EQ(colorFrom(".a{fill:nonsense}", "fill='red'"), Red);
+    EXPECT_EQ(colorFrom(".a{marker-start:nonsense;stop-color:x;font:bad;overflow:bad}", "fill='red'"), Red);
     EXPECT_EQ(linesOf("<rect width='5' height='2' style='width:nonsense'/>"),
               (Lines{"fill #000000 M0,0 L5,0 L5,2 L0,2 Z"}));
-    EXPECT_EQ(colorFrom(".a{fill:red} .a{fill:unset}"), kBlack);
+    EXPECT_EQ(colorFrom(".a{fill:red} .a{fill:unset}"), Black);
     EXPECT_NE(draw("<rect width='5 5' height='2'/>").messages.find("bad value '5 5' of width ignored"),
               std::string::npos);
 }

@@ -1,11 +1,11 @@
 // The small languages inside attributes.
-#include "svg/color.h"
-#include "svg/length.h"
-#include "svg/path_data.h"
-#include "svg/path_metrics.h"
-#include "svg/scanner.h"
-#include "svg/transform_list.h"
-#include "svg/viewport.h"
+#include "drawing/path_metrics.h"
+#include "svg/shapes/path_data.h"
+#include "svg/shapes/transform_list.h"
+#include "svg/walker/viewport.h"
+#include "values/color.h"
+#include "values/length.h"
+#include "values/scanner.h"
 
 #include <gtest/gtest.h>
 

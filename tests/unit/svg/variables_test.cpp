@@ -14,45 +14,45 @@ std::string filled(const std::string& sheet, const std::string& attributes = {},
     return lines.size() == 1 ? lines[0].substr(5, 7) : "nothing";
 }
 
-constexpr const char* kRed = "#ff0000";
-constexpr const char* kBlue = "#0000ff";
-constexpr const char* kBlack = "#000000";
+constexpr const char* Red = "#ff0000";
+constexpr const char* Blue = "#0000ff";
+constexpr const char* Black = "#000000";
 
 TEST(Variables, AreInherited)
 {
-    EXPECT_EQ(filled(":root{--c:red} .a{fill:var(--c)}"), kRed);
-    EXPECT_EQ(filled(":root{--c:blue} .a{fill:var( --c )} g{--c:red}"), kRed);
-    EXPECT_EQ(filled(":root{--c:red}", "fill='var(--c)'"), kRed);
-    EXPECT_EQ(filled(":root{--c:blue}", "style='--c:red; fill:VAR(--c)'"), kRed);
+    EXPECT_EQ(filled(":root{--c:red} .a{fill:var(--c)}"), Red);
+    EXPECT_EQ(filled(":root{--c:blue} .a{fill:var( --c )} g{--c:red}"), Red);
+    EXPECT_EQ(filled(":root{--c:red}", "fill='var(--c)'"), Red);
+    EXPECT_EQ(filled(":root{--c:blue}", "style='--c:red; fill:VAR(--c)'"), Red);
     // The value is worked out where it is declared.
-    EXPECT_EQ(filled(":root{--x:red; --c:var(--x)} .a{--x:blue; fill:var(--c)}"), kRed);
-    EXPECT_EQ(filled(":root{--C:blue;--c:red} .a{fill:var(--c)}"), kRed);
-    EXPECT_EQ(filled(":root{--c:red} g{--c:inherit} .a{--c:unset;fill:var(--c)}"), kRed);
+    EXPECT_EQ(filled(":root{--x:red; --c:var(--x)} .a{--x:blue; fill:var(--c)}"), Red);
+    EXPECT_EQ(filled(":root{--C:blue;--c:red} .a{fill:var(--c)}"), Red);
+    EXPECT_EQ(filled(":root{--c:red} g{--c:inherit} .a{--c:unset;fill:var(--c)}"), Red);
 }
 
 TEST(Variables, WeighAsOtherPropertiesDo)
 {
-    EXPECT_EQ(filled(".a{--c:red!important} path{--c:blue} .a{fill:var(--c)}", "style='--c:blue'"), kRed);
-    EXPECT_EQ(filled("path{--c:blue;fill:var(--c)} .a{--c:red}"), kRed);
-    EXPECT_EQ(filled(".a{--c:red} @media screen{.a{--c:blue}} .a{fill:var(--c)}"), kRed);
+    EXPECT_EQ(filled(".a{--c:red!important} path{--c:blue} .a{fill:var(--c)}", "style='--c:blue'"), Red);
+    EXPECT_EQ(filled("path{--c:blue;fill:var(--c)} .a{--c:red}"), Red);
+    EXPECT_EQ(filled(".a{--c:red} @media screen{.a{--c:blue}} .a{fill:var(--c)}"), Red);
 }
 
 TEST(Variables, HaveFallbacks)
 {
-    EXPECT_EQ(filled(".a{fill:var(--none, red)}"), kRed);
-    EXPECT_EQ(filled(".a{fill:var(--none, var(--other, var(--more,red)))}"), kRed);
-    EXPECT_EQ(filled(".a{fill:var(--none, rgb(255, 0, 0))}"), kRed);
-    EXPECT_EQ(filled(":root{--r:255, 0} .a{fill:rgb(var(--r), 0)}"), kRed);
-    EXPECT_EQ(filled(":root{--c:red} .a{fill:var(--c, blue)}"), kRed);
-    EXPECT_EQ(filled(":root{--c:blue} g{--c:initial} .a{fill:var(--c, red)}"), kRed);
+    EXPECT_EQ(filled(".a{fill:var(--none, red)}"), Red);
+    EXPECT_EQ(filled(".a{fill:var(--none, var(--other, var(--more,red)))}"), Red);
+    EXPECT_EQ(filled(".a{fill:var(--none, rgb(255, 0, 0))}"), Red);
+    EXPECT_EQ(filled(":root{--r:255, 0} .a{fill:rgb(var(--r), 0)}"), Red);
+    EXPECT_EQ(filled(":root{--c:red} .a{fill:var(--c, blue)}"), Red);
+    EXPECT_EQ(filled(":root{--c:blue} g{--c:initial} .a{fill:var(--c, red)}"), Red);
 }
 
 TEST(Variables, WithoutAValueLeaveThePropertyAsIfNotGiven)
 {
     // No weaker value comes in: whether there is a variable shows too late for that.
-    EXPECT_EQ(filled(".a{fill:var(--none)}", "fill='blue'", "fill='red'"), kRed);
-    EXPECT_EQ(filled(":root{--c:nonsense} .a{fill:var(--c)}", "fill='blue'", "fill='red'"), kRed);
-    EXPECT_EQ(filled(".a{fill:var(--none)}"), kBlack);
+    EXPECT_EQ(filled(".a{fill:var(--none)}", "fill='blue'", "fill='red'"), Red);
+    EXPECT_EQ(filled(":root{--c:nonsense} .a{fill:var(--c)}", "fill='blue'", "fill='red'"), Red);
+    EXPECT_EQ(filled(".a{fill:var(--none)}"), Black);
     EXPECT_EQ(linesOf("<g opacity='.5'><path d='M0 0H5' style='opacity:var(--none)'/></g>"),
               (Lines{"fill #000000*0.5 M0,0 L5,0"}));
     EXPECT_EQ(draw("<path d='M0 0H5' style='fill:var(--none)'/>").messages,
@@ -65,19 +65,19 @@ TEST(Variables, WithoutAValueLeaveThePropertyAsIfNotGiven)
 
 TEST(Variables, InCirclesHaveNoValue)
 {
-    EXPECT_EQ(filled(".a{--c:var(--c);fill:var(--c,red)}"), kRed);
-    EXPECT_EQ(filled(".a{--b:var(--c,blue);--c:var(--b,blue);fill:var(--b,red)}"), kRed);
-    EXPECT_EQ(filled(".a{--a:var(--b);--b:var(--c);--c:var(--b);fill:var(--a,red)}"), kRed);
+    EXPECT_EQ(filled(".a{--c:var(--c);fill:var(--c,red)}"), Red);
+    EXPECT_EQ(filled(".a{--b:var(--c,blue);--c:var(--b,blue);fill:var(--b,red)}"), Red);
+    EXPECT_EQ(filled(".a{--a:var(--b);--b:var(--c);--c:var(--b);fill:var(--a,red)}"), Red);
     // What only leads to a circle has its fallback.
-    EXPECT_EQ(filled(".a{--a:var(--b,red);--b:var(--c);--c:var(--b);fill:var(--a,blue)}"), kRed);
-    EXPECT_EQ(filled("g{--c:blue} .a{--c:var(--c);fill:var(--c,red)}"), kRed);
+    EXPECT_EQ(filled(".a{--a:var(--b,red);--b:var(--c);--c:var(--b);fill:var(--a,blue)}"), Red);
+    EXPECT_EQ(filled("g{--c:blue} .a{--c:var(--c);fill:var(--c,red)}"), Red);
 }
 
 TEST(Variables, MayHoldAnything)
 {
-    EXPECT_EQ(filled(".a{--c:{x:y;fill:blue}; fill:red}"), kRed);
-    EXPECT_EQ(filled(".a{--c:;--d:red var(--c);fill:var(--d)}"), kRed);
-    EXPECT_EQ(filled(".a{--c:\"var(--x)\";fill:red}"), kRed);
+    EXPECT_EQ(filled(".a{--c:{x:y;fill:blue}; fill:red}"), Red);
+    EXPECT_EQ(filled(".a{--c:;--d:red var(--c);fill:var(--d)}"), Red);
+    EXPECT_EQ(filled(".a{--c:\"var(--x)\";fill:red}"), Red);
     EXPECT_EQ(linesOf("<style>:root{--t:translate(3px,4px);--w:2px}</style>"
                       "<rect width='var(--w)' height='2' style='transform:var(--t)'/>"),
               (Lines{"fill #000000 M3,4 L5,4 L5,6 L3,6 Z"}));
@@ -105,7 +105,7 @@ TEST(Calc, PlacesShapes)
 
 TEST(Calc, WorksInEveryProperty)
 {
-    EXPECT_EQ(filled(".a{fill:rgb(calc(250 + 5), calc(0%), 0)}"), kRed);
+    EXPECT_EQ(filled(".a{fill:rgb(calc(250 + 5), calc(0%), 0)}"), Red);
     EXPECT_EQ(linesOf("<path d='M0 0H5' opacity='calc(1 / 4)' style='transform:translate(calc(2px * 2), 0)'/>"),
               (Lines{"fill #000000*0.25 M4,0 L9,0"}));
     EXPECT_EQ(linesOf("<path d='M0 0H5' style='transform:rotate(calc(1turn / 4))'/>"),

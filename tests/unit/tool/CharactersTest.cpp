@@ -1,4 +1,5 @@
 #include "page/characters.h"
+#include "values/utf8.h"
 
 #include <gtest/gtest.h>
 

@@ -58,7 +58,7 @@ std::string jpegOf(const Kind& kind, std::vector<JSAMPLE> color)
 ImageHeader headerOf(std::string_view file)
 {
     MemorySource source(file);
-    return openImage(source, file)->header();
+    return (*openImage(source, file))->header();
 }
 
 void expectColor(const std::string& file, Rgb expected)

@@ -1,4 +1,4 @@
-#include "layout.h"
+#include "command/layout.h"
 
 #include <gtest/gtest.h>
 

@@ -29,7 +29,7 @@ public:
     }
     static bool isClearAt(std::uint32_t x, std::uint32_t) { return x < 3; }
 
-    void readRow(std::uint8_t* row) override
+    void decodeRow(std::uint8_t* row) override
     {
         std::fill_n(row, rowBytesOf(_header), std::uint8_t{0});
         for (std::uint32_t x = 0; x < _header.width; ++x) {
@@ -68,11 +68,11 @@ void expectPixels(MadeUp picture, Expected expected)
     tools.palette->setForeground(tools.colors.get(Paper));
     port.fillRectangle(tools.palette.get(), {0, 0, header.width, header.height});
     std::uint32_t last = 0;
-    drawPicture(port, picture, Paper, tools, [&](std::uint32_t rows) {
+    EXPECT_TRUE(drawPicture(port, picture, Paper, tools, [&](std::uint32_t rows) {
         EXPECT_GT(rows, last);
         last = rows;
         return true;
-    });
+    }));
     EXPECT_EQ(last, header.height);
     std::size_t wrong = 0;
     for (std::uint32_t y = 0; y < header.height; ++y) {
@@ -114,6 +114,6 @@ TEST(PictureStrips, StopWhenTold)
     QsdBitmap port(&display, 10, 10, 24);
     MadeUp picture(1000, 100'000, PixelKind::Color, false);
     int calls = 0;
-    drawPicture(port, picture, Paper, tools, [&](std::uint32_t) { return ++calls < 2; });
+    EXPECT_TRUE(drawPicture(port, picture, Paper, tools, [&](std::uint32_t) { return ++calls < 2; }));
     EXPECT_EQ(calls, 2);
 }

@@ -13,33 +13,40 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 
 /// All rows of a file, as the reader hands them out.
-Bytes rowsOf(std::string_view file)
+Result<Bytes> readRows(std::string_view file)
 {
     MemorySource source(file);
     const auto reader = openImage(source, file);
-    const std::size_t rowBytes = rowBytesOf(reader->header());
-    Bytes rows(rowBytes * reader->header().height);
-    for (std::uint32_t y = 0; y < reader->header().height; ++y) {
-        reader->readRow(&rows[rowBytes * y]);
+    if (!reader) {
+        return reader.error();
+    }
+    const ImageHeader& header = (*reader)->header();
+    const std::size_t rowBytes = rowBytesOf(header);
+    Bytes rows(rowBytes * header.height);
+    for (std::uint32_t y = 0; y < header.height; ++y) {
+        if (const Status read = (*reader)->readRow(&rows[rowBytes * y]); !read) {
+            return read.error();
+        }
     }
     return rows;
+}
+
+Bytes rowsOf(std::string_view file)
+{
+    return *readRows(file);
 }
 
 /// Why a file is refused; empty when it is not.
 std::string refusal(std::string_view file)
 {
-    try {
-        static_cast<void>(rowsOf(file));
-        return {};
-    } catch (const ImageError& error) {
-        return error.what();
-    }
+    const Result<Bytes> rows = readRows(file);
+    return rows ? std::string() : rows.error().message();
 }
 
 ImageHeader headerOf(std::string_view file)
 {
     MemorySource source(file);
-    return openImage(source, file)->header();
+    return (*openImage(source, file))->header();
 }
 
 } // namespace

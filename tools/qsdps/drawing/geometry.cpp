@@ -21,8 +21,9 @@ bool Matrix::isUniform() const
 Matrix Matrix::inverse() const
 {
     const double det = determinant();
-    if (det == 0 || !std::isfinite(det))
+    if (det == 0 || !std::isfinite(det)) {
         return {};
+    }
     return {d / det, -b / det, -c / det, a / det, (c * f - d * e) / det, (b * e - a * f) / det};
 }
 
@@ -66,8 +67,9 @@ void Path::append(const Path& other)
 
 Box Path::controlBox() const
 {
-    if (_points.empty())
+    if (_points.empty()) {
         return {};
+    }
     Point low = _points.front();
     Point high = low;
     for (const Point& p : _points) {
@@ -80,8 +82,9 @@ Box Path::controlBox() const
 Path Path::transformed(const Matrix& m) const
 {
     Path result = *this;
-    for (Point& p : result._points)
+    for (Point& p : result._points) {
         p = m.map(p);
+    }
     return result;
 }
 

@@ -12,6 +12,13 @@ struct Point {
     bool operator==(const Point&) const = default;
 };
 
+/// A coordinate of a cubic curve by those of its four points, `t` from 0 to 1.
+[[nodiscard]] inline double cubicAt(double p0, double p1, double p2, double p3, double t)
+{
+    const double s = 1 - t;
+    return s * s * s * p0 + 3 * s * s * t * p1 + 3 * s * t * t * p2 + t * t * t * p3;
+}
+
 struct Box {
     double x = 0;
     double y = 0;

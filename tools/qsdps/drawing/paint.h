@@ -2,8 +2,8 @@
 #pragma once
 
 #include "drawing/geometry.h"
+#include "values/rgb.h"
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <variant>
@@ -12,13 +12,6 @@
 namespace qsdps {
 
 class Canvas;
-
-struct Rgb {
-    std::uint8_t r = 0;
-    std::uint8_t g = 0;
-    std::uint8_t b = 0;
-    bool operator==(const Rgb&) const = default;
-};
 
 enum class FillRule : unsigned char { NonZero, EvenOdd };
 

@@ -1,5 +1,7 @@
 #include "drawing/report.h"
 
+#include "values/utf8.h"
+
 #include <algorithm>
 #include <iterator>
 #include <ostream>
@@ -8,7 +10,7 @@ namespace qsdps {
 namespace {
 
 /// Different faults kept apart; a hostile file must not make the report grow without end.
-constexpr std::size_t kMaxFaults = 200;
+constexpr std::size_t MaxFaults = 200;
 
 /// What a message says of a kind, behind the count.
 struct Wording {
@@ -17,7 +19,7 @@ struct Wording {
     std::string_view several;
 };
 
-constexpr Wording kNotDrawn[] = {
+constexpr Wording NotDrawn[] = {
     {"character that the document's encoding lacks", "character shown as ?: the document's encoding lacks it",
      "characters shown as ?: the document's encoding lacks them"},
     {"character that no installed font has", "character shown as a box: no installed font has it",
@@ -38,7 +40,7 @@ constexpr Wording kNotDrawn[] = {
      "clip paths inside others ignored: there are too many"},
 };
 
-constexpr Wording kApproximated[] = {
+constexpr Wording Approximated[] = {
     {"font", "text shown in another font: no printer and no installed font has its letters",
      "texts shown in another font: no printer and no installed font has their letters"},
     {"stroked text", "stroked text drawn with copies of its letters",
@@ -68,11 +70,12 @@ constexpr Wording kApproximated[] = {
 /// The beginning of a text of the drawing, with blanks for its controls.
 std::string shortened(std::string_view text)
 {
-    constexpr std::size_t kLongest = 40;
-    std::size_t length = std::min(text.size(), kLongest);
+    constexpr std::size_t Longest = 40;
+    std::size_t length = std::min(text.size(), Longest);
     // Not within a character of several bytes.
-    while (length < text.size() && length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
+    while (length < text.size() && length > 0 && continuesCharacter(text[length])) {
         --length;
+    }
     std::string shown(text.substr(0, length));
     std::replace_if(
         shown.begin(), shown.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
@@ -82,8 +85,9 @@ std::string shortened(std::string_view text)
 void printPlace(std::ostream& out, std::string_view inputName, int line)
 {
     out << inputName << ':';
-    if (line > 0)
+    if (line > 0) {
         out << line << ':';
+    }
     out << ' ';
 }
 
@@ -94,15 +98,17 @@ void Report::count(Kinds& kinds, std::string_view kind, int line, std::string_vi
     const auto known = kinds.find(kind);
     Told& told = known != kinds.end() ? known->second : kinds.emplace(kind, Told{}).first->second;
     told.line = told.line > 0 ? told.line : line;
-    if (told.count == 0)
+    if (told.count == 0) {
         told.name = shortened(name);
+    }
     ++told.count;
 }
 
 void Report::badInput(std::string_view what, int line)
 {
-    if (_badInput.size() < kMaxFaults || _badInput.contains(what))
+    if (_badInput.size() < MaxFaults || _badInput.contains(what)) {
         count(_badInput, what, line);
+    }
 }
 
 void Report::print(std::ostream& out, std::string_view inputName) const
@@ -110,8 +116,9 @@ void Report::print(std::ostream& out, std::string_view inputName) const
     for (const auto& [what, told] : _badInput) {
         printPlace(out, inputName, told.line);
         out << what;
-        if (told.count > 1)
+        if (told.count > 1) {
             out << " (" << told.count << " times)";
+        }
         out << '\n';
     }
     const auto printKinds = [&](const Kinds& kinds, const auto& wordings, std::string_view outcome) {
@@ -120,17 +127,19 @@ void Report::print(std::ostream& out, std::string_view inputName) const
             out << told.count << ' ';
             const auto wording = std::find_if(std::begin(wordings), std::end(wordings),
                                               [&name = kind](const Wording& known) { return known.kind == name; });
-            if (wording == std::end(wordings))
+            if (wording == std::end(wordings)) {
                 out << "x " << kind << ' ' << outcome;
-            else
+            } else {
                 out << (told.count == 1 ? wording->one : wording->several);
-            if (!told.name.empty())
+            }
+            if (!told.name.empty()) {
                 out << (told.count == 1 ? " (" : " (the first is ") << told.name << ')';
+            }
             out << '\n';
         }
     };
-    printKinds(_notDrawn, kNotDrawn, "left out");
-    printKinds(_approximated, kApproximated, "drawn only nearly as asked");
+    printKinds(_notDrawn, NotDrawn, "left out");
+    printKinds(_approximated, Approximated, "drawn only nearly as asked");
 }
 
 std::string badValue(std::string_view value, std::string_view name)

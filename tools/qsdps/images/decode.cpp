@@ -1,5 +1,5 @@
+#include "images/decoders.h"
 #include "images/pixels.h"
-#include "images/reader.h"
 
 #include <string>
 
@@ -73,46 +73,60 @@ bool isImage(std::string_view start)
     return kindOf(start) != FileKind::Other;
 }
 
-std::unique_ptr<ImageReader> openImage(ByteSource& source, std::string_view start)
+Status ImageReader::readRow(std::uint8_t* row)
 {
-    switch (kindOf(start)) {
-    case FileKind::Png:
-        return openPng(source);
-    case FileKind::Jpeg:
-        return openJpeg(source);
-    case FileKind::Pnm:
-        return openPnm(source);
-    case FileKind::Other:
-        break;
+    try {
+        decodeRow(row);
+        return {};
+    } catch (const ImageError& problem) {
+        return Error{problem.what()};
     }
-    throw ImageError("not a PNG, JPEG or PNM file");
+}
+
+Result<std::unique_ptr<ImageReader>> openImage(ByteSource& source, std::string_view start)
+{
+    try {
+        switch (kindOf(start)) {
+        case FileKind::Png:
+            return openPng(source);
+        case FileKind::Jpeg:
+            return openJpeg(source);
+        case FileKind::Pnm:
+            return openPnm(source);
+        case FileKind::Other:
+            break;
+        }
+        return Error{"not a PNG, JPEG or PNM file"};
+    } catch (const ImageError& problem) {
+        return Error{problem.what()};
+    }
 }
 
 std::optional<Pixels> decodeImage(std::string_view file)
 {
-    try {
-        MemorySource source(file);
-        const std::unique_ptr<ImageReader> reader = openImage(source, file);
-        const ImageHeader& header = reader->header();
-        if (std::uint64_t{header.width} * header.height > MostPixelsInMemory) {
-            return std::nullopt;
-        }
-        Pixels pixels{header.width, header.height, {}};
-        pixels.rgba.resize(std::size_t{4} * header.width * header.height);
-        std::vector<std::uint8_t> bits(header.kind == PixelKind::Bits ? rowBytesOf(header) : 0);
-        for (std::uint32_t y = 0; y < header.height; ++y) {
-            std::uint8_t* const row = &pixels.rgba[std::size_t{4} * header.width * y];
-            if (header.kind == PixelKind::Bits) {
-                reader->readRow(bits.data());
-                spreadBits(bits.data(), header, row);
-            } else {
-                reader->readRow(row);
-            }
-        }
-        return pixels;
-    } catch (const ImageError&) {
+    MemorySource source(file);
+    const auto opened = openImage(source, file);
+    if (!opened) {
         return std::nullopt;
     }
+    ImageReader& reader = **opened;
+    const ImageHeader& header = reader.header();
+    if (std::uint64_t{header.width} * header.height > MostPixelsInMemory) {
+        return std::nullopt;
+    }
+    Pixels pixels{header.width, header.height, {}};
+    pixels.rgba.resize(std::size_t{4} * header.width * header.height);
+    std::vector<std::uint8_t> bits(header.kind == PixelKind::Bits ? rowBytesOf(header) : 0);
+    for (std::uint32_t y = 0; y < header.height; ++y) {
+        std::uint8_t* const row = &pixels.rgba[std::size_t{4} * header.width * y];
+        if (!reader.readRow(bits.empty() ? row : bits.data())) {
+            return std::nullopt;
+        }
+        if (!bits.empty()) {
+            spreadBits(bits.data(), header, row);
+        }
+    }
+    return pixels;
 }
 
 } // namespace qsdps

@@ -1,5 +1,5 @@
+#include "images/decoders.h"
 #include "images/exif.h"
-#include "images/reader.h"
 
 #include <array>
 #include <csetjmp>
@@ -72,7 +72,7 @@ public:
     }
     ~JpegReader() override { jpeg_destroy_decompress(&_info); }
 
-    void readRow(std::uint8_t* row) override
+    void decodeRow(std::uint8_t* row) override
     {
         if (_info.output_scanline == 0) {
             guarded([&] { jpeg_start_decompress(&_info); });

@@ -1,4 +1,4 @@
-#include "images/reader.h"
+#include "images/decoders.h"
 
 #include <algorithm>
 #include <png.h>
@@ -35,7 +35,7 @@ public:
     }
     ~PngReader() override { png_destroy_read_struct(&_png, &_info, nullptr); }
 
-    void readRow(std::uint8_t* row) override
+    void decodeRow(std::uint8_t* row) override
     {
         if (_passes > 1) {
             if (_whole.empty()) {

@@ -1,6 +1,6 @@
 // The portable bitmaps, greymaps, pixmaps and arbitrary maps, plain and raw. Of a file of several pictures the first is
 // read.
-#include "images/reader.h"
+#include "images/decoders.h"
 
 #include <array>
 #include <string>
@@ -139,7 +139,7 @@ public:
         }
     }
 
-    void readRow(std::uint8_t* row) override
+    void decodeRow(std::uint8_t* row) override
     {
         if (_header.kind == PixelKind::Bits) {
             _isPlain ? readPlainBits(row) : _bytes.read(row, rowBytesOf(_header));

@@ -3,20 +3,14 @@
 
 #include "drawing/paint.h"
 #include "images/byte_source.h"
+#include "values/result.h"
 
 #include <cstdint>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace qsdps {
-
-/// A picture that cannot be read; what() tells why.
-class ImageError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 /// What a picture is made of, and so what its rows look like.
 enum class PixelKind : unsigned char {
@@ -63,11 +57,14 @@ public:
 
     [[nodiscard]] const ImageHeader& header() const { return _header; }
     /// Decodes the next row, from the top, into `row`, which has room for rowBytesOf(header()). May be called as often
-    /// as the picture has rows; the last one also checks that the file is complete. Throws ImageError.
-    virtual void readRow(std::uint8_t* row) = 0;
+    /// as the picture has rows; the last one also checks that the file is complete.
+    [[nodiscard]] Status readRow(std::uint8_t* row);
 
 protected:
     ImageReader() = default;
+
+    /// Does what readRow promises. Throws ImageError.
+    virtual void decodeRow(std::uint8_t* row) = 0;
 
     /// Throws ImageError unless the size lies within the limits.
     void checkSize() const;
@@ -81,12 +78,6 @@ protected:
 [[nodiscard]] bool isImage(std::string_view start);
 
 /// Reads the header of the picture that comes out of `source`, which must outlive the reader; `start` is how it begins.
-/// Throws ImageError.
-[[nodiscard]] std::unique_ptr<ImageReader> openImage(ByteSource& source, std::string_view start);
-
-/// The readers of each kind of file; `source` and errors as above.
-[[nodiscard]] std::unique_ptr<ImageReader> openPng(ByteSource& source);
-[[nodiscard]] std::unique_ptr<ImageReader> openJpeg(ByteSource& source);
-[[nodiscard]] std::unique_ptr<ImageReader> openPnm(ByteSource& source);
+[[nodiscard]] Result<std::unique_ptr<ImageReader>> openImage(ByteSource& source, std::string_view start);
 
 } // namespace qsdps

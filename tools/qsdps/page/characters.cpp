@@ -1,7 +1,5 @@
 #include "page/characters.h"
 
-#include "toolkit/base/QsdUtf8.h"
-
 #include <algorithm>
 #include <iterator>
 
@@ -22,15 +20,6 @@ bool isIn(const Range (&ranges)[Count], char32_t c)
 }
 
 } // namespace
-
-char32_t takeCharacter(std::string_view& text, std::string_view& bytes)
-{
-    std::size_t length = 0;
-    const char32_t character = QsdNextUtf8(text, length);
-    bytes = text.substr(0, length);
-    text.remove_prefix(length);
-    return character;
-}
 
 bool isInvisibleCharacter(char32_t c)
 {

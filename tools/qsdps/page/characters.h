@@ -1,13 +1,8 @@
-// Characters of UTF-8 texts.
+// Kinds of characters.
 #pragma once
-
-#include <string_view>
 
 namespace qsdps {
 
-/// Takes the first character off `text`, which is not empty, and gives its bytes; bytes that are no UTF-8 count one by
-/// one as the replacement character.
-[[nodiscard]] char32_t takeCharacter(std::string_view& text, std::string_view& bytes);
 /// Whether a character, a control or a mark of direction say, leaves nothing on paper and takes no room.
 [[nodiscard]] bool isInvisibleCharacter(char32_t c);
 /// Whether a character is read from right to left.

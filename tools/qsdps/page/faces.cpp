@@ -1,7 +1,7 @@
 #include "page/faces.h"
 
-#include "lower_case.h"
 #include "page/wide_advances.h"
+#include "values/lower_case.h"
 
 #include <algorithm>
 #include <iterator>

@@ -23,13 +23,7 @@ void addCurve(std::vector<Point>& points, Point c1, Point c2, Point end, double 
     const int steps = static_cast<int>(std::clamp(wanted, 1.0, MostSteps));
     for (int i = 1; i < steps; ++i) {
         const double t = static_cast<double>(i) / steps;
-        const double u = 1 - t;
-        const double b0 = u * u * u;
-        const double b1 = 3 * u * u * t;
-        const double b2 = 3 * u * t * t;
-        const double b3 = t * t * t;
-        points.push_back(
-            {b0 * begin.x + b1 * c1.x + b2 * c2.x + b3 * end.x, b0 * begin.y + b1 * c1.y + b2 * c2.y + b3 * end.y});
+        points.push_back({cubicAt(begin.x, c1.x, c2.x, end.x, t), cubicAt(begin.y, c1.y, c2.y, end.y, t)});
     }
     points.push_back(end);
 }

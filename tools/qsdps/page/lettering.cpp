@@ -3,6 +3,7 @@
 #include "page/characters.h"
 #include "page/path_walk.h"
 #include "toolkit/graphics/QsdBidiString.h"
+#include "values/utf8.h"
 
 #include <algorithm>
 #include <string>

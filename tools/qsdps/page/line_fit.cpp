@@ -49,7 +49,7 @@ bool cornerFits(Point in, Point out, const StrokeStyle& style)
     // A mitre is as long as one over the sine of half the angle between the sides.
     const double sine = std::sqrt(std::max(0.0, (1 + cosine) / 2));
     const bool mitredHere = sine * style.miterLimit >= 1;
-    const bool mitredThere = sine * portMiterLimit >= 1;
+    const bool mitredThere = sine * PortMiterLimit >= 1;
     return mitredHere == mitredThere;
 }
 

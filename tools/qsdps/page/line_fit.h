@@ -8,7 +8,7 @@
 namespace qsdps {
 
 /// How many widths a mitred corner of a port's line may be long before it is cut off.
-inline constexpr double portMiterLimit = 10;
+inline constexpr double PortMiterLimit = 10;
 
 /// Whether a port's lines, which have butt ends and mitred corners, draw a stroke of these chains right.
 [[nodiscard]] bool fitsLines(const std::vector<Chain>& chains, const StrokeStyle& style);

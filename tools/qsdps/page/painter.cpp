@@ -360,7 +360,7 @@ bool Painter::strokeAsLines(std::size_t groundEnd, const std::vector<Chain>& cha
     }
     const Rings lines = linesOf(chains, width);
     QsdRect bounds = boundsOf(lines);
-    const auto margin = static_cast<std::int32_t>(std::ceil(width * portMiterLimit / 2));
+    const auto margin = static_cast<std::int32_t>(std::ceil(width * PortMiterLimit / 2));
     bounds = {bounds.x - margin, bounds.y - margin, bounds.width + 2 * static_cast<std::uint32_t>(margin),
               bounds.height + 2 * static_cast<std::uint32_t>(margin)};
     if (!_groups.isOpaque(ink) && !_ground.isBare(bounds, _groups.endFor(ink, groundEnd))) {

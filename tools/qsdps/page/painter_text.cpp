@@ -1,8 +1,9 @@
 // The texts of a page: strings or outlines.
+#include "drawing/bounds_canvas.h"
 #include "page/lettering.h"
 #include "page/painter.h"
 #include "page/text_painter.h"
-#include "svg/bounds_canvas.h"
+#include "values/utf8.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +17,7 @@ namespace {
 /// A box that surely holds a text, whose true extent is the interpreter's affair.
 Box roomyBox(const TextChunk& chunk)
 {
-    const Box estimate = svg::estimateText(chunk);
+    const Box estimate = estimateText(chunk);
     const Box box = chunk.along ? chunk.along->controlBox() : estimate;
     double margin = estimate.width / 2 + estimate.height;
     for (const TextSpan& span : chunk.spans) {
@@ -29,9 +30,7 @@ std::size_t lettersIn(const TextChunk& chunk)
 {
     std::size_t count = 0;
     for (const TextSpan& span : chunk.spans) {
-        // All bytes of a character but the first are of one kind.
-        count += static_cast<std::size_t>(
-            std::count_if(span.text.begin(), span.text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+        count += countCharacters(span.text);
     }
     return count;
 }

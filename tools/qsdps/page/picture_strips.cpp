@@ -123,8 +123,8 @@ private:
 
 } // namespace
 
-void drawPicture(const QsdPort& port, ImageReader& reader, Rgb paper, PaintTools& tools,
-                 const std::function<bool(std::uint32_t)>& goesOn)
+Status drawPicture(const QsdPort& port, ImageReader& reader, Rgb paper, PaintTools& tools,
+                   const std::function<bool(std::uint32_t)>& goesOn)
 {
     const ImageHeader& header = reader.header();
     StripPainter painter(port, header, paper, tools);
@@ -134,13 +134,16 @@ void drawPicture(const QsdPort& port, ImageReader& reader, Rgb paper, PaintTools
     for (std::uint32_t top = 0; top < header.height; top += strip.height) {
         strip.height = std::min(rows, header.height - top);
         for (std::uint32_t y = 0; y < strip.height; ++y) {
-            reader.readRow(&strip.bytes[strip.rowBytes * y]);
+            if (Status read = reader.readRow(&strip.bytes[strip.rowBytes * y]); !read) {
+                return read;
+            }
         }
         painter.draw(strip, top);
         if (!goesOn(top + strip.height)) {
-            return;
+            break;
         }
     }
+    return {};
 }
 
 } // namespace qsdps

@@ -1,10 +1,8 @@
 #include "page/text_encoding.h"
 
 #include "page/characters.h"
+#include "values/utf8.h"
 
-#include <array>
-#include <cstdint>
-#include <iconv.h>
 #include <optional>
 
 namespace qsdps {
@@ -39,51 +37,22 @@ std::optional<std::string> latinOf(char32_t c)
     return std::nullopt;
 }
 
+/// A character in another character set; nothing where that, or the C library, lacks it.
+std::optional<std::string> converted(const Iconv& iconv, std::string_view character)
+{
+    std::string out;
+    const bool isWhole = iconv.isOpen() && iconv.convert(character, out) == character.size();
+    return isWhole ? std::optional(out) : std::nullopt;
+}
+
 } // namespace
-
-/// The C library's converter into one encoding.
-class TextEncoder::Converter {
-public:
-    explicit Converter(const char* name) : _descriptor(iconv_open(name, "UTF-8")) {}
-    ~Converter()
-    {
-        if (isOpen()) {
-            iconv_close(_descriptor);
-        }
-    }
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
-
-    [[nodiscard]] std::optional<std::string> convert(std::string_view character) const
-    {
-        if (!isOpen()) {
-            return std::nullopt;
-        }
-        std::string in(character);
-        std::array<char, 8> out{};
-        char* from = in.data();
-        char* to = out.data();
-        std::size_t fromLeft = in.size();
-        std::size_t toLeft = out.size();
-        iconv(_descriptor, nullptr, nullptr, nullptr, nullptr);
-        if (iconv(_descriptor, &from, &fromLeft, &to, &toLeft) != 0) {
-            return std::nullopt;
-        }
-        return std::string(out.data(), out.size() - toLeft);
-    }
-
-private:
-    [[nodiscard]] bool isOpen() const { return _descriptor != reinterpret_cast<iconv_t>(-1); }
-
-    iconv_t _descriptor;
-};
 
 TextEncoder::TextEncoder(QsEncoding encoding)
 {
     if (encoding == QsEncodingEUCJP) {
-        _converter = std::make_unique<Converter>("EUC-JP");
+        _converter = std::make_unique<Iconv>("UTF-8", "EUC-JP");
     } else if (encoding == QsEncodingShiftJIS) {
-        _converter = std::make_unique<Converter>("SHIFT_JIS");
+        _converter = std::make_unique<Iconv>("UTF-8", "SHIFT_JIS");
     }
 }
 
@@ -98,7 +67,7 @@ std::vector<std::string> TextEncoder::encode(std::string_view utf8, unsigned lon
         if (isInvisibleCharacter(character)) {
             continue;
         }
-        std::optional<std::string> encoded = _converter ? _converter->convert(bytes) : latinOf(character);
+        std::optional<std::string> encoded = _converter ? converted(*_converter, bytes) : latinOf(character);
         if (!encoded) {
             ++missing;
             encoded = "?";

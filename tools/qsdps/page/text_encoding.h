@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/base/QsEncoding.h"
+#include "values/iconv.h"
 
 #include <memory>
 #include <string>
@@ -23,9 +24,7 @@ public:
     [[nodiscard]] std::vector<std::string> encode(std::string_view utf8, unsigned long& missing) const;
 
 private:
-    class Converter;
-
-    std::unique_ptr<Converter> _converter; ///< null for Latin-1
+    std::unique_ptr<Iconv> _converter; ///< null for Latin-1
 };
 
 } // namespace qsdps

@@ -1,10 +1,10 @@
 #include "svg/reader.h"
 
-#include "svg/document.h"
-#include "svg/root_size.h"
-#include "svg/scanner.h"
-#include "svg/scene.h"
-#include "svg/walker.h"
+#include "svg/css/styled_document.h"
+#include "svg/walker/root_size.h"
+#include "svg/walker/scene.h"
+#include "svg/walker/walker.h"
+#include "values/scanner.h"
 
 namespace qsdps {
 
@@ -14,29 +14,31 @@ namespace {
 std::string collapsed(std::string_view text)
 {
     std::string result;
-    for (const char c : svg::trim(text)) {
-        const bool isSpace = svg::isSpace(c);
-        if (!isSpace || result.back() != ' ')
-            result += isSpace ? ' ' : c;
+    for (const char c : trim(text)) {
+        const bool blank = isSpace(c);
+        if (!blank || result.back() != ' ') {
+            result += blank ? ' ' : c;
+        }
     }
     return result;
 }
 
 } // namespace
 
-std::unique_ptr<SvgDrawing> SvgDrawing::load(std::string bytes, const SvgOptions& options, std::string& error)
+Result<std::unique_ptr<SvgDrawing>> SvgDrawing::load(std::string bytes, const SvgOptions& options)
 {
-    auto document = svg::Document::load(std::move(bytes), options.baseFolder, error);
-    if (!document)
-        return nullptr;
-    return std::unique_ptr<SvgDrawing>(new SvgDrawing(std::move(document), options));
+    auto document = svg::StyledDocument::load(std::move(bytes), options.baseFolder);
+    if (!document) {
+        return document.error();
+    }
+    return std::unique_ptr<SvgDrawing>(new SvgDrawing(*std::move(document), options));
 }
 
-SvgDrawing::SvgDrawing(std::unique_ptr<svg::Document> document, const SvgOptions& options)
+SvgDrawing::SvgDrawing(std::unique_ptr<svg::StyledDocument> document, const SvgOptions& options)
     : _document(std::move(document)), _options(options)
 {
     svg::Budget budget;
-    const svg::Size size = svg::rootSize(*_document, _options, budget);
+    const Size size = svg::rootSize(*_document, _options, budget);
     _width = size.width;
     _height = size.height;
 }
@@ -45,9 +47,11 @@ SvgDrawing::~SvgDrawing() = default;
 
 std::string SvgDrawing::title() const
 {
-    for (const pugi::xml_node& child : _document->root().children()) {
-        if (_document->tag(child) == svg::Tag::Title)
+    const svg::Document& elements = _document->elements();
+    for (const pugi::xml_node& child : elements.root().children()) {
+        if (elements.tag(child) == svg::Tag::Title) {
             return collapsed(svg::textOf(child));
+        }
     }
     return {};
 }

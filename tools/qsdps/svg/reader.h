@@ -2,35 +2,25 @@
 #pragma once
 
 #include "drawing/canvas.h"
-#include "drawing/geometry.h"
 #include "drawing/report.h"
+#include "svg/walker/svg_options.h"
+#include "values/result.h"
 
-#include <filesystem>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace qsdps {
 
 namespace svg {
-class Document;
+class StyledDocument;
 }
-
-struct SvgOptions {
-    std::string fileName;                        ///< for messages
-    std::filesystem::path baseFolder;            ///< images and style sheets are read inside it only; empty: none
-    double dpi = 96;                             ///< CSS pixels in an inch of the drawing, above 0
-    Box fallbackViewport{0, 0, 300, 150};        ///< what percentages are of, where the drawing has no size at all
-    std::vector<std::string> languages = {"en"}; ///< that the user reads, most wanted first
-};
 
 /// One drawing in memory. Drawing it reads the parsed file and leaves nothing behind, so memory stays bounded by the
 /// file.
 class SvgDrawing {
 public:
-    /// Parses an SVG file, gzipped or not. Null with a reason in `error` ("line N: ..." where known).
-    [[nodiscard]] static std::unique_ptr<SvgDrawing> load(std::string bytes, const SvgOptions& options,
-                                                          std::string& error);
+    /// Parses an SVG file, gzipped or not.
+    [[nodiscard]] static Result<std::unique_ptr<SvgDrawing>> load(std::string bytes, const SvgOptions& options);
     ~SvgDrawing();
     SvgDrawing(const SvgDrawing&) = delete;
     SvgDrawing& operator=(const SvgDrawing&) = delete;
@@ -44,9 +34,9 @@ public:
     void draw(Canvas& canvas, Report& report) const;
 
 private:
-    SvgDrawing(std::unique_ptr<svg::Document> document, const SvgOptions& options);
+    SvgDrawing(std::unique_ptr<svg::StyledDocument> document, const SvgOptions& options);
 
-    std::unique_ptr<svg::Document> _document;
+    std::unique_ptr<svg::StyledDocument> _document;
     SvgOptions _options;
     double _width = 0;
     double _height = 0;

@@ -1,5 +1,5 @@
 // qsdps-window: a window of the X screen as a picture file, for qsdps.
-#include "standard_files.h"
+#include "command/standard_files.h"
 #include "toolkit/base/QsdVersion.h"
 #include "window/picture_file.h"
 #include "window/window_pixels.h"
