@@ -47,13 +47,13 @@ rm link.ps hard.ps grows.svg
 
 # qsdps -o *.svg takes the first drawing for the output.
 cp a.svg b.svg
-refused 2 'a.svg: not written: .svg is no ending' -o a.svg b.svg
-refused 2 'A.SVGZ: not written: .SVGZ is no ending' b.svg -o A.SVGZ
+refused 2 'a.svg: not written: .svg is the ending of another kind of file' -o a.svg b.svg
+refused 2 'A.SVGZ: not written: .SVGZ is the ending' b.svg -o A.SVGZ
 for ending in png jpg pdf pnm html gz; do
     refused 2 "x.$ending: not written" a.svg -o "x.$ending"
 done
 ln -s target.png link.ps
-refused 2 '.png is no ending' a.svg -o link.ps
+refused 2 '.png is the ending of another' a.svg -o link.ps
 rm link.ps
 expect_status 0 "$tool" a.svg -f ps -o chart.svg
 grep -q '^%!PS' chart.svg || fail "-f ps writes any name"
