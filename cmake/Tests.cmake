@@ -10,20 +10,16 @@ if(NOT EXISTS ${DRAVONSET_TEST_LOCALES}/de_DE.UTF-8)
         OUTPUT_QUIET ERROR_QUIET)
 endif()
 
-# dravonset_test(NAME [WHOLE] [LONG PATTERN] SOURCES file... LINK target...): a GoogleTest program whose tests ctest knows one by one, each
-# in a process of its own, so that what a process has once (registry, locale, font scales) starts fresh for every test.
-# With WHOLE they also run one after the other in one process; ProcessState.cpp is to be among the sources then. Those whose
-# names are like PATTERN take seconds.
+# dravonset_test(NAME [WHOLE] [LONG PATTERN] SOURCES file... LINK target...): a GoogleTest program whose tests ctest knows
+# one by one, each in a process of its own, so that what a process has once (registry, locale, font scales) starts fresh
+# for every test. With WHOLE they also run one after the other in one process; ProcessState.cpp is to be among the sources
+# then. Those whose names are like PATTERN take seconds.
 function(dravonset_test name)
     cmake_parse_arguments(PARSE_ARGV 1 test "WHOLE" "LONG" "SOURCES;LINK")
     add_executable(${name} ${test_SOURCES})
     dravonset_target_defaults(${name})
     # Tests themselves need not be fast, and compile in a third of the time.
     target_compile_options(${name} PRIVATE -O0)
-    if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
-        # Caches of compilers do without precompiled headers, and faster.
-        target_precompile_headers(${name} PRIVATE <gtest/gtest.h>)
-    endif()
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE ${test_LINK} GTest::gtest_main)
     set(properties
