@@ -57,10 +57,13 @@ std::string_view showProcedure(const QsdFont& font)
 }
 
 /// The characters of a wide text in the C library's encoding, as many as fit into as many bytes as `length` and one
-/// more characters can take, whatever the length of the text; empty when one of them cannot be converted. As wcstombs,
-/// but the memory follows the text and not the length.
+/// more characters can take, whatever the length of the text; empty when one of them cannot be converted, and for no
+/// text. As wcstombs, but the memory follows the text and not the length.
 std::string multiByteText(const wchar_t* text, int length)
 {
+    if (length <= 0 || text == nullptr) {
+        return std::string();
+    }
     const std::size_t limit = (static_cast<std::size_t>(length) + 1) * static_cast<std::size_t>(_QsdGetMaxCharSize());
     std::string bytes;
     std::mbstate_t state{};
@@ -171,9 +174,6 @@ void QsdPSDevice::drawTransformedString(const QsdPalette* palette, const char* t
 void QsdPSDevice::drawWChar(const QsdPalette* palette, const QsdPoint& at, const wchar_t* text, int length,
                             QsdPosition position) const
 {
-    if (length <= 0 || text == nullptr) {
-        return;
-    }
     const std::string bytes = multiByteText(text, length);
     if (!bytes.empty()) {
         checkClip(palette->clipRegion());
@@ -184,9 +184,6 @@ void QsdPSDevice::drawWChar(const QsdPalette* palette, const QsdPoint& at, const
 void QsdPSDevice::drawIWChar(const QsdPalette* palette, const QsdPoint& at, const wchar_t* text, int length,
                              QsdPosition position) const
 {
-    if (length <= 0 || text == nullptr) {
-        return;
-    }
     const std::string bytes = multiByteText(text, length);
     if (!bytes.empty()) {
         checkClip(palette->clipRegion());

@@ -84,4 +84,25 @@ TEST(Spool, ForgetsWhenReset)
     EXPECT_EQ(out.str(), "text");
 }
 
+TEST(Spool, KnowsOfBytesAbove127)
+{
+    QsdPSSpool spool;
+    EXPECT_TRUE(spool.isSevenBits());
+    spool << "plain";
+    EXPECT_TRUE(spool.isSevenBits());
+    spool << "\xE9";
+    EXPECT_FALSE(spool.isSevenBits());
+    spool.truncate(5);
+    EXPECT_TRUE(spool.isSevenBits()) << "what was taken back does not count";
+    // Enough for the file, and more behind it.
+    const std::string block(200'000, 'x');
+    spool << block << "\x80" << block << "~";
+    EXPECT_FALSE(spool.isSevenBits());
+    spool.truncate(0);
+    EXPECT_TRUE(spool.isSevenBits());
+    spool << "\xFF";
+    spool.reset();
+    EXPECT_TRUE(spool.isSevenBits());
+}
+
 } // namespace
